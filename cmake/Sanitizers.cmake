@@ -1,0 +1,7 @@
+# LUMEO_SANITIZE is a semicolon list handed to -fsanitize, set by the presets asan and tsan.
+set(LUMEO_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address;undefined or thread")
+if(LUMEO_SANITIZE)
+    list(JOIN LUMEO_SANITIZE "," lumeo_sanitizers)
+    add_compile_options(-fsanitize=${lumeo_sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${lumeo_sanitizers})
+endif()

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "model/MediaItem.h"
+#include "platform/Clock.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lumeo {
+
+/// Whether file-system dates may serve as a last resort.
+struct DateResolverOptions {
+    bool allowFilesystemCreationDate = false;
+    bool allowFilesystemModificationDate = false;
+    friend bool operator==(const DateResolverOptions&, const DateResolverOptions&) = default;
+};
+
+/// The dates that a file offers; each absent when it offers none.
+struct CandidateDates {
+    std::optional<Instant> metadataCaptureDate;
+    std::optional<Instant> metadataCreateDate;
+    std::optional<Instant> videoCreationDate;
+    std::optional<Instant> tiffDateTime;
+    std::optional<Instant> filesystemCreationDate;
+    std::optional<Instant> filesystemModificationDate;
+};
+
+struct ResolvedDateResult {
+    std::optional<Instant> date;
+    DateSourceType source = DateSourceType::unknown; ///< `unknown` exactly when there is no date
+    DateConfidence confidence = DateConfidence::unknown;
+    std::optional<std::string> warning; ///< English; the date looks like a wrong camera clock
+    friend bool operator==(const ResolvedDateResult&, const ResolvedDateResult&) = default;
+};
+
+/// Chooses a media file's capture date among its candidates. Any thread may call.
+struct DateResolver {
+    /// `fileName` is the last path component with its extension; `clock` tells what lies in the future.
+    static ResolvedDateResult resolveDate(MediaType mediaType, std::string_view fileName,
+                                          const CandidateDates& candidates,
+                                          const DateResolverOptions& options, const Clock& clock);
+};
+
+} // namespace lumeo

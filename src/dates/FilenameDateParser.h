@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Instant.h"
+
+#include <optional>
+#include <string_view>
+
+namespace lumeo {
+
+/// Recovers a capture date from a file's name, as cameras, phones, screen captures and messaging apps
+/// write it. Any thread may call.
+struct FilenameDateParser {
+    /// The first plausible date in `fileName` (last path component, extension included), read in the
+    /// user's time zone; noon when the name tells the day alone. Bytes that are not UTF-8 match nothing.
+    static std::optional<Instant> parseDate(std::string_view fileName);
+};
+
+} // namespace lumeo

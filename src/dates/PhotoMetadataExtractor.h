@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/FilePath.h"
+#include "platform/Instant.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace lumeo {
+
+class FileSystem;
+struct PhotoProperties;
+
+/// What the program keeps of a photo's metadata.
+struct PhotoMetadataResult {
+    std::optional<Instant> dateTimeOriginal;
+    std::optional<Instant> dateTimeDigitized;
+    std::optional<Instant> tiffDateTime;
+    std::optional<std::string> cameraMake; ///< trimmed; may be present and empty
+    std::optional<std::string> cameraModel;
+    std::optional<std::string> lensModel;
+    std::optional<std::int64_t> pixelWidth;
+    std::optional<std::int64_t> pixelHeight;
+    bool hasGPS = false;                ///< a complete position was read
+    std::optional<double> gpsLatitude;  ///< degrees, south negative
+    std::optional<double> gpsLongitude; ///< degrees, west negative
+    friend bool operator==(const PhotoMetadataResult&, const PhotoMetadataResult&) = default;
+};
+
+/// Reads the facts of one image file that dating and cataloguing need. Any thread may call.
+struct PhotoMetadataExtractor {
+    /// Never fails: an unreadable file gives the empty result.
+    static PhotoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path);
+
+    /// The same from properties already read.
+    static PhotoMetadataResult fromProperties(const PhotoProperties& properties);
+};
+
+} // namespace lumeo

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/FilePath.h"
+#include "platform/Instant.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace lumeo {
+
+class FileSystem;
+struct MovieProperties;
+
+/// What the program keeps of a movie's metadata.
+struct VideoMetadataResult {
+    std::optional<Instant> creationDate;    ///< recording date
+    std::optional<double> durationSeconds;  ///< above 0 when present
+    std::optional<std::int64_t> pixelWidth; ///< as displayed, after rotation
+    std::optional<std::int64_t> pixelHeight;
+    friend bool operator==(const VideoMetadataResult&, const VideoMetadataResult&) = default;
+};
+
+/// Reads the recording date, duration and displayed size of one movie file. Any thread may call.
+struct VideoMetadataExtractor {
+    /// Never fails: an unreadable file gives the empty result.
+    static VideoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path);
+
+    /// The same from properties already read.
+    static VideoMetadataResult fromProperties(const MovieProperties& properties);
+};
+
+} // namespace lumeo

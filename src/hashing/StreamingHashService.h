@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/Result.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <variant>
+
+namespace lumeo {
+
+/// Asked between chunks; true stops the work. Called on the working thread.
+using CancellationCheck = std::function<bool()>;
+
+/// The work was stopped by its cancellation check.
+struct Cancelled {
+    friend bool operator==(Cancelled, Cancelled) = default;
+};
+
+/// Why a digest could not be had: the file's own error, or a cancellation.
+using HashError = std::variant<FileError, Cancelled>;
+
+/// SHA-256 of files of any size in constant memory. Any thread may call; any number of files may be
+/// hashed at once.
+struct StreamingHashService {
+    /// The number of bytes read at a time, for hashing and copying alike.
+    static constexpr std::size_t chunkSize = 1024 * 1024;
+
+    /// The digest as 64 lower-case hexadecimal digits. `cancelled` is asked before each chunk is used
+    /// and once more at the end.
+    static Result<std::string, HashError> computeSHA256(const FileSystem& fileSystem, const FilePath& path,
+                                                        std::size_t chunkSize,
+                                                        const CancellationCheck& cancelled);
+};
+
+} // namespace lumeo

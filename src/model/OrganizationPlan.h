@@ -1,0 +1,78 @@
+#pragma once
+
+#include "model/EnumText.h"
+#include "platform/FilePath.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lumeo {
+
+/// A ready-made folder structure, or `custom` for a template of the user's own.
+enum class OrganizationPreset { yearAndMonth, yearOnly, exactDate, custom };
+
+enum class OperationMode { copy, move };
+
+/// What becomes of the later members of a group of byte-identical files.
+enum class DuplicatePolicy { skipDuplicates, copyToDuplicatesFolder, keepAll };
+
+/// What becomes of files without a capture date.
+enum class UnknownDatePolicy { unknownFolder, useFilesystemDate };
+
+std::string_view title(OrganizationPreset preset);
+std::string_view subtitle(OrganizationPreset preset); ///< an example of the resulting path
+std::string_view defaultTemplate(OrganizationPreset preset);
+std::string_view displayName(OperationMode mode);
+std::string_view displayName(DuplicatePolicy policy);
+std::string_view displayName(UnknownDatePolicy policy);
+
+/// The user's choice of how the archive is to be built.
+struct OrganizationPlan {
+    OrganizationPreset preset = OrganizationPreset::yearAndMonth;
+    std::string customTemplate{defaultTemplate(OrganizationPreset::yearAndMonth)}; ///< read for `custom` only
+    std::optional<FilePath> destinationURL; ///< the archive's root folder
+    OperationMode operationMode = OperationMode::copy;
+    DuplicatePolicy duplicatePolicy = DuplicatePolicy::skipDuplicates;
+    UnknownDatePolicy unknownDatePolicy = UnknownDatePolicy::unknownFolder;
+    bool verifyTransfers = true; ///< the user's switch; every transfer is verified whatever it says
+
+    friend bool operator==(const OrganizationPlan&, const OrganizationPlan&) = default;
+};
+
+template<>
+struct EnumTexts<OrganizationPreset> {
+    static constexpr std::array texts{
+        std::pair{OrganizationPreset::yearAndMonth, std::string_view("yearAndMonth")},
+        std::pair{OrganizationPreset::yearOnly, std::string_view("yearOnly")},
+        std::pair{OrganizationPreset::exactDate, std::string_view("exactDate")},
+        std::pair{OrganizationPreset::custom, std::string_view("custom")},
+    };
+};
+
+template<>
+struct EnumTexts<OperationMode> {
+    static constexpr std::array texts{
+        std::pair{OperationMode::copy, std::string_view("copy")},
+        std::pair{OperationMode::move, std::string_view("move")},
+    };
+};
+
+template<>
+struct EnumTexts<DuplicatePolicy> {
+    static constexpr std::array texts{
+        std::pair{DuplicatePolicy::skipDuplicates, std::string_view("skipDuplicates")},
+        std::pair{DuplicatePolicy::copyToDuplicatesFolder, std::string_view("copyToDuplicatesFolder")},
+        std::pair{DuplicatePolicy::keepAll, std::string_view("keepAll")},
+    };
+};
+
+template<>
+struct EnumTexts<UnknownDatePolicy> {
+    static constexpr std::array texts{
+        std::pair{UnknownDatePolicy::unknownFolder, std::string_view("unknownFolder")},
+        std::pair{UnknownDatePolicy::useFilesystemDate, std::string_view("useFilesystemDate")},
+    };
+};
+
+} // namespace lumeo

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <cstdint>
+#include <optional>
+#include <stop_token>
+#include <string>
+
+namespace lumeo {
+
+/// Picks each item's destination so that no two of a plan share one and no existing file would be
+/// overwritten; only an existing file with the very same content may be an item's destination.
+///
+/// One resolver serves one planning pass, on one thread. It remembers what it gave out and what it
+/// learned of the disk, so that a pass over files that all share one name stays linear and no existing
+/// file is hashed twice.
+class CollisionResolver {
+public:
+    /// `fileSystem` must outlive the resolver.
+    explicit CollisionResolver(const FileSystem& fileSystem);
+    ~CollisionResolver();
+    CollisionResolver(const CollisionResolver&) = delete;
+    CollisionResolver& operator=(const CollisionResolver&) = delete;
+
+    /// `desired` itself when it is free, or holds a file whose digest is `sourceHash`; else the first
+    /// of name_2.ext, name_3.ext, … that is. `size` is the source's, in bytes: an existing file of
+    /// another size is not read. Without `sourceHash` no identity can be shown. An existing file that
+    /// cannot be read, or a requested `stop`, counts as different.
+    FilePath resolveUniqueDestination(const FilePath& desired, std::int64_t size,
+                                      const std::optional<std::string>& sourceHash,
+                                      const std::stop_token& stop = {});
+
+private:
+    const FileSystem& fileSystem_;
+};
+
+} // namespace lumeo

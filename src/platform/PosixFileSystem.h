@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+namespace lumeo {
+
+/// The real file system of this machine. Stateless: any number may exist.
+class PosixFileSystem final : public FileSystem {
+public:
+    FileResult<FileStatus> status(const FilePath& path) const override;
+    FileResult<FileStatus> targetStatus(const FilePath& path) const override;
+    FileResult<std::unique_ptr<DirectoryEnumerator>>
+    enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const override;
+    FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override;
+    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) override;
+    FileResult<std::vector<FilePath>> createFolders(const FilePath& folder) override;
+    FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath& to) override;
+    FileResult<void> renameReplacing(const FilePath& from, const FilePath& to) override;
+    FileResult<void> removeFile(const FilePath& path) override;
+    FileResult<void> flushFolder(const FilePath& folder) override;
+    FileResult<VolumeSpace> volumeSpace(const FilePath& path) const override;
+};
+
+} // namespace lumeo

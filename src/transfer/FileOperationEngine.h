@@ -1,0 +1,56 @@
+#pragma once
+
+#include "model/MediaItem.h"
+#include "model/OrganizationPlan.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "transfer/OperationManifest.h"
+#include "transfer/OperationProgress.h"
+#include "transfer/VerifiedTransfer.h"
+
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <stop_token>
+
+namespace lumeo {
+
+/// Carries out one organization run, one file after another.
+///
+/// execute() blocks the thread it is called on; pause(), resume() and cancel() may be called from any
+/// thread at any moment.
+class FileOperationEngine {
+public:
+    using ProgressCallback = std::function<void(const OperationProgress&)>;
+
+    /// Both must outlive the engine.
+    FileOperationEngine(FileSystem& fileSystem, const Clock& clock)
+        : fileSystem_(fileSystem), clock_(clock) {}
+
+    /// Transfers `items` to their planned destinations and gives the finished journal. Never fails: what
+    /// happens to a file stands in its record. `sourceRoots` are for the journal only. `onProgress` is
+    /// called on this thread. A cancel() from before the call has no effect; a stop requested of `stop`
+    /// has, whenever it came.
+    OperationManifest execute(std::span<const MediaItem> items, const OrganizationPlan& plan,
+                              std::span<const FilePath> sourceRoots, const ProgressCallback& onProgress,
+                              std::stop_token stop = {});
+
+    /// Takes effect after the file in transfer.
+    void pause();
+    void resume();
+    /// Stops the file in transfer at its next chunk; no further file is taken.
+    void cancel();
+
+private:
+    FileSystem& fileSystem_;
+    const Clock& clock_;
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    bool isPaused_ = false;                                          ///< guarded by mutex_
+    bool isCancelled_ = false;                                       ///< guarded by mutex_
+    std::shared_ptr<TransferCancellationToken> activeTransferToken_; ///< guarded by mutex_
+};
+
+} // namespace lumeo

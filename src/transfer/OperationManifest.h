@@ -1,0 +1,67 @@
+#pragma once
+
+#include "model/EnumText.h"
+#include "model/Json.h"
+#include "platform/FilePath.h"
+#include "platform/Instant.h"
+#include "platform/Uuid.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace lumeo {
+
+/// What became of one file. A run gives only `verified`, `skipped` and `failed`.
+enum class TransactionStatus : std::uint8_t { pending, inProgress, verified, skipped, failed, rolledBack };
+
+/// The journal record of one file.
+struct FileTransactionItem {
+    Uuid id;
+    FilePath originalPath;
+    FilePath destinationPath;              ///< empty when none was planned
+    std::int64_t size = 0;                 ///< bytes, as scanned
+    std::optional<std::string> sourceHash; ///< SHA-256, 64 lower-case hex digits
+    std::optional<std::string> destinationHash;
+    TransactionStatus status = TransactionStatus::pending;
+    std::optional<Instant> dateResolved;
+    std::optional<std::string> dateSource;         ///< explanation of the date's source, in English
+    std::optional<std::string> verificationResult; ///< for verified and skipped records
+    std::optional<std::string> errorMessage;       ///< for failed records
+    friend bool operator==(const FileTransactionItem&, const FileTransactionItem&) = default;
+};
+
+/// The journal of one run: what was taken from where, where it went, with which digests and outcome.
+struct OperationManifest {
+    Uuid id;
+    Instant timestamp{};       ///< when the run started
+    std::string operationType; ///< "copy" or "move"
+    std::vector<FilePath> sourceRoots;
+    FilePath destinationRoot;               ///< empty when the plan had none
+    std::vector<FileTransactionItem> items; ///< in the order of processing
+    std::int64_t totalTransferredBytes = 0; ///< sizes of the verified records
+    double durationSeconds = 0;
+    std::optional<bool> isCancelled; ///< absent until the run has ended
+    friend bool operator==(const OperationManifest&, const OperationManifest&) = default;
+};
+
+/// The journal as a keyed object. Paths are written as text; one that is not UTF-8 is written with
+/// replacement characters and once more, exactly, as a file URL under a key of its own
+/// ("originalURL", "destinationURL", "sourceRootURLs", "destinationRootURL"), which wins on reading.
+Json encode(const OperationManifest& manifest);
+Decoded<OperationManifest> decodeOperationManifest(const Json& json);
+
+template<>
+struct EnumTexts<TransactionStatus> {
+    static constexpr std::array texts{
+        std::pair{TransactionStatus::pending, std::string_view("pending")},
+        std::pair{TransactionStatus::inProgress, std::string_view("inProgress")},
+        std::pair{TransactionStatus::verified, std::string_view("verified")},
+        std::pair{TransactionStatus::skipped, std::string_view("skipped")},
+        std::pair{TransactionStatus::failed, std::string_view("failed")},
+        std::pair{TransactionStatus::rolledBack, std::string_view("rolledBack")},
+    };
+};
+
+} // namespace lumeo

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "transfer/OperationManifest.h"
+
+#include <cstdint>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+namespace lumeo {
+
+struct UndoResult {
+    std::int64_t restoredCount = 0;    ///< files deleted (copy run) or moved back (move run)
+    std::int64_t skippedCount = 0;     ///< verified files that are no longer there
+    std::int64_t failedCount = 0;      ///< verified files that were left alone for any other reason
+    std::vector<std::string> warnings; ///< one English text for each skipped or failed file, in order
+    friend bool operator==(const UndoResult&, const UndoResult&) = default;
+};
+
+/// Takes a finished run back, touching only files proven to be byte for byte what the run wrote.
+/// Blocks the thread it is called on.
+class UndoEngine {
+public:
+    /// `fileSystem` must outlive the engine.
+    explicit UndoEngine(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
+
+    UndoResult rollback(const OperationManifest& manifest, std::stop_token stop = {});
+
+private:
+    FileSystem& fileSystem_;
+};
+
+} // namespace lumeo

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/FilePath.h"
+
+#include <string>
+#include <string_view>
+
+namespace lumeo {
+
+/// A fresh folder of the real file system, removed with all that is in it when it goes out of scope.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    [[nodiscard]] const FilePath& path() const noexcept { return path_; }
+    [[nodiscard]] FilePath operator/(std::string_view relative) const { return path_.appending(relative); }
+
+    /// Writes a file below the folder, making the folders above it, and gives its path.
+    FilePath write(std::string_view relative, std::string_view content) const;
+
+private:
+    FilePath path_;
+};
+
+/// The whole content of a file; fails the running test when it cannot be read.
+std::string contentOf(const FilePath& path);
+
+} // namespace lumeo
