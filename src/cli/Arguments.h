@@ -1,0 +1,39 @@
+#pragma once
+
+#include "model/OrganizationPlan.h"
+#include "platform/FilePath.h"
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace lumeo::cli {
+
+/// How the program ends.
+enum class ExitStatus {
+    success = 0,
+    someFailed = 1, ///< at least one file failed
+    wrongUsage = 2,
+    noSpace = 3,
+    interrupted = 130, ///< as after Ctrl-C
+};
+
+enum class Command { scan, plan, organize };
+
+/// What was asked for on the command line.
+struct Arguments {
+    Command command = Command::scan;
+    std::vector<FilePath> sources; ///< absolute, in the order given
+    OrganizationPlan plan;         ///< with its destination, for plan and organize
+    std::optional<FilePath> manifestFile;
+    bool assumeYes = false;
+    bool json = false;
+    bool quiet = false;
+};
+
+/// Reads the command line. When there is nothing to run (help, version, wrong usage) the texts have
+/// been printed and the status says how to end.
+std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* argv);
+
+} // namespace lumeo::cli

@@ -1,0 +1,104 @@
+#include "cli/Catalogue.h"
+
+#include "cli/Terminal.h"
+#include "dates/LUMEODateFormatters.h"
+#include "model/MediaItemCoding.h"
+#include "platform/TextFormat.h"
+
+#include <iostream>
+
+namespace lumeo::cli {
+namespace {
+
+std::string_view kindName(MediaType type) {
+    switch (type) {
+    case MediaType::photo:
+        return "photo";
+    case MediaType::video:
+        return "video";
+    case MediaType::rawPhoto:
+        return "RAW";
+    case MediaType::other:
+        break;
+    }
+    return "other";
+}
+
+std::string scanFacts(const ScanProgress& progress) {
+    std::string facts = "Scanning  " + TextFormat::number(progress.totalScannedCount) + " files  " +
+                        TextFormat::byteCount(progress.totalBytesScanned);
+    if (progress.scanDurationSeconds > 0.5) {
+        const double perSecond =
+            static_cast<double>(progress.totalScannedCount) / progress.scanDurationSeconds;
+        facts += "  " + TextFormat::number(static_cast<std::int64_t>(perSecond)) + " files/s";
+    }
+    return facts;
+}
+
+void printLine(const Json& json) {
+    // Whatever text slipped through that is not UTF-8 shows as a replacement character.
+    std::cout << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+} // namespace
+
+Catalogue scanSources(const Arguments& arguments, const Environment& environment) {
+    MediaScanner scanner(environment.fileSystem, environment.clock);
+    StatusLine status(environment.clock, arguments.quiet);
+    Catalogue catalogue;
+    catalogue.items = scanner.scan(
+        arguments.sources,
+        [&](const ScanProgress& progress) {
+            if (status.isDue()) {
+                status.show(scanFacts(progress), progress.currentItemName);
+            }
+            catalogue.progress = progress;
+        },
+        environment.interrupt.token());
+    return catalogue;
+}
+
+void printCounters(const ScanProgress& progress) {
+    Table table({"Photos", TextFormat::number(progress.photosCount)});
+    table.addRow({"RAW photos", TextFormat::number(progress.rawCount)});
+    table.addRow({"Videos", TextFormat::number(progress.videosCount)});
+    table.addRow({"Size of all media", TextFormat::byteCount(progress.totalBytesScanned)});
+    table.addRow({"Files examined", TextFormat::number(progress.totalScannedCount)});
+    table.addRow({"Of no supported type", TextFormat::number(progress.unsupportedCount)});
+    table.addRow({"Unreadable entries", TextFormat::number(progress.errorsCount)});
+    table.print();
+}
+
+void printItems(const std::vector<MediaItem>& items) {
+    Table table({"Date", "Where from", "Confidence", "Kind", "Size", "File"});
+    for (const MediaItem& item : items) {
+        std::string file = printable(item.sourceURL.bytes());
+        if (item.dateSuspiciousWarning) {
+            file += "  (" + item.dateSuspiciousWarning->str() + ")";
+        }
+        table.addRow({LUMEODateFormatters::formattedFully(item.resolvedDate),
+                      std::string(userFriendlyLabel(item.dateSource)),
+                      std::string(userFriendlyLabel(item.dateConfidence)),
+                      std::string(kindName(item.mediaType)), TextFormat::byteCount(item.fileSize),
+                      std::move(file)});
+    }
+    table.print();
+}
+
+void printPlan(const std::vector<MediaItem>& items) {
+    for (const MediaItem& item : items) {
+        std::cout << printable(item.sourceURL.bytes()) << "\n    -> "
+                  << (item.plannedDestinationURL ? printable(item.plannedDestinationURL->bytes())
+                                                 : std::string("no destination"))
+                  << '\n';
+    }
+}
+
+void printJson(const Catalogue& catalogue) {
+    for (const MediaItem& item : catalogue.items) {
+        printLine(encode(item));
+    }
+    printLine(Json{{"scanProgress", encode(catalogue.progress)}});
+}
+
+} // namespace lumeo::cli

@@ -1,0 +1,155 @@
+#include "cli/Organize.h"
+
+#include "cli/Terminal.h"
+#include "planning/OutputSize.h"
+#include "platform/DocumentWriter.h"
+#include "platform/TextFormat.h"
+#include "transfer/FileOperationEngine.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <iostream>
+
+namespace lumeo::cli {
+namespace {
+
+/// Hours, minutes and seconds as a clock shows them: "1:02:03", "4:05".
+std::string clockText(double seconds) {
+    const auto whole = static_cast<long long>(std::ceil(std::fmin(seconds, 359999.0)));
+    std::array<char, 32> text{};
+    if (whole >= 3600) {
+        std::snprintf(text.data(), text.size(), "%lld:%02lld:%02lld", whole / 3600, whole / 60 % 60,
+                      whole % 60);
+    } else {
+        std::snprintf(text.data(), text.size(), "%lld:%02lld", whole / 60, whole % 60);
+    }
+    return text.data();
+}
+
+std::string runFacts(const OperationProgress& progress) {
+    std::string facts = TextFormat::number(progress.processedCount) + " of " +
+                        TextFormat::number(progress.totalFiles) + " files  " +
+                        TextFormat::byteCount(progress.transferredBytes) + " of " +
+                        TextFormat::byteCount(progress.totalBytes);
+    if (progress.currentThroughputBytesPerSec > 0) {
+        facts += "  " +
+                 TextFormat::byteCount(static_cast<std::int64_t>(progress.currentThroughputBytesPerSec)) +
+                 "/s";
+    }
+    if (progress.estimatedSecondsRemaining > 0) {
+        facts += "  " + clockText(progress.estimatedSecondsRemaining) + " left";
+    }
+    if (progress.errorsCount > 0) {
+        facts += "  " + TextFormat::number(progress.errorsCount) + " failed";
+    }
+    return facts;
+}
+
+/// The nearest folder that exists already: the destination itself may be made by the run.
+FilePath existingAncestor(const FileSystem& fileSystem, FilePath folder) {
+    while (!fileSystem.targetStatus(folder) && folder != folder.parent()) {
+        folder = folder.parent();
+    }
+    return folder;
+}
+
+bool hasRoom(const Arguments& arguments, const Environment& environment, std::int64_t required) {
+    const FileResult<VolumeSpace> space = environment.fileSystem.volumeSpace(
+        existingAncestor(environment.fileSystem, *arguments.plan.destinationURL));
+    if (!space || required < space->available) {
+        return true;
+    }
+    printError("not enough space at " + printable(arguments.plan.destinationURL->bytes()) + ": " +
+               TextFormat::byteCount(required) + " needed, " + TextFormat::byteCount(space->available) +
+               " free; nothing was written");
+    return false;
+}
+
+bool moveIsConfirmed(const Arguments& arguments, std::size_t files, std::int64_t required) {
+    if (arguments.plan.operationMode != OperationMode::move || arguments.assumeYes) {
+        return true;
+    }
+    return confirm("Move " + TextFormat::number(static_cast<std::int64_t>(files)) + " files (" +
+                   TextFormat::byteCount(required) + ") to " +
+                   printable(arguments.plan.destinationURL->bytes()) +
+                   "? Each source is removed once its copy is proven.");
+}
+
+void printFailures(const OperationManifest& manifest) {
+    for (const FileTransactionItem& record : manifest.items) {
+        if (record.status == TransactionStatus::failed) {
+            printError(printable(record.originalPath.bytes()) + ": " +
+                       record.errorMessage.value_or("failed"));
+        }
+    }
+}
+
+void printSummary(const OperationManifest& manifest, const OperationProgress& progress) {
+    std::cout << (progress.isCancelled ? "Stopped" : "Done") << " after "
+              << clockText(manifest.durationSeconds) << ": " << TextFormat::number(progress.verifiedCount)
+              << " verified (" << TextFormat::byteCount(manifest.totalTransferredBytes) << "), "
+              << TextFormat::number(progress.skippedCount) << " skipped, "
+              << TextFormat::number(progress.errorsCount) << " failed";
+    if (progress.isCancelled) {
+        std::cout << ", " << TextFormat::number(progress.totalFiles - progress.processedCount)
+                  << " not reached";
+    }
+    std::cout << ".\n";
+}
+
+/// False when the journal could not be written, after saying so.
+bool writeManifest(const Arguments& arguments, const Environment& environment, const std::string& journal) {
+    if (!arguments.manifestFile) {
+        return true;
+    }
+    const FileResult<void> written = writeDocument(environment.fileSystem, journal, *arguments.manifestFile);
+    if (!written) {
+        printError("the journal: " + written.error().message());
+    }
+    return written.hasValue();
+}
+
+} // namespace
+
+ExitStatus organize(const Arguments& arguments, const Environment& environment, const Catalogue& catalogue) {
+    const std::int64_t required = requiredOutputSizeBytes(catalogue.items, arguments.plan.duplicatePolicy);
+    if (!catalogue.items.empty() && !hasRoom(arguments, environment, required)) {
+        return ExitStatus::noSpace;
+    }
+    if (!catalogue.items.empty() && !moveIsConfirmed(arguments, catalogue.items.size(), required)) {
+        printError("nothing was moved");
+        return ExitStatus::interrupted;
+    }
+
+    FileOperationEngine engine(environment.fileSystem, environment.clock);
+    OperationProgress last;
+    OperationManifest manifest;
+    {
+        StatusLine status(environment.clock, arguments.quiet);
+        manifest = engine.execute(
+            catalogue.items, arguments.plan, arguments.sources,
+            [&](const OperationProgress& progress) {
+                if (status.isDue()) {
+                    status.show(runFacts(progress), progress.currentItemName);
+                }
+                last = progress;
+            },
+            environment.interrupt.token());
+    }
+
+    const std::string journal = encode(manifest).dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    printFailures(manifest);
+    if (arguments.json) {
+        std::cout << journal;
+    } else if (!arguments.quiet) {
+        printSummary(manifest, last);
+    }
+    const bool journalIsSafe = writeManifest(arguments, environment, journal);
+    if (last.isCancelled) {
+        return ExitStatus::interrupted;
+    }
+    return last.errorsCount > 0 || !journalIsSafe ? ExitStatus::someFailed : ExitStatus::success;
+}
+
+} // namespace lumeo::cli

@@ -1,0 +1,136 @@
+#include "cli/Terminal.h"
+
+#include "platform/FilePath.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <iostream>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace lumeo::cli {
+namespace {
+
+constexpr std::chrono::milliseconds refreshInterval{100};
+
+/// Columns that the text takes, near enough for lining up: one for each character.
+std::size_t width(std::string_view utf8) {
+    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+    }));
+}
+
+std::size_t terminalColumns() {
+    winsize size{};
+    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+        return size.ws_col;
+    }
+    return 80;
+}
+
+/// The end of `text` that fits into `columns`, behind an ellipsis where something was cut.
+std::string fittedEnd(const std::string& text, std::size_t columns) {
+    if (width(text) <= columns) {
+        return text;
+    }
+    if (columns < 2) {
+        return {};
+    }
+    std::size_t start = text.size();
+    for (std::size_t kept = 0; kept < columns - 1;) {
+        --start;
+        if ((static_cast<unsigned char>(text[start]) & 0xC0U) != 0x80U) {
+            ++kept;
+        }
+    }
+    return "…" + text.substr(start);
+}
+
+} // namespace
+
+std::string printable(std::string_view bytes) {
+    std::string text;
+    for (const char character : replacingInvalidUtf8(bytes)) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (character == '\n') {
+            text += "\\n";
+        } else if (character == '\t') {
+            text += "\\t";
+        } else if (byte < 0x20U || byte == 0x7FU) {
+            std::array<char, 5> escape{};
+            std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned>(byte));
+            text += escape.data();
+        } else {
+            text += character;
+        }
+    }
+    return text;
+}
+
+bool isTerminal(int descriptor) {
+    return isatty(descriptor) == 1;
+}
+
+void printError(std::string_view sentence) {
+    std::cerr << "lumeo-cli: " << sentence << '\n';
+}
+
+bool confirm(std::string_view question) {
+    std::cerr << question << " [y/N] " << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+StatusLine::StatusLine(const Clock& clock, bool quiet)
+    : clock_(clock), enabled_(!quiet && isTerminal(STDERR_FILENO)) {}
+
+bool StatusLine::isDue() const {
+    return enabled_ && (!shown_ || clock_.elapsed() - lastShown_ >= refreshInterval);
+}
+
+void StatusLine::show(const std::string& facts, std::string_view name) {
+    if (!enabled_) {
+        return;
+    }
+    const std::size_t columns = terminalColumns();
+    const std::size_t used = width(facts) + 3;
+    std::cerr << '\r' << facts;
+    if (used < columns) {
+        std::cerr << "  " << fittedEnd(printable(name), columns - used);
+    }
+    std::cerr << "\x1B[K" << std::flush;
+    shown_ = true;
+    lastShown_ = clock_.elapsed();
+}
+
+void StatusLine::clear() {
+    if (shown_) {
+        std::cerr << "\r\x1B[K" << std::flush;
+        shown_ = false;
+    }
+}
+
+void Table::addRow(std::vector<std::string> cells) {
+    widths_.resize(std::max(widths_.size(), cells.size()));
+    for (std::size_t column = 0; column < cells.size(); ++column) {
+        widths_[column] = std::max(widths_[column], width(cells[column]));
+    }
+    rows_.push_back(std::move(cells));
+}
+
+void Table::print() const {
+    for (const std::vector<std::string>& row : rows_) {
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            std::cout << row[column];
+            if (column + 1 < row.size()) {
+                std::cout << std::string(widths_[column] - width(row[column]) + 2, ' ');
+            }
+        }
+        std::cout << '\n';
+    }
+}
+
+} // namespace lumeo::cli

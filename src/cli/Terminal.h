@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumeo::cli {
+
+/// A file name or path as one line of terminal text: what is not UTF-8 shows as U+FFFD, control
+/// characters as \n, \t or \xHH, so that no name can move the cursor or break a table.
+std::string printable(std::string_view bytes);
+
+bool isTerminal(int descriptor);
+
+/// Writes one line to stderr, prefixed with the program's name.
+void printError(std::string_view sentence);
+
+/// Asks a yes-or-no question on the terminal; anything but a yes is a no.
+bool confirm(std::string_view question);
+
+/// A status line on stderr that is rewritten in place; silent when stderr is no terminal or quiet is
+/// asked for. Used by one thread.
+class StatusLine {
+public:
+    StatusLine(const Clock& clock, bool quiet);
+    ~StatusLine() { clear(); }
+    StatusLine(const StatusLine&) = delete;
+    StatusLine& operator=(const StatusLine&) = delete;
+
+    /// True when the line may be shown again: not more than ten times a second.
+    [[nodiscard]] bool isDue() const;
+
+    /// Shows `facts`, and as much of `name` as the terminal's width leaves room for.
+    void show(const std::string& facts, std::string_view name);
+    void clear();
+
+private:
+    const Clock& clock_;
+    bool enabled_;
+    bool shown_ = false;
+    std::chrono::nanoseconds lastShown_{0};
+};
+
+/// Lines up columns of text on stdout, each as wide as its widest cell but the last.
+class Table {
+public:
+    explicit Table(std::vector<std::string> headings) { addRow(std::move(headings)); }
+    void addRow(std::vector<std::string> cells);
+    void print() const;
+
+private:
+    std::vector<std::vector<std::string>> rows_;
+    std::vector<std::size_t> widths_;
+};
+
+} // namespace lumeo::cli

@@ -1,0 +1,20 @@
+#include "planning/OutputSize.h"
+
+#include <unordered_set>
+
+namespace lumeo {
+
+std::int64_t requiredOutputSizeBytes(std::span<const MediaItem> items, DuplicatePolicy policy) {
+    std::int64_t total = 0;
+    std::unordered_set<Uuid> seen;
+    for (const MediaItem& item : items) {
+        const bool isLaterCopy = policy == DuplicatePolicy::skipDuplicates && item.exactDuplicateGroupID &&
+                                 !seen.insert(*item.exactDuplicateGroupID).second;
+        if (!isLaterCopy) {
+            total += item.fileSize;
+        }
+    }
+    return total;
+}
+
+} // namespace lumeo
