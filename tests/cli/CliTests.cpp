@@ -1,0 +1,178 @@
+#include "model/MediaItemCoding.h"
+#include "support/TempFolder.h"
+#include "transfer/OperationManifest.h"
+
+#include <array>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace lumeo {
+namespace {
+
+using ::testing::HasSubstr;
+
+struct Outcome {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+/// Runs the real program, its standard input closed, as a script would.
+Outcome lumeoCli(const std::vector<std::string>& arguments) {
+    const TempFolder folder;
+    const FilePath out = folder / "out";
+    const FilePath err = folder / "err";
+    const pid_t child = fork();
+    if (child == 0) {
+        const auto redirect = [](const char* path, int flags, int descriptor) {
+            dup2(open(path, flags, 0600), descriptor); // NOLINT(cppcoreguidelines-pro-type-vararg)
+        };
+        redirect("/dev/null", O_RDONLY, STDIN_FILENO);
+        redirect(out.c_str(), O_WRONLY | O_CREAT, STDOUT_FILENO);
+        redirect(err.c_str(), O_WRONLY | O_CREAT, STDERR_FILENO);
+        std::vector<std::string> words{LUMEO_CLI};
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        std::vector<char*> argv;
+        for (std::string& word : words) {
+            argv.push_back(word.data());
+        }
+        argv.push_back(nullptr);
+        execv(LUMEO_CLI, argv.data());
+        _exit(127);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(out), contentOf(err)};
+}
+
+std::vector<Json> jsonLines(const std::string& text) {
+    std::vector<Json> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(Json::parse(line));
+    }
+    return lines;
+}
+
+class Cli : public ::testing::Test {
+protected:
+    void SetUp() override {
+        source_.write("holiday/IMG_20210314_153045.jpg", "first");
+        source_.write("card/IMG_20210314_153045.jpg", "second, of the same name");
+        source_.write("card/undated.mov", "no movie at all");
+        source_.write("card/\xFF\n.jpg", "an odd name");
+        source_.write("card/letter.pdf", "no media");
+    }
+
+    [[nodiscard]] std::vector<std::string> words(std::vector<std::string> all) const {
+        for (std::string& word : all) {
+            if (word == "SOURCE") {
+                word = source_.path().bytes();
+            } else if (word == "DEST") {
+                word = (archive_ / "Archive").bytes();
+            }
+        }
+        return all;
+    }
+    [[nodiscard]] Outcome run(const std::vector<std::string>& all) const { return lumeoCli(words(all)); }
+
+    TempFolder source_;
+    TempFolder archive_;
+};
+
+TEST_F(Cli, ScanAndPlanPrintCodedItemsAndThenTheCounters) {
+    for (const auto& command : {std::vector<std::string>{"scan", "SOURCE", "--json"},
+                                std::vector<std::string>{"plan", "SOURCE", "--to", "DEST", "--json"}}) {
+        const Outcome outcome = run(command);
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        const std::vector<Json> lines = jsonLines(outcome.out);
+        ASSERT_EQ(lines.size(), 5U);
+        for (std::size_t i = 0; i < 4; ++i) {
+            const Decoded<MediaItem> item = decodeMediaItem(lines[i]);
+            ASSERT_TRUE(item) << item.error().message();
+            EXPECT_TRUE(std::filesystem::exists(item->sourceURL.bytes()));
+            EXPECT_EQ(item->plannedDestinationURL.has_value(), command.front() == "plan");
+        }
+        const Json& progress = lines.back().at("scanProgress");
+        EXPECT_EQ(progress.at("photosCount"), 3);
+        EXPECT_EQ(progress.at("videosCount"), 1);
+        EXPECT_EQ(progress.at("totalScannedCount"), 5);
+        EXPECT_EQ(progress.at("unsupportedCount"), 1);
+    }
+    EXPECT_FALSE(std::filesystem::exists((archive_ / "Archive").bytes())) << "a plan writes nothing";
+}
+
+TEST_F(Cli, OrganizeCopiesAndGivesTheJournal) {
+    const FilePath journal = archive_ / "journal.json";
+    const Outcome outcome =
+        run({"organize", "SOURCE", "--to", "DEST", "--json", "--manifest", journal.bytes()});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(contentOf(journal), outcome.out);
+    const Decoded<OperationManifest> manifest = decodeOperationManifest(Json::parse(outcome.out));
+    ASSERT_TRUE(manifest) << manifest.error().message();
+    ASSERT_EQ(manifest->items.size(), 4U);
+    for (const FileTransactionItem& record : manifest->items) {
+        EXPECT_EQ(record.status, TransactionStatus::verified);
+        EXPECT_EQ(contentOf(record.originalPath), contentOf(record.destinationPath));
+    }
+    const FilePath march = archive_ / "Archive/2021/2021-03 March";
+    EXPECT_TRUE(std::filesystem::exists(march.appending("IMG_20210314_153045.jpg").bytes()));
+    EXPECT_TRUE(std::filesystem::exists(march.appending("IMG_20210314_153045_2.jpg").bytes()));
+    EXPECT_TRUE(std::filesystem::exists((archive_ / "Archive/_Unknown Date/undated.mov").bytes()));
+}
+
+TEST_F(Cli, MoveNeedsAYesAndThenEmptiesTheSources) {
+    const Outcome refused = run({"organize", "SOURCE", "--to", "DEST", "--mode", "move"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err, HasSubstr("--yes"));
+    EXPECT_FALSE(std::filesystem::exists((archive_ / "Archive").bytes()));
+
+    const Outcome moved = run({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes", "--quiet"});
+    EXPECT_EQ(moved.status, 0) << moved.err;
+    EXPECT_EQ(moved.out, "");
+    EXPECT_FALSE(std::filesystem::exists((source_ / "card/undated.mov").bytes()));
+    EXPECT_TRUE(std::filesystem::exists((source_ / "card/letter.pdf").bytes()));
+}
+
+TEST_F(Cli, WrongUsageIsToldAndTouchesNothing) {
+    const FilePath file = archive_.write("file", "not a folder");
+    const std::vector<std::vector<std::string>> wrong{
+        {},
+        {"scan"},
+        {"scan", (source_ / "nowhere").bytes()},
+        {"organize", "SOURCE"},
+        {"organize", "SOURCE", "--to", file.bytes()},
+        {"organize", "SOURCE", "--to", file.appending("below").bytes()},
+        {"organize", "SOURCE", "--to", "DEST", "--preset", "Custom"},
+        {"organize", "SOURCE", "--to", "DEST", "--manifest", (archive_ / "no/folder/m.json").bytes()},
+    };
+    for (const auto& arguments : wrong) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << ::testing::PrintToString(arguments);
+        EXPECT_NE(outcome.err, "");
+        EXPECT_EQ(outcome.out, "");
+    }
+    EXPECT_FALSE(std::filesystem::exists((archive_ / "Archive").bytes()));
+}
+
+TEST_F(Cli, AFailedFileGivesStatusOneAndItsReason) {
+    // The year's folder cannot be made where a file of that name stands.
+    archive_.write("Archive/2021", "in the way");
+    const Outcome outcome = run({"organize", "SOURCE", "--to", "DEST"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("IMG_20210314_153045.jpg: "));
+    EXPECT_THAT(outcome.out, HasSubstr("2 verified"));
+    EXPECT_THAT(outcome.out, HasSubstr("2 failed"));
+    EXPECT_EQ(contentOf(archive_ / "Archive/2021"), "in the way");
+}
+
+} // namespace
+} // namespace lumeo
