@@ -5,7 +5,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace lumeo {
 
@@ -22,6 +21,7 @@ struct CandidateDates {
     std::optional<Instant> metadataCreateDate;
     std::optional<Instant> videoCreationDate;
     std::optional<Instant> tiffDateTime;
+    std::optional<Instant> filenameDate; ///< FilenameDateParser's, which the caller keeps as well
     std::optional<Instant> filesystemCreationDate;
     std::optional<Instant> filesystemModificationDate;
 };
@@ -36,9 +36,9 @@ struct ResolvedDateResult {
 
 /// Chooses a media file's capture date among its candidates. Any thread may call.
 struct DateResolver {
-    /// `fileName` is the last path component with its extension; `clock` tells what lies in the future.
-    static ResolvedDateResult resolveDate(MediaType mediaType, std::string_view fileName,
-                                          const CandidateDates& candidates,
+    /// Candidates that do not belong to `mediaType` are not looked at, even when present; `clock` tells
+    /// what lies in the future.
+    static ResolvedDateResult resolveDate(MediaType mediaType, const CandidateDates& candidates,
                                           const DateResolverOptions& options, const Clock& clock);
 };
 
