@@ -17,12 +17,13 @@ struct WallTime {
     friend bool operator==(const WallTime&, const WallTime&) = default;
 };
 
-/// The Gregorian calendar in the time zone that the user lives in at the moment of the call. Any
-/// thread may call.
+/// The Gregorian calendar, proleptic, in the user's time zone: the one the process found at its start,
+/// or the one that was made its default since (icu::TimeZone::adoptDefault), looked up at every call.
+/// Any thread may call.
 struct LocalCalendar {
-    /// The instant at which the wall shows `time`. A day beyond its month's end carries over
-    /// (30 February is 1 or 2 March). A time that a clock change skips or repeats gives one of the
-    /// instants beside it, as the calendar library decides. Absent when no instant can hold it.
+    /// The instant at which the wall shows `time`. Fields beyond their range carry over (30 February is
+    /// 1 or 2 March). A time that a clock change skips is read as before the change (02:30 becomes
+    /// 03:30), one that it repeats as after it. Absent when no instant can hold it.
     static std::optional<Instant> compose(const WallTime& time);
 
     /// What the wall shows at `instant`; the second is whole, the part below it dropped.

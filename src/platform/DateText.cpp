@@ -1,0 +1,165 @@
+#include "platform/DateText.h"
+
+#include "platform/CivilTime.h"
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <memory>
+
+namespace lumeo {
+namespace {
+
+using std::chrono::microseconds;
+using std::chrono::seconds;
+
+constexpr std::string_view isoForm = "yyyy-MM-ddTHH:mm:ss";
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// The field that a letter of a form stands for; null for characters that stand for themselves.
+int* fieldOf(WallTime& time, char letter) {
+    switch (letter) {
+    case 'y':
+        return &time.year;
+    case 'M':
+        return &time.month;
+    case 'd':
+        return &time.day;
+    case 'H':
+        return &time.hour;
+    case 'm':
+        return &time.minute;
+    case 's':
+        return &time.second;
+    default:
+        return nullptr;
+    }
+}
+
+/// Reads `text` digit by digit along `form`; ranges are not looked at.
+std::optional<WallTime> matchForm(std::string_view text, std::string_view form) {
+    if (text.size() != form.size()) {
+        return std::nullopt;
+    }
+    WallTime time;
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        int* const field = fieldOf(time, form[i]);
+        if (field != nullptr ? !isDigit(text[i]) : text[i] != form[i]) {
+            return std::nullopt;
+        }
+        if (field != nullptr) {
+            *field = *field * 10 + (text[i] - '0');
+        }
+    }
+    return time;
+}
+
+bool isRealTime(const WallTime& time) {
+    const std::chrono::year_month_day date(std::chrono::year(time.year),
+                                           std::chrono::month(static_cast<unsigned>(time.month)),
+                                           std::chrono::day(static_cast<unsigned>(time.day)));
+    return time.year >= 1 && date.ok() && time.hour < 24 && time.minute < 60 && time.second < 60;
+}
+
+std::optional<WallTime> parseWallTime(std::string_view text, std::string_view form) {
+    const std::optional<WallTime> time = matchForm(text, form);
+    return time && isRealTime(*time) ? time : std::nullopt;
+}
+
+std::optional<seconds> parseOffset(std::string_view text) {
+    if (text == "Z") {
+        return seconds(0);
+    }
+    if (text.empty() || (text.front() != '+' && text.front() != '-')) {
+        return std::nullopt;
+    }
+    std::optional<WallTime> ahead = matchForm(text.substr(1), "HH:mm");
+    if (!ahead) {
+        ahead = matchForm(text.substr(1), "HHmm");
+    }
+    if (!ahead || ahead->hour > 23 || ahead->minute > 59) {
+        return std::nullopt;
+    }
+    const seconds amount(ahead->hour * 3600 + ahead->minute * 60);
+    return text.front() == '-' ? -amount : amount;
+}
+
+/// Takes a fraction such as ".123" off the front of `text`, when one stands there. Absent when it is
+/// malformed.
+std::optional<microseconds> takeFraction(std::string_view& text) {
+    constexpr std::size_t mostDigits = 9;
+    constexpr std::size_t digitsKept = 6;
+    if (text.empty() || text.front() != '.') {
+        return microseconds(0);
+    }
+    std::size_t end = 1;
+    while (end < text.size() && isDigit(text[end])) {
+        ++end;
+    }
+    const std::string_view digits = text.substr(1, end - 1);
+    if (digits.empty() || digits.size() > mostDigits) {
+        return std::nullopt;
+    }
+    int value = 0;
+    for (std::size_t i = 0; i < digitsKept; ++i) {
+        value = value * 10 + (i < digits.size() ? digits[i] - '0' : 0);
+    }
+    text.remove_prefix(end);
+    return microseconds(value);
+}
+
+std::optional<Instant> instantBehind(const WallTime& time, seconds offset) {
+    const std::optional<Instant> instant = instantInUtc(time);
+    return instant ? std::optional<Instant>(*instant - offset) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<Instant> DateText::parseExif(std::string_view text) {
+    static const std::unique_ptr<const icu::TimeZone> zone(icu::TimeZone::createDefault());
+    const std::optional<WallTime> time = parseWallTime(text, "yyyy:MM:dd HH:mm:ss");
+    return time ? instantInZone(*time, *zone) : std::nullopt;
+}
+
+std::optional<Instant> DateText::parseIso8601(std::string_view text) {
+    const std::optional<WallTime> time = parseWallTime(text.substr(0, isoForm.size()), isoForm);
+    if (!time) {
+        return std::nullopt;
+    }
+    std::string_view rest = text.substr(isoForm.size());
+    const std::optional<microseconds> fraction = takeFraction(rest);
+    const std::optional<seconds> offset = parseOffset(rest);
+    if (!fraction || !offset) {
+        return std::nullopt;
+    }
+    const std::optional<Instant> instant = instantBehind(*time, *offset);
+    return instant ? std::optional<Instant>(*instant + *fraction) : std::nullopt;
+}
+
+std::optional<Instant> DateText::parseZoned(std::string_view text) {
+    const std::optional<WallTime> time = parseWallTime(text.substr(0, isoForm.size()), isoForm);
+    if (!time) {
+        return std::nullopt;
+    }
+    const std::string_view zone = text.substr(isoForm.size());
+    const std::optional<seconds> offset = zone == "GMT" ? seconds(0) : parseOffset(zone);
+    return offset ? instantBehind(*time, *offset) : std::nullopt;
+}
+
+std::optional<Instant> DateText::parsePlainUtc(std::string_view text) {
+    const std::optional<WallTime> time = parseWallTime(text, "yyyy-MM-dd HH:mm:ss");
+    return time ? instantInUtc(*time) : std::nullopt;
+}
+
+std::string DateText::iso8601Utc(Instant instant) {
+    const WallTime time = wallTimeInUtc(instant);
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02dZ", time.year, time.month, time.day,
+                  time.hour, time.minute, time.second);
+    return text.data();
+}
+
+} // namespace lumeo
