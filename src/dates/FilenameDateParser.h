@@ -11,7 +11,8 @@ namespace lumeo {
 /// write it. Any thread may call.
 struct FilenameDateParser {
     /// The first plausible date in `fileName` (last path component, extension included), read in the
-    /// user's time zone; noon when the name tells the day alone. Bytes that are not UTF-8 match nothing.
+    /// user's time zone; noon when the name tells the day alone. A day beyond its month's end carries
+    /// over. Bytes that are not UTF-8 count as characters that are no digits.
     static std::optional<Instant> parseDate(std::string_view fileName);
 };
 

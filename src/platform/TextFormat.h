@@ -9,14 +9,16 @@ namespace lumeo {
 
 enum class DateStyle { none, shortStyle, mediumStyle };
 
-/// Numbers and dates as the user's system writes them (its locale and time zone, not the language
-/// chosen inside the program). Any thread may call; formatters are made once per thread.
+/// Numbers and dates as the user's system writes them: its time zone and its locale (LC_ALL, else
+/// LC_TIME for dates and LC_NUMERIC for numbers, else LANG; American English when they name none), not
+/// the language chosen inside the program. Any thread may call; formatters are made once per thread and
+/// again only when the settings have changed.
 struct TextFormat {
-    /// The instant in the given styles; `none` leaves that half out.
+    /// The instant in the given styles; `none` leaves that half out. Both `none` gives no text.
     static std::string date(Instant instant, DateStyle dateStyle, DateStyle timeStyle);
 
-    /// A file's size in decimal units: 0 is "Zero KB", below 1 MB whole kB, one decimal for MB, up to
-    /// two from GB on.
+    /// A file's size in decimal units: whole bytes below 1 KB, whole KB below 1 MB, at most one decimal
+    /// for MB and two from GB on, halves rounded up. 0 is "Zero KB" in English, "0 KB" elsewhere.
     static std::string byteCount(std::int64_t bytes);
 
     /// A whole number with the locale's grouping.

@@ -1,0 +1,146 @@
+#include "dates/FilenameDateParser.h"
+
+#include "platform/FilePath.h"
+#include "platform/LocalCalendar.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <memory>
+
+#include <unicode/regex.h>
+
+namespace lumeo {
+namespace {
+
+constexpr std::size_t dateAndTimeCount = 4;
+constexpr std::size_t patternCount = dateAndTimeCount + 1;
+
+/// In the order in which they are tried; the last one finds a date alone.
+constexpr std::array<const char16_t*, patternCount> patternTexts{
+    // 2021-03-14_15-30-45, PXL 2021.03.14T15:30:45
+    uR"((?i)(?:^|[\D])(\d{4})[-_.](\d{2})[-_.](\d{2})[\sT_](\d{2})[-_.:](\d{2})[-_.:](\d{2})(?:[\D]|$))",
+    // IMG_20210314_153045, VID-20210314-153045
+    uR"((?i)(?:^|[\D])(\d{4})(\d{2})(\d{2})[_\s-](\d{2})(\d{2})(\d{2})(?:[\D]|$))",
+    // Screenshot 2021-03-14 at 15.30.45
+    uR"((?i)Screenshot\s+(\d{4})[-_.](\d{2})[-_.](\d{2})\s+(?:at\s+)?(\d{2})[-_.:](\d{2})[-_.:](\d{2}))",
+    // WhatsApp Image 2021-03-14 at 15.30.45
+    uR"((?i)WhatsApp\s+(?:Image|Video)\s+(\d{4})[-_.](\d{2})[-_.](\d{2})\s+)"
+    uR"((?:at\s+)?(\d{2})[-_.:](\d{2})[-_.:](\d{2}))",
+    // trip_2021.03.14_beach
+    uR"((?i)(?:^|[\D])(\d{4})[-_.](\d{2})[-_.](\d{2})(?:[\D]|$))",
+};
+
+using Patterns = std::array<std::unique_ptr<const icu::RegexPattern>, patternCount>;
+
+/// Compiled once for the process. Never destroyed, since threads that end late still refer to them.
+const Patterns& patterns() {
+    static const Patterns& compiled = *new Patterns([] {
+        Patterns result;
+        for (std::size_t i = 0; i < patternCount; ++i) {
+            UErrorCode status = U_ZERO_ERROR;
+            UParseError where;
+            result[i].reset(icu::RegexPattern::compile(patternTexts[i], where, status));
+            assert(U_SUCCESS(status));
+        }
+        return result;
+    }());
+    return compiled;
+}
+
+/// Looks through one name at a time; one a thread, since matchers cannot be shared.
+class NameSearch {
+public:
+    NameSearch() {
+        for (std::size_t i = 0; i < patternCount; ++i) {
+            UErrorCode status = U_ZERO_ERROR;
+            matchers_[i].reset(patterns()[i]->matcher(status));
+        }
+    }
+
+    void setName(std::string_view name) {
+        // Bytes that are not UTF-8 become U+FFFD, which is no digit and may well stand beside a date.
+        name_ =
+            icu::UnicodeString::fromUTF8(icu::StringPiece(name.data(), static_cast<int32_t>(name.size())));
+    }
+
+    /// The leftmost match of one pattern, ready for number(); null when there is none.
+    icu::RegexMatcher* find(std::size_t pattern) {
+        icu::RegexMatcher& matcher = *matchers_[pattern];
+        matcher.reset(name_);
+        UErrorCode status = U_ZERO_ERROR;
+        return matcher.find(status) && U_SUCCESS(status) ? &matcher : nullptr;
+    }
+
+    /// What a capture group of a match says. Digits of other scripts match a pattern but are no number.
+    std::optional<int> number(const icu::RegexMatcher& match, int group) const {
+        UErrorCode status = U_ZERO_ERROR;
+        const int32_t end = match.end(group, status);
+        int value = 0;
+        for (int32_t i = match.start(group, status); i < end; ++i) {
+            const char16_t digit = name_[i];
+            if (digit < u'0' || digit > u'9') {
+                return std::nullopt;
+            }
+            value = value * 10 + (digit - u'0');
+        }
+        return value;
+    }
+
+private:
+    icu::UnicodeString name_;
+    std::array<std::unique_ptr<icu::RegexMatcher>, patternCount> matchers_;
+};
+
+constexpr int noon = 12;
+
+bool isPlausible(const WallTime& time) {
+    const auto within = [](int value, int first, int last) { return value >= first && value <= last; };
+    return within(time.year, 1990, 2040) && within(time.month, 1, 12) && within(time.day, 1, 31) &&
+           within(time.hour, 0, 23) && within(time.minute, 0, 59) && within(time.second, 0, 59);
+}
+
+/// The first match of one pattern as an instant; absent when it makes none.
+std::optional<Instant> dateByPattern(NameSearch& search, std::size_t pattern) {
+    const icu::RegexMatcher* const match = search.find(pattern);
+    if (match == nullptr) {
+        return std::nullopt;
+    }
+    const std::optional<int> year = search.number(*match, 1);
+    const std::optional<int> month = search.number(*match, 2);
+    const std::optional<int> day = search.number(*match, 3);
+    if (!year || !month || !day) {
+        return std::nullopt;
+    }
+    WallTime time{.year = *year, .month = *month, .day = *day, .hour = noon};
+    if (pattern < dateAndTimeCount) {
+        time.hour = search.number(*match, 4).value_or(noon);
+        time.minute = search.number(*match, 5).value_or(0);
+        time.second = search.number(*match, 6).value_or(0);
+    }
+    return isPlausible(time) ? LocalCalendar::compose(time) : std::nullopt;
+}
+
+/// Year, month and day take eight digits that are ASCII: most names can be told without a search.
+bool hasDigitsForDate(std::string_view name) {
+    return std::count_if(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; }) >= 8;
+}
+
+} // namespace
+
+std::optional<Instant> FilenameDateParser::parseDate(std::string_view fileName) {
+    const std::string_view name = deletingPathExtension(fileName);
+    if (!hasDigitsForDate(name)) {
+        return std::nullopt;
+    }
+    thread_local NameSearch search;
+    search.setName(name);
+    for (std::size_t pattern = 0; pattern < patternCount; ++pattern) {
+        if (const std::optional<Instant> date = dateByPattern(search, pattern)) {
+            return date;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace lumeo

@@ -1,0 +1,193 @@
+#include "platform/TextFormat.h"
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include <unicode/datefmt.h>
+#include <unicode/locid.h>
+#include <unicode/measunit.h>
+#include <unicode/numberformatter.h>
+#include <unicode/timezone.h>
+
+namespace lumeo {
+namespace {
+
+/// The locale's name that the environment gives for one category, as it stands there.
+std::string_view environmentLocale(const char* category) {
+    for (const char* variable : {"LC_ALL", category, "LANG"}) {
+        const char* const value = std::getenv(variable);
+        if (value != nullptr && *value != '\0') {
+            return value;
+        }
+    }
+    return {};
+}
+
+icu::Locale localeNamed(std::string_view name) {
+    const std::string_view base = name.substr(0, name.find_first_of(".@"));
+    if (base.empty() || base == "C" || base == "POSIX") {
+        return icu::Locale::getUS();
+    }
+    return icu::Locale::createCanonical(std::string(name).c_str());
+}
+
+std::string utf8(const icu::UnicodeString& text) {
+    std::string result;
+    return text.toUTF8String(result);
+}
+
+icu::DateFormat::EStyle libraryStyle(DateStyle style) {
+    switch (style) {
+    case DateStyle::shortStyle:
+        return icu::DateFormat::kShort;
+    case DateStyle::mediumStyle:
+        return icu::DateFormat::kMedium;
+    case DateStyle::none:
+        break;
+    }
+    return icu::DateFormat::kNone;
+}
+
+/// One thread's date formatters, made as they are asked for.
+class DateFormats {
+public:
+    /// Absent when neither a date nor a time is asked for.
+    const icu::DateFormat* get(DateStyle dateStyle, DateStyle timeStyle) {
+        if (dateStyle == DateStyle::none && timeStyle == DateStyle::none) {
+            return nullptr;
+        }
+        follow(environmentLocale("LC_TIME"));
+        auto& format = formats_[static_cast<std::size_t>(dateStyle)][static_cast<std::size_t>(timeStyle)];
+        if (!format) {
+            format.reset(icu::DateFormat::createDateTimeInstance(
+                libraryStyle(dateStyle), libraryStyle(timeStyle), localeNamed(localeName_)));
+        }
+        return format.get();
+    }
+
+private:
+    /// Drops the formatters when the user's locale or zone is no longer the one they were made for.
+    void follow(std::string_view localeName) {
+        std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
+        if (zone_ && *zone_ == *zone && localeName_ == localeName) {
+            return;
+        }
+        formats_ = {};
+        zone_ = std::move(zone);
+        localeName_ = localeName;
+    }
+
+    static constexpr std::size_t styles = 3;
+    std::array<std::array<std::unique_ptr<icu::DateFormat>, styles>, styles> formats_;
+    std::unique_ptr<icu::TimeZone> zone_;
+    std::string localeName_;
+};
+
+struct ByteUnit {
+    std::uint64_t bytes;
+    std::uint64_t stepsPerUnit; ///< 10 for one decimal, 100 for two
+    icu::MeasureUnit (*unit)();
+};
+
+/// In rising order. The library knows no unit above the petabyte; 64 bits of bytes are 9,223 of them.
+constexpr std::array byteUnits{
+    ByteUnit{1, 1, icu::MeasureUnit::getByte},
+    ByteUnit{1'000, 1, icu::MeasureUnit::getKilobyte},
+    ByteUnit{1'000'000, 10, icu::MeasureUnit::getMegabyte},
+    ByteUnit{1'000'000'000, 100, icu::MeasureUnit::getGigabyte},
+    ByteUnit{1'000'000'000'000, 100, icu::MeasureUnit::getTerabyte},
+    ByteUnit{1'000'000'000'000'000, 100, icu::MeasureUnit::getPetabyte},
+};
+constexpr std::size_t kilobyteIndex = 1;
+
+/// One thread's number formatters.
+class NumberFormats {
+public:
+    /// The formatters for the user's present locale.
+    NumberFormats& current() {
+        const std::string_view name = environmentLocale("LC_NUMERIC");
+        if (!localeName_ || *localeName_ != name) {
+            localeName_ = name;
+            make(localeNamed(name));
+        }
+        return *this;
+    }
+
+    [[nodiscard]] bool isEnglish() const { return isEnglish_; }
+
+    [[nodiscard]] std::string number(std::int64_t value) const {
+        UErrorCode status = U_ZERO_ERROR;
+        return utf8(number_.formatInt(value, status).toString(status));
+    }
+
+    /// `amount` of the unit at `unitIndex`, its symbol written with a capital K as file sizes have it.
+    [[nodiscard]] std::string quantity(double amount, std::size_t unitIndex) const {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::UnicodeString text = quantities_[unitIndex].formatDouble(amount, status).toString(status);
+        return utf8(text.findAndReplace(u"kB", u"KB"));
+    }
+
+private:
+    void make(const icu::Locale& locale) {
+        isEnglish_ = locale.getLanguage() == std::string_view("en");
+        number_ = icu::number::NumberFormatter::withLocale(locale);
+        for (std::size_t i = 0; i < byteUnits.size(); ++i) {
+            // Only the whole word has a plural for "999 bytes".
+            const UNumberUnitWidth width = i == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT;
+            quantities_[i] = number_.unit(byteUnits[i].unit())
+                                 .unitWidth(width)
+                                 .precision(icu::number::Precision::maxFraction(2));
+        }
+    }
+
+    std::optional<std::string> localeName_;
+    bool isEnglish_ = false;
+    icu::number::LocalizedNumberFormatter number_;
+    std::array<icu::number::LocalizedNumberFormatter, byteUnits.size()> quantities_;
+};
+
+NumberFormats& numberFormats() {
+    thread_local NumberFormats formats;
+    return formats.current();
+}
+
+} // namespace
+
+std::string TextFormat::date(Instant instant, DateStyle dateStyle, DateStyle timeStyle) {
+    thread_local DateFormats formats;
+    const icu::DateFormat* const format = formats.get(dateStyle, timeStyle);
+    if (format == nullptr) {
+        return {};
+    }
+    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(instant).time_since_epoch();
+    icu::UnicodeString text;
+    return utf8(format->format(static_cast<UDate>(milliseconds.count()), text));
+}
+
+std::string TextFormat::byteCount(std::int64_t bytes) {
+    const NumberFormats& formats = numberFormats();
+    if (bytes == 0) {
+        return formats.isEnglish() ? "Zero KB" : formats.quantity(0, kilobyteIndex);
+    }
+    const auto unsignedBytes = static_cast<std::uint64_t>(bytes);
+    const std::uint64_t magnitude = bytes < 0 ? 0 - unsignedBytes : unsignedBytes;
+    std::size_t index = 0;
+    std::uint64_t steps = magnitude;
+    // What rounds up to a thousand of one unit is shown as one of the next.
+    while (index + 1 < byteUnits.size() && steps >= 1000 * byteUnits[index].stepsPerUnit) {
+        ++index;
+        const std::uint64_t step = byteUnits[index].bytes / byteUnits[index].stepsPerUnit;
+        steps = (magnitude + step / 2) / step;
+    }
+    const double amount = static_cast<double>(steps) / static_cast<double>(byteUnits[index].stepsPerUnit);
+    return formats.quantity(bytes < 0 ? -amount : amount, index);
+}
+
+std::string TextFormat::number(std::int64_t value) {
+    return numberFormats().number(value);
+}
+
+} // namespace lumeo
