@@ -1,0 +1,99 @@
+#include "hashing/StreamingHashService.h"
+
+#include "platform/ChunkBuffer.h"
+
+#include <array>
+#include <cassert>
+#include <cerrno>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include <openssl/evp.h>
+
+namespace lumeo {
+namespace {
+
+constexpr std::size_t digestSize = 32;
+using Digest = std::array<std::uint8_t, digestSize>;
+
+/// Looking the algorithm up takes the library's locks; once is enough for the whole program.
+const EVP_MD* sha256Algorithm() {
+    static const std::unique_ptr<EVP_MD, decltype(&EVP_MD_free)> algorithm(
+        EVP_MD_fetch(nullptr, "SHA256", nullptr), &EVP_MD_free);
+    return algorithm.get();
+}
+
+/// An incremental SHA-256. Any step the library refuses makes the digest unavailable, never wrong.
+class Sha256 {
+public:
+    Sha256() : context_(EVP_MD_CTX_new(), &EVP_MD_CTX_free) {
+        usable_ = context_ && EVP_DigestInit_ex2(context_.get(), sha256Algorithm(), nullptr) == 1;
+    }
+
+    void update(std::span<const std::byte> bytes) {
+        usable_ = usable_ && EVP_DigestUpdate(context_.get(), bytes.data(), bytes.size()) == 1;
+    }
+
+    std::optional<Digest> finish() {
+        Digest digest{};
+        unsigned int size = 0;
+        usable_ = usable_ && EVP_DigestFinal_ex(context_.get(), digest.data(), &size) == 1;
+        return usable_ && size == digestSize ? std::optional(digest) : std::nullopt;
+    }
+
+private:
+    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context_;
+    bool usable_ = false;
+};
+
+std::string hexText(const Digest& digest) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string text;
+    text.reserve(2 * digest.size());
+    for (const std::uint8_t byte : digest) {
+        text += digits[byte >> 4U];
+        text += digits[byte & 0x0FU];
+    }
+    return text;
+}
+
+} // namespace
+
+Result<std::string, HashError> StreamingHashService::computeSHA256(const FileSystem& fileSystem,
+                                                                   const FilePath& path,
+                                                                   std::size_t chunkSize,
+                                                                   const CancellationCheck& cancelled) {
+    assert(chunkSize > 0);
+    const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
+    if (!file) {
+        return HashError(file.error());
+    }
+    Sha256 sha256;
+    const std::span<std::byte> chunk = threadChunkBuffer(chunkSize);
+    while (true) {
+        const FileResult<std::size_t> count = file.value()->read(chunk);
+        if (!count) {
+            return HashError(count.error());
+        }
+        if (*count == 0) {
+            break;
+        }
+        if (cancelled()) {
+            return HashError(Cancelled{});
+        }
+        sha256.update(chunk.first(*count));
+    }
+    if (cancelled()) {
+        return HashError(Cancelled{});
+    }
+    const std::optional<Digest> digest = sha256.finish();
+    if (!digest) {
+        return HashError(FileError{FileAction::read, path, ENOTSUP});
+    }
+    return hexText(*digest);
+}
+
+} // namespace lumeo
