@@ -1,0 +1,148 @@
+#include "platform/PosixDirectoryEnumerator.h"
+
+#include <algorithm>
+
+#include <fcntl.h>
+
+namespace lumeo {
+namespace {
+
+/// More than the depth of nearly every photo library, far fewer than a process may have open.
+constexpr std::size_t openFoldersLimit = 32;
+
+} // namespace
+
+PosixDirectoryEnumerator::PosixDirectoryEnumerator(std::function<void(const FileError&)> onError)
+    : onError_(std::move(onError)) {}
+
+FileResult<std::unique_ptr<DirectoryEnumerator>>
+PosixDirectoryEnumerator::start(const FilePath& folder, std::function<void(const FileError&)> onError) {
+    std::unique_ptr<PosixDirectoryEnumerator> walk(new PosixDirectoryEnumerator(std::move(onError)));
+    Descriptor descriptor(
+        callAt(folder, [](int from, const char* name) { return openWithoutTrace(from, name, O_DIRECTORY); }));
+    if (FileResult<void> entered = walk->enter(folder, std::move(descriptor)); !entered) {
+        return entered.error();
+    }
+    return std::unique_ptr<DirectoryEnumerator>(std::move(walk));
+}
+
+std::optional<DirectoryEntry> PosixDirectoryEnumerator::next() {
+    enterFolderGivenLast();
+    while (!levels_.empty()) {
+        Level& level = levels_.back();
+        const std::optional<std::string> name = nextName(level);
+        if (!name) {
+            levels_.pop_back();
+            continue;
+        }
+        FilePath path = level.folder.appending(*name);
+        // What the system knows from listing the folder will do: no server need be asked again.
+        FileResult<FileStatus> status =
+            statusAt(level.descriptor(), name->c_str(), AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC, path);
+        if (status && status->kind == FileKind::folder) {
+            folderGivenLast_ = path;
+        }
+        return DirectoryEntry{std::move(path), std::move(status)};
+    }
+    return std::nullopt;
+}
+
+FileResult<void> PosixDirectoryEnumerator::enter(FilePath folder, Descriptor descriptor) {
+    Stream stream(descriptor.isOpen() ? fdopendir(descriptor.get()) : nullptr);
+    if (!stream) {
+        return FileError{FileAction::list, std::move(folder), errno};
+    }
+    descriptor.release();
+    if (levels_.size() >= openFoldersLimit) {
+        layAside(levels_[levels_.size() - openFoldersLimit]);
+    }
+    levels_.push_back({std::move(folder), std::move(stream), {}, {}, {}});
+    return {};
+}
+
+void PosixDirectoryEnumerator::enterFolderGivenLast() {
+    if (!folderGivenLast_) {
+        return;
+    }
+    FilePath folder = std::move(*folderGivenLast_);
+    folderGivenLast_.reset();
+    // The path ends with the name, so the name ends with the path's NUL.
+    const char* const name = folder.lastComponent().data();
+    // A link may have taken the folder's place since.
+    Descriptor descriptor(openWithoutTrace(levels_.back().descriptor(), name, O_DIRECTORY | O_NOFOLLOW));
+    if (const FileResult<void> entered = enter(std::move(folder), std::move(descriptor)); !entered) {
+        report(entered.error().path, entered.error().errnoValue);
+    }
+}
+
+std::optional<std::string> PosixDirectoryEnumerator::nextName(Level& level) {
+    if (level.stream) {
+        return nextStreamName(level);
+    }
+    if (level.waitingNames.empty() || !reopen(level)) {
+        return std::nullopt;
+    }
+    std::string name = std::move(level.waitingNames.back());
+    level.waitingNames.pop_back();
+    return name;
+}
+
+std::optional<std::string> PosixDirectoryEnumerator::nextStreamName(Level& level) {
+    for (;;) {
+        errno = 0;
+        const dirent* const entry = readdir(level.stream.get());
+        if (entry == nullptr) {
+            if (errno != 0) {
+                report(level.folder, errno);
+            }
+            return std::nullopt;
+        }
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") {
+            return std::string(name);
+        }
+    }
+}
+
+/// Finds the way back to a folder laid aside; false when another one stands in its place.
+bool PosixDirectoryEnumerator::reopen(Level& level) {
+    if (level.place.isOpen()) {
+        return true;
+    }
+    Descriptor place(callAt(level.folder, [](int from, const char* name) {
+        return openat(from, name, O_PATH | O_DIRECTORY | O_CLOEXEC);
+    }));
+    if (!place.isOpen()) {
+        report(level.folder, errno);
+        return false;
+    }
+    const FileResult<FileStatus> status = statusAt(place.get(), "", AT_EMPTY_PATH, level.folder);
+    if (!status || status->identity != level.identity) {
+        report(level.folder, status ? ENOENT : status.error().errnoValue);
+        return false;
+    }
+    level.place = std::move(place);
+    return true;
+}
+
+void PosixDirectoryEnumerator::layAside(Level& level) {
+    if (level.stream) {
+        if (const auto status = statusAt(level.descriptor(), "", AT_EMPTY_PATH, level.folder); status) {
+            level.identity = status->identity;
+        }
+        while (std::optional<std::string> name = nextStreamName(level)) {
+            level.waitingNames.push_back(std::move(*name));
+        }
+        std::reverse(level.waitingNames.begin(), level.waitingNames.end());
+        level.stream.reset();
+    }
+    level.place = {};
+}
+
+void PosixDirectoryEnumerator::report(const FilePath& folder, int errnoValue) const {
+    if (onError_) {
+        onError_({FileAction::list, folder, errnoValue});
+    }
+}
+
+} // namespace lumeo
