@@ -9,6 +9,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -21,38 +22,57 @@ namespace lumeo {
 /// Keys in the order in which they were written, as in the record's declaration.
 using Json = nlohmann::ordered_json;
 
-/// Why a coded record could not be read: which key, and what is wrong with it.
+/// Why a coded record could not be read: which key, and what is wrong with it. An empty key means the
+/// record as a whole.
 struct DecodingError {
     std::string key;
     std::string problem;
-    [[nodiscard]] std::string message() const { return "\"" + key + "\" " + problem; }
+    [[nodiscard]] std::string message() const;
     friend bool operator==(const DecodingError&, const DecodingError&) = default;
 };
 
 template<class Value>
 using Decoded = Result<Value, DecodingError>;
 
-/// Writes a record's fields in turn. Absent optionals leave no key. Text that is not UTF-8 is written
-/// with replacement characters; paths that must survive go as file URLs.
+/// Anything that is text by itself; a Json value is not, though it converts to nearly everything.
+template<class Text>
+concept TextLike = std::is_convertible_v<const Text&, std::string_view> && !std::is_same_v<Text, Json>;
+
+/// Writes a record's fields in turn. Absent optionals leave no key, nor does a number that is not
+/// finite, which has no coded form. Text that is not UTF-8 is written with replacement characters;
+/// paths that must survive go as file URLs.
+///
+/// Every overload takes its own type exactly, so that no text becomes a boolean and no value becomes
+/// a Json by way of its many implicit conversions.
 class JsonWriter {
 public:
-    void set(std::string_view key, std::string_view text);
-    void set(std::string_view key, const char* text) { set(key, std::string_view(text)); }
-    void set(std::string_view key, bool value);
-    void set(std::string_view key, std::int64_t value);
-    void set(std::string_view key, double value);
-    void set(std::string_view key, Instant value);
-    void set(std::string_view key, const Uuid& value);
-    void set(std::string_view key, SharedText value) { set(key, value.view()); }
-    void set(std::string_view key, const std::vector<std::string>& texts);
-    void set(std::string_view key, Json value);
-    void setFileUrl(std::string_view key, const FilePath& path) {
-        set(key, std::string_view(path.fileUrl()));
+    template<TextLike Text>
+    void set(std::string_view key, const Text& text) {
+        setText(key, text);
     }
-
+    template<std::same_as<bool> Bool>
+    void set(std::string_view key, Bool value) {
+        put(key, value);
+    }
+    template<std::signed_integral Integer>
+    requires(!std::same_as<Integer, char>) void set(std::string_view key, Integer value) {
+        put(key, std::int64_t{value});
+    }
+    template<std::floating_point Real>
+    void set(std::string_view key, Real value) {
+        setNumber(key, value);
+    }
+    template<std::same_as<Json> Value>
+    void set(std::string_view key, Value value) {
+        put(key, std::move(value));
+    }
     template<class Enum>
     requires std::is_enum_v<Enum>
-    void set(std::string_view key, Enum value) { set(key, rawValue(value)); }
+    void set(std::string_view key, Enum value) { setText(key, rawValue(value)); }
+    void set(std::string_view key, Instant value) { setNumber(key, secondsSinceCodedEpoch(value)); }
+    void set(std::string_view key, const Uuid& value) { setText(key, value.text()); }
+    void set(std::string_view key, SharedText value) { setText(key, value.view()); }
+    void set(std::string_view key, const std::vector<std::string>& texts);
     template<class Value>
     void set(std::string_view key, const std::optional<Value>& value) {
         if (value) {
@@ -60,15 +80,27 @@ public:
         }
     }
 
+    void setFileUrl(std::string_view key, const FilePath& path) { setText(key, path.fileUrl()); }
+    void setFileUrl(std::string_view key, const std::optional<FilePath>& path) {
+        if (path) {
+            setFileUrl(key, *path);
+        }
+    }
+
     [[nodiscard]] Json take() && { return std::move(object_); }
 
 private:
+    void put(std::string_view key, Json value) { object_[std::string(key)] = std::move(value); }
+    void setText(std::string_view key, std::string_view text);
+    void setNumber(std::string_view key, double value);
+
     Json object_ = Json::object();
 };
 
-/// Reads a record's fields in turn and remembers the first thing wrong. A required key that is
-/// missing, a wrong type or an unknown enumeration text fails the record; an optional key may be
-/// missing or null, but not of another type.
+/// Reads a record's fields in turn and remembers the first thing wrong, after which it reads no more.
+/// A required key that is missing or null, a wrong type or an unknown enumeration text fails the
+/// record; an optional key may be missing or null, but not of another type. A whole number may be
+/// written with a fraction of zero (3.0), as some encoders do; one beyond 64 bits fails.
 ///
 ///     JsonReader reader(json);
 ///     reader.require("id", item.id);
@@ -76,6 +108,7 @@ private:
 ///     if (reader.error()) return *reader.error();
 class JsonReader {
 public:
+    /// `object` must outlive the reader; anything but a keyed object is an error.
     explicit JsonReader(const Json& object);
 
     void require(std::string_view key, std::string& text);
@@ -127,7 +160,8 @@ public:
     [[nodiscard]] const std::optional<DecodingError>& error() const noexcept { return error_; }
 
 private:
-    const Json* find(std::string_view key);
+    /// The value under `key`; null when there is none, or once something was wrong.
+    [[nodiscard]] const Json* find(std::string_view key) const;
 
     const Json& object_;
     std::optional<DecodingError> error_;

@@ -1,0 +1,199 @@
+#include "model/MediaItemCoding.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace lumeo {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+MediaItem fullItem() {
+    const Instant day = codedEpoch + std::chrono::hours(24);
+    MediaItem item;
+    item.id = *Uuid::fromText("00112233-4455-6677-8899-AABBCCDDEEFF");
+    item.sourceURL = FilePath("/media/card/DCIM/Été 100%.JPG");
+    item.utType = SharedText("public.jpeg");
+    item.mediaType = MediaType::photo;
+    item.dateSource = DateSourceType::exifDateTimeOriginal;
+    item.dateConfidence = DateConfidence::high;
+    item.hasGPS = true;
+    item.fileSize = 9'007'199'254'740'993; // more than a double can hold exactly
+    item.filesystemCreationDate = day;
+    item.filesystemModificationDate = day + std::chrono::microseconds(123'457);
+    item.metadataCaptureDate = codedEpoch - std::chrono::hours(100'000);
+    item.metadataCreateDate = day;
+    item.videoCreationDate = day;
+    item.filenameDerivedDate = day;
+    item.resolvedDate = codedEpoch - std::chrono::hours(100'000);
+    item.dateSuspiciousWarning = SharedText("Date is set in the future");
+    item.cameraMake = SharedText("Canon");
+    item.cameraModel = SharedText("");
+    item.lensModel = SharedText("EF 50mm \"f/1.8\"");
+    item.pixelWidth = 6000;
+    item.pixelHeight = 4000;
+    item.durationSeconds = 1.5;
+    item.gpsLatitude = -33.8567844;
+    item.gpsLongitude = 151.2152967;
+    item.sha256Hash = std::string(64, 'a');
+    item.exactDuplicateGroupID = Uuid::random();
+    item.probableDuplicateGroupID = Uuid::random();
+    item.plannedDestinationURL = FilePath("/archive/2001/01/\xFF\nname.jpg");
+    item.scanWarnings = {"Date is set in the future"};
+    item.scanErrors = {"one", "two"};
+    return item;
+}
+
+MediaItem bareItem() {
+    MediaItem item;
+    item.id = Uuid::random();
+    item.sourceURL = FilePath("/README");
+    return item;
+}
+
+std::vector<std::string> keysOf(const Json& json) {
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : json.items()) {
+        keys.push_back(key);
+    }
+    return keys;
+}
+
+TEST(MediaItemCoding, WritesEveryFieldUnderItsNameInTheOrderOfTheRecord) {
+    const Json json = encode(fullItem());
+    EXPECT_THAT(keysOf(json),
+                ElementsAre("id", "sourceURL", "fileName", "fileExtension", "utType", "mediaType", "fileSize",
+                            "filesystemCreationDate", "filesystemModificationDate", "metadataCaptureDate",
+                            "metadataCreateDate", "videoCreationDate", "filenameDerivedDate", "resolvedDate",
+                            "dateSource", "dateConfidence", "dateSuspiciousWarning", "cameraMake",
+                            "cameraModel", "lensModel", "pixelWidth", "pixelHeight", "durationSeconds",
+                            "hasGPS", "gpsLatitude", "gpsLongitude", "sha256Hash", "exactDuplicateGroupID",
+                            "probableDuplicateGroupID", "plannedDestinationURL", "scanWarnings",
+                            "scanErrors"));
+    EXPECT_EQ(json["id"], "00112233-4455-6677-8899-AABBCCDDEEFF");
+    EXPECT_EQ(json["sourceURL"], "file:///media/card/DCIM/%C3%89t%C3%A9%20100%25.JPG");
+    EXPECT_EQ(json["fileName"], "Été 100%.JPG");
+    EXPECT_EQ(json["fileExtension"], "JPG");
+    EXPECT_EQ(json["mediaType"], "photo");
+    EXPECT_EQ(json["filesystemCreationDate"], 86'400.0);
+    EXPECT_EQ(json["dateSource"], "exifDateTimeOriginal");
+    EXPECT_EQ(json["hasGPS"], true);
+}
+
+TEST(MediaItemCoding, ReadsBackWhatItWroteThroughText) {
+    MediaItem oddlyNamed = bareItem();
+    oddlyNamed.sourceURL = FilePath("/disk/caf\xE9\n.jpg");
+    for (const MediaItem& item : {fullItem(), bareItem(), oddlyNamed}) {
+        const Decoded<MediaItem> decoded = decodeMediaItem(Json::parse(encode(item).dump()));
+        ASSERT_TRUE(decoded) << decoded.error().message();
+        EXPECT_EQ(*decoded, item);
+    }
+    EXPECT_EQ(encode(oddlyNamed)["fileName"], "caf\uFFFD\n.jpg");
+}
+
+TEST(MediaItemCoding, LeavesAbsentFieldsOutAndTakesNullForThem) {
+    Json json = encode(bareItem());
+    EXPECT_THAT(keysOf(json),
+                ElementsAre("id", "sourceURL", "fileName", "fileExtension", "mediaType", "fileSize",
+                            "dateSource", "dateConfidence", "hasGPS", "scanWarnings", "scanErrors"));
+    const Decoded<MediaItem> without = decodeMediaItem(json);
+    json["utType"] = nullptr;
+    json["pixelWidth"] = nullptr;
+    json["plannedDestinationURL"] = nullptr;
+    const Decoded<MediaItem> withNulls = decodeMediaItem(json);
+    ASSERT_TRUE(without && withNulls);
+    EXPECT_EQ(*without, *withNulls);
+}
+
+TEST(MediaItemCoding, RefusesARecordThatLacksARequiredKey) {
+    const Json whole = encode(bareItem());
+    for (const std::string& key : keysOf(whole)) {
+        Json json = whole;
+        json.erase(key);
+        EXPECT_EQ(decodeMediaItem(json).error(), (DecodingError{key, "is missing"}));
+        json[key] = nullptr;
+        EXPECT_FALSE(decodeMediaItem(json)) << key;
+    }
+}
+
+TEST(MediaItemCoding, RefusesWrongTypesAndUnknownTexts) {
+    const Json text = "text";
+    const Json number = 7.25;
+    const std::vector<std::pair<std::string, Json>> faults = {
+        {"id", "not-an-identifier"},
+        {"id", number},
+        {"sourceURL", "/plain/path"},
+        {"sourceURL", "file:///%zz"},
+        {"fileName", 1},
+        {"fileExtension", Json::array()},
+        {"mediaType", "Photo"},
+        {"dateSource", ""},
+        {"dateConfidence", 3},
+        {"fileSize", 3.5},
+        {"fileSize", "3"},
+        {"fileSize", 18'446'744'073'709'551'615U},
+        {"fileSize", 1e19},
+        {"hasGPS", 0},
+        {"hasGPS", "true"},
+        {"resolvedDate", "2001-01-01"},
+        {"pixelWidth", true},
+        {"durationSeconds", text},
+        {"plannedDestinationURL", "https://example.org/a.jpg"},
+        {"exactDuplicateGroupID", "00112233"},
+        {"scanWarnings", text},
+        {"scanErrors", Json::array({1})},
+    };
+    for (const auto& [key, value] : faults) {
+        Json json = encode(fullItem());
+        json[key] = value;
+        const Decoded<MediaItem> decoded = decodeMediaItem(json);
+        ASSERT_FALSE(decoded) << key << " = " << value;
+        EXPECT_EQ(decoded.error().key, key);
+    }
+    EXPECT_FALSE(decodeMediaItem(Json::array()));
+    EXPECT_FALSE(decodeMediaItem(Json(nullptr)));
+}
+
+TEST(JsonReader, TakesWholeNumbersHoweverTheyAreWritten) {
+    const std::string text =
+        R"({"a": 3.0, "b": -9223372036854775808, "c": 9223372036854775807, "d": 9223372036854775808})";
+    const Json json = Json::parse(text);
+    JsonReader reader(json);
+    std::int64_t a = 0;
+    std::int64_t b = 0;
+    std::int64_t c = 0;
+    reader.require("a", a);
+    reader.require("b", b);
+    reader.require("c", c);
+    EXPECT_FALSE(reader.error());
+    EXPECT_EQ(a, 3);
+    EXPECT_EQ(b, std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(c, std::numeric_limits<std::int64_t>::max());
+    reader.require("d", c);
+    EXPECT_TRUE(reader.error());
+}
+
+TEST(JsonWriter, KeepsTextTextAndNumbersNumbers) {
+    JsonWriter writer;
+    const char* literal = "pointer";
+    writer.set("pointer", literal);
+    writer.set("array", "array");
+    writer.set("string", std::string("string"));
+    writer.set("optional", std::optional<std::string>("maybe"));
+    writer.set("bool", true);
+    writer.set("int", 7);
+    writer.set("json", Json::array({1, 2}));
+    writer.set("broken", "a\xFFz");
+    writer.set("nan", std::nan(""));
+    writer.set("infinite", std::optional(std::numeric_limits<double>::infinity()));
+    EXPECT_EQ(std::move(writer).take().dump(),
+              R"({"pointer":"pointer","array":"array","string":"string","optional":"maybe",)"
+              R"("bool":true,"int":7,"json":[1,2],"broken":"a�z"})");
+}
+
+} // namespace
+} // namespace lumeo
