@@ -10,7 +10,6 @@ namespace lumeo {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 MediaItem fullItem() {
     const Instant day = codedEpoch + std::chrono::hours(24);

@@ -1,0 +1,64 @@
+#include "scan/MediaTypeDetector.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace lumeo {
+namespace {
+
+/// "photo public.jpeg", or "-" when the file is not supported.
+std::string detected(const std::string& name) {
+    const auto detection = MediaTypeDetector::detectType(FilePath("/card/" + name));
+    return detection ? std::string(rawValue(detection->mediaType)) + " " + detection->utType.str() : "-";
+}
+
+TEST(MediaTypeDetector, KnowsEveryFormatThatCamerasAndPhonesWrite) {
+    const std::vector<std::pair<MediaType, std::vector<std::string>>> families = {
+        {MediaType::rawPhoto, {"dng", "cr2", "cr3", "nef", "arw", "raf", "rw2", "orf", "pef", "sr2",
+                               "srf", "x3f", "nrw", "kdc", "mrw", "erf", "mef", "mos", "crw"}},
+        {MediaType::photo, {"jpg", "jpeg", "png", "heic", "heif", "tiff", "tif", "bmp", "gif", "webp", "avif",
+                            "ico", "jp2", "j2k", "jpf"}},
+        {MediaType::video, {"mov", "mp4", "m4v", "avi", "mkv", "3gp", "3g2", "mts", "m2ts", "ts", "wmv", "flv",
+                            "webm", "dv", "mpg", "mpeg"}},
+    };
+    for (const auto& [mediaType, extensions] : families) {
+        for (const std::string& extension : extensions) {
+            const auto detection = MediaTypeDetector::detectType(FilePath("/card/a." + extension));
+            ASSERT_TRUE(detection) << extension;
+            EXPECT_EQ(detection->mediaType, mediaType) << extension;
+            EXPECT_FALSE(detection->utType.view().empty()) << extension;
+        }
+    }
+}
+
+TEST(MediaTypeDetector, GivesTheSpecificIdentifierWhateverTheCase) {
+    EXPECT_EQ(detected("IMG_0001.JPG"), "photo public.jpeg");
+    EXPECT_EQ(detected("a.tar.HeIc"), "photo public.heic");
+    EXPECT_EQ(detected("a.DNG"), "rawPhoto com.adobe.raw-image");
+    EXPECT_EQ(detected("a.cr2"), "rawPhoto com.canon.cr2-raw-image");
+    EXPECT_EQ(detected("a.x3f"), "rawPhoto public.camera-raw-image");
+    EXPECT_EQ(detected("00001.MTS"), "video public.avchd-mpeg-2-transport-stream");
+    EXPECT_EQ(detected("a.mov"), "video com.apple.quicktime-movie");
+}
+
+TEST(MediaTypeDetector, KnowsRarerMediaToo) {
+    EXPECT_EQ(detected("a.3fr"), "rawPhoto com.hasselblad.3fr-raw-image");
+    EXPECT_EQ(detected("a.psd"), "photo com.adobe.photoshop-image");
+    EXPECT_EQ(detected("a.svgz"), "photo public.svg-image");
+    EXPECT_EQ(detected("a.mp3"), "video public.mp3");
+    EXPECT_EQ(detected("voice.M4A"), "video com.apple.m4a-audio");
+}
+
+TEST(MediaTypeDetector, LeavesEverythingElseAlone) {
+    for (const std::string name : {"a.pdf", "a.txt", "jpg", ".jpg", "a.jpg.", "a.jp", "a.jpgx", "a.heicsx", "a.jpg ",
+                                   "a.zip", "a.xmp", "a.aae", "a.\xFF\xFE", "README", "a.partial"}) {
+        EXPECT_EQ(detected(name), "-") << name;
+    }
+    EXPECT_EQ(detected(std::string("a.jp\0", 5)), "-");
+    EXPECT_EQ(detected("a." + std::string(250, 'j')), "-");
+}
+
+} // namespace
+} // namespace lumeo
