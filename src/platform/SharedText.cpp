@@ -1,5 +1,7 @@
 #include "platform/SharedText.h"
 
+#include "platform/TextHash.h"
+
 #include <mutex>
 #include <unordered_set>
 
@@ -7,15 +9,9 @@ namespace lumeo {
 namespace {
 
 const std::string* sharedCopy(std::string_view text) {
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view value) const noexcept {
-            return std::hash<std::string_view>{}(value);
-        }
-    };
     // Never destroyed: values may outlive every static object.
     static auto& mutex = *new std::mutex;
-    static auto& texts = *new std::unordered_set<std::string, Hash, std::equal_to<>>;
+    static auto& texts = *new std::unordered_set<std::string, TextHash, std::equal_to<>>;
     const std::lock_guard guard(mutex);
     auto found = texts.find(text);
     if (found == texts.end()) {
