@@ -3,6 +3,7 @@
 #include "platform/FileSystem.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -13,8 +14,9 @@ namespace lumeo {
 /// overwritten; only an existing file with the very same content may be an item's destination.
 ///
 /// One resolver serves one planning pass, on one thread. It remembers what it gave out and what it
-/// learned of the disk, so that a pass over files that all share one name stays linear and no existing
-/// file is hashed twice.
+/// learned of the disk: no name is looked up twice, no existing file hashed twice, and a pass over
+/// files that all share one name stays linear. What changes on the disk meanwhile goes unseen; the
+/// transfer, which never replaces anything, has the last word.
 class CollisionResolver {
 public:
     /// `fileSystem` must outlive the resolver.
@@ -23,16 +25,18 @@ public:
     CollisionResolver(const CollisionResolver&) = delete;
     CollisionResolver& operator=(const CollisionResolver&) = delete;
 
-    /// `desired` itself when it is free, or holds a file whose digest is `sourceHash`; else the first
-    /// of name_2.ext, name_3.ext, … that is. `size` is the source's, in bytes: an existing file of
-    /// another size is not read. Without `sourceHash` no identity can be shown. An existing file that
-    /// cannot be read, or a requested `stop`, counts as different.
+    /// `desired`, an absolute path, itself when it is free or holds a file whose digest is `sourceHash`;
+    /// else the first of name_2.ext, name_3.ext, … that is. `size` is the source's, in bytes: an existing
+    /// file of another size is not read. Without `sourceHash` no identity can be shown. An existing file
+    /// that cannot be read, or a requested `stop`, counts as different.
     FilePath resolveUniqueDestination(const FilePath& desired, std::int64_t size,
                                       const std::optional<std::string>& sourceHash,
                                       const std::stop_token& stop = {});
 
 private:
-    const FileSystem& fileSystem_;
+    struct Memory;
+
+    std::unique_ptr<Memory> memory_;
 };
 
 } // namespace lumeo

@@ -1,0 +1,216 @@
+#include "planning/CollisionResolver.h"
+
+#include "hashing/StreamingHashService.h"
+#include "platform/TextHash.h"
+
+#include <cerrno>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace lumeo {
+namespace {
+
+/// Where a name stands in the row desired (1), name_2, name_3, …
+using Counter = std::uint64_t;
+
+struct NumberedNames;
+
+/// One name in one folder that was looked up or given out. Catalogues of a million items make a million
+/// of these, so the rarer parts hang off it.
+struct Place {
+    static constexpr std::int64_t noFile = -1;
+
+    bool isPlanned = false;
+    bool isOnDisk = false;
+    bool isHashed = false;                        ///< reading it was tried
+    std::int64_t fileSize = noFile;               ///< of the existing regular file
+    std::unique_ptr<const std::string> digest;    ///< of the existing file; null when it could not be read
+    std::unique_ptr<NumberedNames> numberedNames; ///< made when this name was wanted but taken
+
+    [[nodiscard]] bool isTaken() const { return isPlanned || isOnDisk; }
+};
+
+/// The existing files of one size in a row of names.
+struct SameSizedFiles {
+    std::vector<std::pair<Place*, Counter>> files;
+    std::size_t hashedCount = 0; ///< of `files`, from the front
+    std::unordered_map<std::string_view, Counter> firstWithDigest;
+};
+
+/// What is known of the row of names that a wanted name leads to. Names are given out but never given
+/// back, so both counters only grow.
+struct NumberedNames {
+    Counter firstFree = 2; ///< every name before it is taken
+    Counter indexed = 1;   ///< the names before it are in `filesBySize` if a file is there
+    std::unordered_map<std::int64_t, SameSizedFiles> filesBySize;
+};
+
+struct Folder {
+    bool exists = false;
+    std::unordered_map<std::string, Place, TextHash, std::equal_to<>> places;
+};
+
+/// A wanted path taken apart: everything up to the last slash, with it, and the file's name.
+struct WantedPath {
+    explicit WantedPath(const std::string& bytes)
+        : folder(std::string_view(bytes).substr(0, bytes.rfind('/') + 1)),
+          name(std::string_view(bytes).substr(folder.size())),
+          extension(pathExtension(name)),
+          base(deletingPathExtension(name)) {}
+
+    [[nodiscard]] std::string numberedName(Counter counter) const {
+        if (counter == 1) {
+            return std::string(name);
+        }
+        std::string text(base);
+        text += '_';
+        text += std::to_string(counter);
+        if (!extension.empty()) {
+            text += '.';
+            text += extension;
+        }
+        return text;
+    }
+    [[nodiscard]] FilePath path(Counter counter) const {
+        return FilePath(std::string(folder) + numberedName(counter));
+    }
+
+    std::string_view folder;
+    std::string_view name;
+    std::string_view extension;
+    std::string_view base;
+};
+
+} // namespace
+
+struct CollisionResolver::Memory {
+    const FileSystem& fileSystem;
+    std::unordered_map<std::string, Folder, TextHash, std::equal_to<>> folders;
+
+    Folder& folderOf(const FilePath& desired, std::string_view text);
+    Place& placeOf(Folder& folder, const WantedPath& wanted, Counter counter);
+    const std::string* digestOf(Place& place, const FilePath& path, const std::stop_token& stop) const;
+    std::optional<Counter> findIdentical(Folder& folder, const WantedPath& wanted, NumberedNames& names,
+                                         std::int64_t size, const std::string& hash,
+                                         const std::stop_token& stop);
+};
+
+Folder& CollisionResolver::Memory::folderOf(const FilePath& desired, std::string_view text) {
+    const auto known = folders.find(text);
+    if (known != folders.end()) {
+        return known->second;
+    }
+    Folder& folder = folders[std::string(text)];
+    // Most folders of a new archive do not exist yet: then nothing in them need be looked up.
+    const FileResult<FileStatus> status = fileSystem.targetStatus(desired.parent());
+    folder.exists = status || (status.error().errnoValue != ENOENT && status.error().errnoValue != ENOTDIR);
+    return folder;
+}
+
+Place& CollisionResolver::Memory::placeOf(Folder& folder, const WantedPath& wanted, Counter counter) {
+    const auto [entry, isNew] = folder.places.try_emplace(wanted.numberedName(counter));
+    Place& place = entry->second;
+    if (!isNew || !folder.exists) {
+        return place;
+    }
+    const FilePath path = wanted.path(counter);
+    FileResult<FileStatus> status = fileSystem.status(path);
+    // A name that cannot be examined is not passed over: where permission lacks or a path is too long,
+    // the next name fares no better, and the transfer will tell the reason.
+    place.isOnDisk = status.hasValue();
+    if (status && status->kind == FileKind::symbolicLink) {
+        status = fileSystem.targetStatus(path);
+    }
+    if (status && status->kind == FileKind::regular) {
+        place.fileSize = status->size;
+    }
+    return place;
+}
+
+const std::string* CollisionResolver::Memory::digestOf(Place& place, const FilePath& path,
+                                                       const std::stop_token& stop) const {
+    if (!place.isHashed && !stop.stop_requested()) {
+        place.isHashed = true;
+        Result<std::string, HashError> digest = StreamingHashService::computeSHA256(
+            fileSystem, path, StreamingHashService::chunkSize, [&] { return stop.stop_requested(); });
+        if (digest) {
+            place.digest = std::make_unique<const std::string>(std::move(*digest));
+        }
+    }
+    return place.digest.get();
+}
+
+/// The first name in the row, before the first free one, with a file of this content.
+std::optional<Counter> CollisionResolver::Memory::findIdentical(Folder& folder, const WantedPath& wanted,
+                                                                NumberedNames& names, std::int64_t size,
+                                                                const std::string& hash,
+                                                                const std::stop_token& stop) {
+    for (; names.indexed < names.firstFree; ++names.indexed) {
+        Place& place = placeOf(folder, wanted, names.indexed);
+        if (place.fileSize != Place::noFile) {
+            names.filesBySize[place.fileSize].files.emplace_back(&place, names.indexed);
+        }
+    }
+    const auto found = names.filesBySize.find(size);
+    if (found == names.filesBySize.end()) {
+        return std::nullopt;
+    }
+    SameSizedFiles& sameSized = found->second;
+    if (const auto known = sameSized.firstWithDigest.find(hash); known != sameSized.firstWithDigest.end()) {
+        return known->second;
+    }
+    while (sameSized.hashedCount < sameSized.files.size()) {
+        const auto [place, counter] = sameSized.files[sameSized.hashedCount++];
+        const std::string* digest = digestOf(*place, wanted.path(counter), stop);
+        if (digest != nullptr) {
+            sameSized.firstWithDigest.emplace(*digest, counter);
+            if (*digest == hash) {
+                return counter;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+CollisionResolver::CollisionResolver(const FileSystem& fileSystem) : memory_(new Memory{fileSystem, {}}) {}
+
+CollisionResolver::~CollisionResolver() = default;
+
+FilePath CollisionResolver::resolveUniqueDestination(const FilePath& desired, std::int64_t size,
+                                                     const std::optional<std::string>& sourceHash,
+                                                     const std::stop_token& stop) {
+    const WantedPath wanted(desired.bytes());
+    Folder& folder = memory_->folderOf(desired, wanted.folder);
+    Place& first = memory_->placeOf(folder, wanted, 1);
+    if (!first.isTaken()) {
+        first.isPlanned = true;
+        return desired;
+    }
+    if (sourceHash && first.fileSize == size) {
+        const std::string* digest = memory_->digestOf(first, desired, stop);
+        if (digest != nullptr && *digest == *sourceHash) {
+            return desired;
+        }
+    }
+    if (!first.numberedNames) {
+        first.numberedNames = std::make_unique<NumberedNames>();
+    }
+    NumberedNames& names = *first.numberedNames;
+    Place* free = &memory_->placeOf(folder, wanted, names.firstFree);
+    while (free->isTaken()) {
+        free = &memory_->placeOf(folder, wanted, ++names.firstFree);
+    }
+    if (sourceHash) {
+        const std::optional<Counter> identical =
+            memory_->findIdentical(folder, wanted, names, size, *sourceHash, stop);
+        if (identical) {
+            return wanted.path(*identical);
+        }
+    }
+    free->isPlanned = true;
+    return wanted.path(names.firstFree);
+}
+
+} // namespace lumeo

@@ -1,0 +1,136 @@
+#include "planning/PathTemplateEngine.h"
+
+#include "platform/LocalCalendar.h"
+#include "platform/Utf8Text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace lumeo {
+namespace {
+
+/// What file systems allow a single name, in bytes.
+constexpr std::size_t maxNameLength = 255;
+
+constexpr std::array<std::string_view, 12> monthNames{
+    "January", "February", "March",     "April",   "May",      "June",
+    "July",    "August",   "September", "October", "November", "December",
+};
+
+std::string_view monthName(int month) {
+    return month >= 1 && month <= 12 ? monthNames[static_cast<std::size_t>(month - 1)] : "Unknown";
+}
+
+std::string_view mediaTypeName(MediaType type) {
+    switch (type) {
+    case MediaType::photo:
+        return "Photo";
+    case MediaType::video:
+        return "Video";
+    case MediaType::rawPhoto:
+        return "RAW Photo";
+    case MediaType::other:
+        break;
+    }
+    return "Other Media";
+}
+
+std::string padded(int number, std::size_t width) {
+    std::string digits = std::to_string(number);
+    digits.insert(0, width - std::min(width, digits.size()), '0');
+    return digits;
+}
+
+std::string cameraText(const std::optional<SharedText>& text, std::string_view otherwise) {
+    // Clipped first: texts from a file may hold tokens in turn, and must not multiply without bound.
+    return PathTemplateEngine::sanitizedComponent(text ? clippedToBytes(text->view(), maxNameLength)
+                                                       : otherwise);
+}
+
+/// Replaces every `token` in `text`; `value` is asked once, and only if there is one.
+template<class Value>
+void replaceToken(std::string& text, std::string_view token, Value value) {
+    std::size_t found = text.find(token);
+    if (found == std::string::npos) {
+        return;
+    }
+    const std::string replacement(value());
+    do {
+        text.replace(found, token.size(), replacement);
+        found = text.find(token, found + replacement.size());
+    } while (found != std::string::npos);
+}
+
+/// Appends one folder level to `path`, unless nothing but white space would name it.
+void appendFolder(std::string& path, std::string_view piece) {
+    std::string name(trimmingWhitespace(clippedToBytes(trimmingWhitespace(piece), maxNameLength)));
+    if (name.empty()) {
+        return;
+    }
+    // To the system a NUL would end the path in its middle.
+    std::replace(name.begin(), name.end(), '\0', '_');
+    // These two name no folder of their own; ".." would lead out of the archive.
+    if (name == "." || name == "..") {
+        std::replace(name.begin(), name.end(), '.', '_');
+    }
+    if (!path.empty()) {
+        path += '/';
+    }
+    path += name;
+}
+
+std::string folderPath(std::string_view text) {
+    std::string path;
+    path.reserve(text.size());
+    for (std::size_t start = 0; start <= text.size();) {
+        const std::size_t end = std::min(text.find('/', start), text.size());
+        appendFolder(path, text.substr(start, end - start));
+        start = end + 1;
+    }
+    return path;
+}
+
+} // namespace
+
+std::string PathTemplateEngine::render(std::string_view folderTemplate, Instant date, const MediaItem& item) {
+    const WallTime wall = LocalCalendar::components(date);
+    std::string text(folderTemplate);
+    // The order is part of what a template means: a value may complete a token that comes later.
+    replaceToken(text, "{YYYY}", [&] { return padded(wall.year, 4); });
+    replaceToken(text, "{YY}", [&] { return padded(wall.year % 100, 2); });
+    replaceToken(text, "{MM}", [&] { return padded(wall.month, 2); });
+    replaceToken(text, "{DD}", [&] { return padded(wall.day, 2); });
+    replaceToken(text, "{Month}", [&] { return monthName(wall.month); });
+    replaceToken(text, "{MonthShort}", [&] { return monthName(wall.month).substr(0, 3); });
+    replaceToken(text, "{CameraMake}", [&] { return cameraText(item.cameraMake, "Unknown Camera"); });
+    replaceToken(text, "{CameraModel}", [&] { return cameraText(item.cameraModel, "Unknown Model"); });
+    replaceToken(text, "{MediaType}", [&] { return mediaTypeName(item.mediaType); });
+    return folderPath(text);
+}
+
+std::string PathTemplateEngine::renderRelativePath(const MediaItem& item, OrganizationPreset preset,
+                                                   std::optional<std::string_view> customTemplate,
+                                                   std::string_view unknownDateFolder) {
+    if (!item.resolvedDate) {
+        return std::string(unknownDateFolder);
+    }
+    const bool isCustom = preset == OrganizationPreset::custom && customTemplate.has_value();
+    return render(isCustom ? *customTemplate : defaultTemplate(preset), *item.resolvedDate, item);
+}
+
+std::string PathTemplateEngine::sanitizedComponent(std::string_view text) {
+    constexpr std::string_view forbidden = "/:\\?%*|\"<>";
+    std::string cleaned(text);
+    for (char& character : cleaned) {
+        if (forbidden.find(character) != std::string_view::npos) {
+            character = '_';
+        }
+    }
+    const std::size_t first = cleaned.find_first_not_of(" \t");
+    if (first == std::string::npos) {
+        return {};
+    }
+    return cleaned.substr(first, cleaned.find_last_not_of(" \t") - first + 1);
+}
+
+} // namespace lumeo
