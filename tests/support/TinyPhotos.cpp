@@ -1,0 +1,222 @@
+#include "support/TinyPhotos.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumeo {
+
+namespace {
+
+constexpr std::uint16_t exifPointer = 0x8769;
+constexpr std::uint16_t gpsPointer = 0x8825;
+
+std::string bigEndian16(std::size_t value) {
+    return {static_cast<char>(value >> 8U & 0xFFU), static_cast<char>(value & 0xFFU)};
+}
+
+std::string segment(unsigned char marker, const std::string& content) {
+    return std::string{'\xFF', static_cast<char>(marker)} + bigEndian16(content.size() + 2) + content;
+}
+
+using Entries = std::vector<TiffMaker::Entry>;
+
+Entries exifEntries(const TiffMaker& tiff, const TinyPhoto& photo) {
+    Entries entries;
+    if (photo.dateTimeOriginal) {
+        entries.push_back(tiff.text(0x9003, *photo.dateTimeOriginal));
+    }
+    if (photo.dateTimeDigitized) {
+        entries.push_back(tiff.text(0x9004, *photo.dateTimeDigitized));
+    }
+    if (photo.makerNote) {
+        entries.push_back({0x927C, 7, static_cast<std::uint32_t>(photo.makerNote->size()), *photo.makerNote});
+    }
+    if (photo.pixelXDimension) {
+        entries.push_back(tiff.number32(0xA002, *photo.pixelXDimension));
+    }
+    if (photo.pixelYDimension) {
+        entries.push_back(tiff.number32(0xA003, *photo.pixelYDimension));
+    }
+    if (photo.lensModel) {
+        entries.push_back(tiff.text(0xA434, *photo.lensModel));
+    }
+    return entries;
+}
+
+Entries gpsEntries(const TiffMaker& tiff, const TinyPhoto& photo) {
+    if (!photo.latitude || !photo.longitude) {
+        return {};
+    }
+    return {tiff.text(1, *photo.latitude < 0 ? "S" : "N"), tiff.degrees(2, std::abs(*photo.latitude)),
+            tiff.text(3, *photo.longitude < 0 ? "W" : "E"), tiff.degrees(4, std::abs(*photo.longitude))};
+}
+
+Entries cameraEntries(const TiffMaker& tiff, const TinyPhoto& photo) {
+    Entries entries;
+    if (photo.make) {
+        entries.push_back(tiff.text(0x010F, *photo.make));
+    }
+    if (photo.model) {
+        entries.push_back(tiff.text(0x0110, *photo.model));
+    }
+    if (photo.dateTime) {
+        entries.push_back(tiff.text(0x0132, *photo.dateTime));
+    }
+    return entries;
+}
+
+/// The whole structure: the first directory with `main` and the camera's facts, then the Exif and GPS
+/// directories. Empty when there is nothing to tell.
+std::string structure(const TiffMaker& tiff, const TinyPhoto& photo, Entries main) {
+    const Entries camera = cameraEntries(tiff, photo);
+    main.insert(main.end(), camera.begin(), camera.end());
+    const Entries exif = exifEntries(tiff, photo);
+    const Entries gps = gpsEntries(tiff, photo);
+    if (main.empty() && exif.empty() && gps.empty()) {
+        return {};
+    }
+    // The offsets do not change a directory's length, so a first pass with zeros tells where each goes.
+    const auto layOut = [&](std::uint32_t exifAt, std::uint32_t gpsAt) {
+        Entries entries = main;
+        if (!exif.empty()) {
+            entries.push_back(tiff.number32(exifPointer, exifAt));
+        }
+        if (!gps.empty()) {
+            entries.push_back(tiff.number32(gpsPointer, gpsAt));
+        }
+        return tiff.directory(entries, tiff.header().size());
+    };
+    const std::size_t exifAt = tiff.header().size() + layOut(0, 0).size();
+    const std::string exifBytes = exif.empty() ? "" : tiff.directory(exif, exifAt);
+    const std::size_t gpsAt = exifAt + exifBytes.size();
+    const std::string gpsBytes = gps.empty() ? "" : tiff.directory(gps, gpsAt);
+    return tiff.header() + layOut(static_cast<std::uint32_t>(exifAt), static_cast<std::uint32_t>(gpsAt)) +
+           exifBytes + gpsBytes;
+}
+
+/// Tables in which one bit says "no difference" and one bit "end of block": a gray block is two bits.
+std::string grayScan(const TinyPhoto& photo) {
+    const std::string oneCode = std::string("\x01", 1) + std::string(15, '\0') + std::string(1, '\0');
+    const std::string frame = std::string("\x08", 1) + bigEndian16(static_cast<std::size_t>(photo.height)) +
+                              bigEndian16(static_cast<std::size_t>(photo.width)) +
+                              std::string("\x01\x01\x11\x00", 4);
+    const auto blocks = static_cast<std::size_t>((photo.width + 7) / 8 * ((photo.height + 7) / 8));
+    std::string bits(blocks / 4, '\0');
+    if (blocks % 4 != 0) {
+        bits += static_cast<char>(0xFFU >> (blocks % 4 * 2));
+    }
+    return segment(0xDB, std::string(1, '\0') + std::string(64, '\x01')) + segment(0xC0, frame) +
+           segment(0xC4, std::string(1, '\0') + oneCode) + segment(0xC4, std::string("\x10", 1) + oneCode) +
+           segment(0xDA, std::string("\x01\x01\x00\x00\x3F\x00", 6)) + bits;
+}
+
+} // namespace
+
+TiffMaker::Entry TiffMaker::text(std::uint16_t tag, const std::string& value) const {
+    return {tag, 2, static_cast<std::uint32_t>(value.size() + 1), value + '\0'};
+}
+
+TiffMaker::Entry TiffMaker::number16(std::uint16_t tag, std::uint16_t value) const {
+    return {tag, 3, 1, u16(value)};
+}
+
+TiffMaker::Entry TiffMaker::number32(std::uint16_t tag, std::uint32_t value) const {
+    return {tag, 4, 1, u32(value)};
+}
+
+TiffMaker::Entry TiffMaker::degrees(std::uint16_t tag, double unsignedDegrees) const {
+    constexpr std::uint32_t secondFraction = 10'000;
+    const auto total = static_cast<std::uint64_t>(std::llround(unsignedDegrees * 3'600 * secondFraction));
+    const auto whole = static_cast<std::uint32_t>(total / (std::uint64_t{3'600} * secondFraction));
+    const auto minutes = static_cast<std::uint32_t>(total / (std::uint64_t{60} * secondFraction) % 60);
+    const auto seconds = static_cast<std::uint32_t>(total % (std::uint64_t{60} * secondFraction));
+    return {tag, 5, 3, u32(whole) + u32(1) + u32(minutes) + u32(1) + u32(seconds) + u32(secondFraction)};
+}
+
+std::string TiffMaker::u16(std::uint16_t value) const {
+    std::string bytes = bigEndian16(value);
+    if (littleEndian_) {
+        std::reverse(bytes.begin(), bytes.end());
+    }
+    return bytes;
+}
+
+std::string TiffMaker::u32(std::uint32_t value) const {
+    std::string bytes = bigEndian16(value >> 16U) + bigEndian16(value & 0xFFFFU);
+    if (littleEndian_) {
+        std::reverse(bytes.begin(), bytes.end());
+    }
+    return bytes;
+}
+
+std::string TiffMaker::directory(std::vector<Entry> entries, std::size_t offset, std::uint32_t next) const {
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const Entry& a, const Entry& b) { return a.tag < b.tag; });
+    std::string table = u16(static_cast<std::uint16_t>(entries.size()));
+    const std::size_t valuesAt = offset + 2 + entries.size() * 12 + 4;
+    std::string values;
+    for (const Entry& entry : entries) {
+        table += u16(entry.tag) + u16(entry.type) + u32(entry.count);
+        if (entry.value.size() <= 4) {
+            table += entry.value + std::string(4 - entry.value.size(), '\0');
+            continue;
+        }
+        table += u32(static_cast<std::uint32_t>(valuesAt + values.size()));
+        values += entry.value;
+        if (values.size() % 2 != 0) {
+            values += '\0';
+        }
+    }
+    return table + u32(next) + values;
+}
+
+std::string TiffMaker::header() const {
+    return (littleEndian_ ? "II" : "MM") + u16(42) + u32(8);
+}
+
+std::string tinyJpeg(const TinyPhoto& photo) {
+    std::string bytes = "\xFF\xD8";
+    if (const std::string exif = structure(TiffMaker(), photo, {}); !exif.empty()) {
+        bytes += segment(0xE1, std::string("Exif\0\0", 6) + exif);
+    }
+    if (photo.xmpPacket) {
+        bytes += segment(0xE1, std::string("http://ns.adobe.com/xap/1.0/") + '\0' + *photo.xmpPacket);
+    }
+    return bytes + grayScan(photo) + "\xFF\xD9";
+}
+
+std::string tinyTiff(const TinyPhoto& photo) {
+    const TiffMaker tiff;
+    const auto width = static_cast<std::uint32_t>(photo.width);
+    const auto height = static_cast<std::uint32_t>(photo.height);
+    const auto withPixelsAt = [&](std::uint32_t pixelsAt) {
+        Entries main{tiff.number32(0x00FE, 0),
+                     tiff.number32(0x0100, width),
+                     tiff.number32(0x0101, height),
+                     tiff.number16(0x0102, 8),
+                     tiff.number16(0x0103, 1),
+                     tiff.number16(0x0106, 1),
+                     tiff.number32(0x0111, pixelsAt),
+                     tiff.number32(0x0116, height),
+                     tiff.number32(0x0117, width * height)};
+        if (photo.xmpPacket) {
+            main.push_back(
+                {0x02BC, 1, static_cast<std::uint32_t>(photo.xmpPacket->size()), *photo.xmpPacket});
+        }
+        return structure(tiff, photo, main);
+    };
+    const auto pixelsAt = static_cast<std::uint32_t>(withPixelsAt(0).size());
+    return withPixelsAt(pixelsAt) + std::string(static_cast<std::size_t>(width) * height, '\x80');
+}
+
+std::string tinyXmp(std::string_view attributes) {
+    return R"(<?xpacket begin="" id="W5M0MpCehiHzreSzNTczkc9d"?>)"
+           R"(<x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF)"
+           R"( xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description rdf:about="")"
+           R"( xmlns:exif="http://ns.adobe.com/exif/1.0/" xmlns:xmp="http://ns.adobe.com/xap/1.0/")"
+           R"( xmlns:tiff="http://ns.adobe.com/tiff/1.0/" xmlns:aux="http://ns.adobe.com/exif/1.0/aux/")"
+           R"( xmlns:exifEX="http://cipa.jp/exif/1.0/" )" +
+           std::string(attributes) + R"(/></rdf:RDF></x:xmpmeta><?xpacket end="w"?>)";
+}
+
+} // namespace lumeo

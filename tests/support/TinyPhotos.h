@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumeo {
+
+/// The facts that a made photo carries; absent ones are left out of the file.
+struct TinyPhoto {
+    int width = 16; ///< pixels
+    int height = 8;
+    std::optional<std::string> dateTimeOriginal; ///< "2021:03:14 15:30:45", or anything else to store there
+    std::optional<std::string> dateTimeDigitized;
+    std::optional<std::string> dateTime;
+    std::optional<std::string> make;
+    std::optional<std::string> model;
+    std::optional<std::string> lensModel;
+    std::optional<double> latitude; ///< signed degrees; written only when both are present
+    std::optional<double> longitude;
+    std::optional<std::uint32_t> pixelXDimension;
+    std::optional<std::uint32_t> pixelYDimension;
+    std::optional<std::string> makerNote; ///< bytes
+    std::optional<std::string> xmpPacket; ///< see tinyXmp()
+};
+
+/// The bytes of a whole, decodable gray JPEG; without any fact it has no metadata segment at all.
+std::string tinyJpeg(const TinyPhoto& photo = {});
+
+/// The bytes of a whole, decodable gray TIFF, its Exif directories inside; good as a ".dng" too, as far as
+/// metadata is concerned.
+std::string tinyTiff(const TinyPhoto& photo = {});
+
+/// An XMP packet around attributes such as R"(tiff:Make="Maker" exif:GPSLatitude="48,51.2N")".
+std::string tinyXmp(std::string_view attributes);
+
+/// Lays out a TIFF structure by hand, for files that no camera would write.
+class TiffMaker {
+public:
+    explicit TiffMaker(bool littleEndian = true) : littleEndian_(littleEndian) {}
+
+    struct Entry {
+        std::uint16_t tag = 0;
+        std::uint16_t type = 0;
+        std::uint32_t count = 0;
+        std::string value; ///< already in the structure's byte order
+    };
+
+    [[nodiscard]] Entry text(std::uint16_t tag, const std::string& value) const;
+    [[nodiscard]] Entry number16(std::uint16_t tag, std::uint16_t value) const;
+    [[nodiscard]] Entry number32(std::uint16_t tag, std::uint32_t value) const;
+    /// Degrees, minutes and seconds as three fractions.
+    [[nodiscard]] Entry degrees(std::uint16_t tag, double unsignedDegrees) const;
+    [[nodiscard]] std::string u16(std::uint16_t value) const;
+    [[nodiscard]] std::string u32(std::uint32_t value) const;
+
+    /// The bytes of a directory that will stand at `offset`: entries, the offset of the next
+    /// directory, then the values that do not fit an entry.
+    [[nodiscard]] std::string directory(std::vector<Entry> entries, std::size_t offset,
+                                        std::uint32_t next = 0) const;
+
+    /// The eight bytes before the first directory, which follows them.
+    [[nodiscard]] std::string header() const;
+
+private:
+    bool littleEndian_;
+};
+
+} // namespace lumeo
