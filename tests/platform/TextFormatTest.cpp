@@ -1,0 +1,129 @@
+#include "platform/TextFormat.h"
+#include "support/SystemSettings.h"
+
+#include <chrono>
+#include <limits>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+namespace lumeo {
+namespace {
+
+using namespace std::chrono;
+using namespace std::chrono_literals;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+const Instant moment = sys_days(2021y / 3 / 14) + 15h + 30min + 45s;
+
+/// Lets one locale rule, whatever the tests are started with.
+struct ScopedLocale {
+    explicit ScopedLocale(const char* name) : all("LC_ALL", name) {}
+    ScopedEnvironment all;
+};
+
+class TextFormatTest : public testing::Test {
+protected:
+    ScopedTimeZone utc_{"UTC"};
+};
+
+TEST_F(TextFormatTest, sizesAreInDecimalUnitsAndCarryIntoTheNextOne) {
+    const ScopedLocale english("en_US.UTF-8");
+    constexpr std::pair<std::int64_t, std::string_view> expected[] = {
+        {0, "Zero KB"},
+        {1, "1 byte"},
+        {999, "999 bytes"},
+        {1'000, "1 KB"},
+        {1'499, "1 KB"},
+        {1'500, "2 KB"},
+        {999'499, "999 KB"},
+        {999'500, "1 MB"},
+        {1'000'000, "1 MB"},
+        {1'249'999, "1.2 MB"},
+        {1'250'000, "1.3 MB"},
+        {999'949'999, "999.9 MB"},
+        {999'950'000, "1 GB"},
+        {1'234'567'890, "1.23 GB"},
+        {1'500'000'000, "1.5 GB"},
+        {999'994'999'999, "999.99 GB"},
+        {999'995'000'000, "1 TB"},
+        {2'000'000'000'000'000, "2 PB"},
+        {std::numeric_limits<std::int64_t>::max(), "9,223.37 PB"},
+        {-1'500'000, "-1.5 MB"},
+        {std::numeric_limits<std::int64_t>::min(), "-9,223.37 PB"},
+    };
+    for (const auto& [bytes, text] : expected) {
+        EXPECT_EQ(TextFormat::byteCount(bytes), text) << bytes;
+    }
+    EXPECT_EQ(TextFormat::number(1'234'567), "1,234,567");
+}
+
+TEST_F(TextFormatTest, numbersFollowTheNumericLocale) {
+    {
+        const ScopedLocale german("de_DE.UTF-8");
+        EXPECT_EQ(TextFormat::number(1'234'567), "1.234.567");
+        EXPECT_THAT(TextFormat::byteCount(1'500'000), AllOf(HasSubstr("1,5"), HasSubstr("MB")));
+        EXPECT_THAT(TextFormat::byteCount(0), AllOf(HasSubstr("0"), HasSubstr("KB")));
+    }
+    const ScopedLocale none(nullptr);
+    const ScopedEnvironment language("LANG", "en_US.UTF-8");
+    const ScopedEnvironment numeric("LC_NUMERIC", "fr_FR.UTF-8");
+    EXPECT_THAT(TextFormat::byteCount(1'500'000), AllOf(HasSubstr("1,5"), HasSubstr("Mo")));
+}
+
+TEST_F(TextFormatTest, datesFollowTheTimeLocale) {
+    const ScopedLocale none(nullptr);
+    const ScopedEnvironment language("LANG", "en_US.UTF-8");
+    {
+        const ScopedEnvironment time("LC_TIME", nullptr);
+        EXPECT_EQ(TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::none), "Mar 14, 2021");
+    }
+    const ScopedEnvironment time("LC_TIME", "de_DE.UTF-8");
+    EXPECT_EQ(TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::none), "14.03.2021");
+    EXPECT_THAT(TextFormat::date(moment, DateStyle::shortStyle, DateStyle::shortStyle),
+                AllOf(HasSubstr("14.03.21"), HasSubstr("15:30"), Not(HasSubstr("15:30:45"))));
+}
+
+TEST_F(TextFormatTest, withoutALocaleTextsAreAmericanEnglish) {
+    for (const char* name : {"C", "C.UTF-8", "POSIX"}) {
+        const ScopedLocale plain(name);
+        EXPECT_EQ(TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::none), "Mar 14, 2021") << name;
+        EXPECT_EQ(TextFormat::number(1'234'567), "1,234,567") << name;
+        EXPECT_EQ(TextFormat::byteCount(0), "Zero KB") << name;
+    }
+}
+
+TEST_F(TextFormatTest, datesShowTheHalvesAskedForInTheZoneOfTheMoment) {
+    const ScopedLocale english("en_US.UTF-8");
+    const auto full = [] { return TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::mediumStyle); };
+    EXPECT_THAT(full(), AllOf(HasSubstr("Mar 14, 2021"), HasSubstr("3:30:45"), HasSubstr("PM")));
+    EXPECT_THAT(TextFormat::date(moment, DateStyle::none, DateStyle::shortStyle),
+                AllOf(HasSubstr("3:30"), Not(HasSubstr("14"))));
+    EXPECT_EQ(TextFormat::date(moment, DateStyle::none, DateStyle::none), "");
+    const ScopedTimeZone tokyo("Asia/Tokyo");
+    EXPECT_THAT(full(), AllOf(HasSubstr("Mar 15, 2021"), HasSubstr("12:30:45"), HasSubstr("AM")));
+}
+
+TEST_F(TextFormatTest, threadsFormatSideBySide) {
+    const ScopedLocale english("en_US.UTF-8");
+    const std::string date = TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::mediumStyle);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 200; ++round) {
+                EXPECT_EQ(TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::mediumStyle), date);
+                EXPECT_EQ(TextFormat::byteCount(1'500'000 + round), "1.5 MB");
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+}
+
+} // namespace
+} // namespace lumeo
