@@ -121,16 +121,44 @@ std::optional<Instant> dateByPattern(NameSearch& search, std::size_t pattern) {
     return isPlausible(time) ? LocalCalendar::compose(time) : std::nullopt;
 }
 
-/// Year, month and day take eight digits that are ASCII: most names can be told without a search.
-bool hasDigitsForDate(std::string_view name) {
-    return std::count_if(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; }) >= 8;
+/// Takes `count` ASCII digits off the front of `text`; false when fewer stand there.
+bool takeDigits(std::string_view& text, std::size_t count) {
+    const std::string_view digits = text.substr(0, count);
+    text.remove_prefix(digits.size());
+    return digits.size() == count &&
+           std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+void skipSeparator(std::string_view& text) {
+    if (!text.empty() && (text.front() == '-' || text.front() == '_' || text.front() == '.')) {
+        text.remove_prefix(1);
+    }
+}
+
+/// Whether the digits of a plausible year, a month and a day stand together anywhere, which every
+/// pattern takes to give a date. Most names are told by this, in a hundredth of the time of a search.
+bool mayHoldDate(std::string_view name) {
+    for (; name.size() >= 8; name.remove_prefix(1)) {
+        if (!name.starts_with("19") && !name.starts_with("20")) {
+            continue;
+        }
+        std::string_view rest = name;
+        const bool year = takeDigits(rest, 4);
+        skipSeparator(rest);
+        const bool month = takeDigits(rest, 2);
+        skipSeparator(rest);
+        if (year && month && takeDigits(rest, 2)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
 
 std::optional<Instant> FilenameDateParser::parseDate(std::string_view fileName) {
     const std::string_view name = deletingPathExtension(fileName);
-    if (!hasDigitsForDate(name)) {
+    if (!mayHoldDate(name)) {
         return std::nullopt;
     }
     thread_local NameSearch search;
