@@ -5,11 +5,12 @@
 #include "platform/FileSystem.h"
 #include "scan/ScanProgress.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <functional>
-#include <memory>
 #include <mutex>
 #include <span>
+#include <stop_token>
 #include <string_view>
 #include <vector>
 
@@ -18,8 +19,8 @@ namespace lumeo {
 /// Turns folders, drives or single files into the catalogue: one MediaItem for each supported file.
 /// Only reads.
 ///
-/// scan() blocks the thread it is called on; pause(), resume() and cancel() may be called from any
-/// thread at any moment and are seen before the next entry.
+/// scan() blocks the thread it is called on, one scan at a time; pause(), resume() and cancel() may be
+/// called from any thread at any moment and are seen before the next entry of a folder.
 class MediaScanner {
 public:
     using ProgressCallback = std::function<void(const ScanProgress&)>;
@@ -27,15 +28,20 @@ public:
     /// Both must outlive the scanner.
     MediaScanner(const FileSystem& fileSystem, const Clock& clock) : fileSystem_(fileSystem), clock_(clock) {}
 
-    /// Walks `roots` in order and gives the items found, in the order of the file system. Cancelled, it
-    /// gives what it had. `onProgress` is called on this thread: after every examined file while the
-    /// item count is a multiple of 40 or 0.05 s have passed, and once at the end. Never fails: entries
-    /// that cannot be read are counted.
-    std::vector<MediaItem> scan(std::span<const FilePath> roots, const ProgressCallback& onProgress);
+    /// Walks `roots` in order and gives the items found, in the order of the file system. A root may be
+    /// a file, or a link to a folder or file; links within a folder are left out. Cancelled, it gives
+    /// what it had. `onProgress` (may be empty) is called on this thread: after every examined file of
+    /// a folder while the item count is a multiple of 40 or more than 0.05 s have passed, and once at
+    /// the end. Never fails: entries that cannot be read are counted.
+    ///
+    /// Earlier calls of pause() and cancel() are forgotten when it starts; a stop requested of `stop`
+    /// is not, and acts like cancel().
+    std::vector<MediaItem> scan(std::span<const FilePath> roots, const ProgressCallback& onProgress,
+                                const std::stop_token& stop = {});
 
     void pause();
     void resume();
-    void cancel();
+    void cancel(); ///< also ends a pause
 
     /// True for the housekeeping names of desktop systems and version control.
     static bool isIgnoredName(std::string_view name);
@@ -44,12 +50,19 @@ public:
     static bool isIgnoredDirectoryBundle(std::string_view name);
 
 private:
+    class Walk;
+
+    [[nodiscard]] bool isCancelled(const std::stop_token& stop) const;
+    /// Sleeps while paused; false when the scan was cancelled.
+    bool mayContinue(const std::stop_token& stop);
+
     const FileSystem& fileSystem_;
     const Clock& clock_;
     std::mutex mutex_;
-    std::condition_variable wake_;
-    bool isPaused_ = false;    ///< guarded by mutex_
-    bool isCancelled_ = false; ///< guarded by mutex_
+    std::condition_variable_any wake_;
+    /// Written under mutex_, so that no wake-up is lost; read without it, once an entry.
+    std::atomic<bool> isPaused_ = false;
+    std::atomic<bool> isCancelled_ = false;
 };
 
 } // namespace lumeo

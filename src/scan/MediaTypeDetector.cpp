@@ -1,5 +1,7 @@
 #include "scan/MediaTypeDetector.h"
 
+#include "platform/AsciiCase.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -150,12 +152,9 @@ static_assert(std::ranges::adjacent_find(knownExtensions, {}, &KnownExtension::e
               "an extension stands twice");
 
 constexpr std::size_t longestExtension =
-    std::ranges::max(knownExtensions, {}, [](const KnownExtension& known) { return known.extension.size(); })
-        .extension.size();
-
-constexpr char lowerCased(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+    std::ranges::max(knownExtensions, {}, [](const KnownExtension& known) {
+        return known.extension.size();
+    }).extension.size();
 
 /// The detections in the order of knownExtensions: their shared texts are made once.
 const auto& detections() {
@@ -177,7 +176,7 @@ std::optional<MediaTypeDetector::Detection> MediaTypeDetector::detectType(const 
         return std::nullopt;
     }
     std::array<char, longestExtension> buffer{};
-    std::ranges::transform(extension, buffer.begin(), lowerCased);
+    std::ranges::transform(extension, buffer.begin(), asciiLowerCased);
     const std::string_view key(buffer.data(), extension.size());
 
     const auto* const found = std::ranges::lower_bound(knownExtensions, key, {}, &KnownExtension::extension);

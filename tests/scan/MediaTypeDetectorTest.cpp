@@ -16,12 +16,15 @@ std::string detected(const std::string& name) {
 
 TEST(MediaTypeDetector, KnowsEveryFormatThatCamerasAndPhonesWrite) {
     const std::vector<std::pair<MediaType, std::vector<std::string>>> families = {
-        {MediaType::rawPhoto, {"dng", "cr2", "cr3", "nef", "arw", "raf", "rw2", "orf", "pef", "sr2",
-                               "srf", "x3f", "nrw", "kdc", "mrw", "erf", "mef", "mos", "crw"}},
-        {MediaType::photo, {"jpg", "jpeg", "png", "heic", "heif", "tiff", "tif", "bmp", "gif", "webp", "avif",
-                            "ico", "jp2", "j2k", "jpf"}},
-        {MediaType::video, {"mov", "mp4", "m4v", "avi", "mkv", "3gp", "3g2", "mts", "m2ts", "ts", "wmv", "flv",
-                            "webm", "dv", "mpg", "mpeg"}},
+        {MediaType::rawPhoto,
+         {"dng", "cr2", "cr3", "nef", "arw", "raf", "rw2", "orf", "pef", "sr2", "srf", "x3f", "nrw", "kdc",
+          "mrw", "erf", "mef", "mos", "crw"}},
+        {MediaType::photo,
+         {"jpg", "jpeg", "png", "heic", "heif", "tiff", "tif", "bmp", "gif", "webp", "avif", "ico", "jp2",
+          "j2k", "jpf"}},
+        {MediaType::video,
+         {"mov", "mp4", "m4v", "avi", "mkv", "3gp", "3g2", "mts", "m2ts", "ts", "wmv", "flv", "webm", "dv",
+          "mpg", "mpeg"}},
     };
     for (const auto& [mediaType, extensions] : families) {
         for (const std::string& extension : extensions) {
@@ -52,8 +55,9 @@ TEST(MediaTypeDetector, KnowsRarerMediaToo) {
 }
 
 TEST(MediaTypeDetector, LeavesEverythingElseAlone) {
-    for (const std::string name : {"a.pdf", "a.txt", "jpg", ".jpg", "a.jpg.", "a.jp", "a.jpgx", "a.heicsx", "a.jpg ",
-                                   "a.zip", "a.xmp", "a.aae", "a.\xFF\xFE", "README", "a.partial"}) {
+    for (const std::string name :
+         {"a.pdf", "a.txt", "jpg", ".jpg", "a.jpg.", "a.jp", "a.jpgx", "a.heicsx", "a.jpg ", "a.zip", "a.xmp",
+          "a.aae", "a.\xFF\xFE", "README", "a.partial"}) {
         EXPECT_EQ(detected(name), "-") << name;
     }
     EXPECT_EQ(detected(std::string("a.jp\0", 5)), "-");

@@ -1,0 +1,279 @@
+#include "scan/MediaScanner.h"
+
+#include "dates/DateResolver.h"
+#include "dates/FilenameDateParser.h"
+#include "dates/PhotoMetadataExtractor.h"
+#include "dates/VideoMetadataExtractor.h"
+#include "platform/AsciiCase.h"
+#include "scan/MediaTypeDetector.h"
+
+#include <algorithm>
+#include <array>
+
+namespace lumeo {
+namespace {
+
+constexpr std::size_t itemsBetweenPublications = 40;
+constexpr std::chrono::milliseconds publicationInterval{50};
+
+constexpr std::array<std::string_view, 14> ignoredNames{
+    ".DS_Store",
+    ".Spotlight-V100",
+    ".Trashes",
+    ".fseventsd",
+    ".TemporaryItems",
+    ".git",
+    ".svn",
+    ".hg",
+    "$RECYCLE.BIN",
+    "System Volume Information",
+    "Thumbs.db",
+    ".DocumentRevisions-V100",
+    "desktop.ini",
+    ".PKInstallSandboxManager",
+};
+
+/// Begins the companion files that keep resource forks and attributes beside the real file.
+constexpr std::string_view companionPrefix = "._";
+
+constexpr std::array<std::string_view, 8> ignoredBundleExtensions{
+    "app", "framework", "plugin", "bundle", "kext", "photoslibrary", "photolibrary", "aplibrary",
+};
+
+std::optional<SharedText> shared(const std::optional<std::string>& text) {
+    return text ? std::optional(SharedText(*text)) : std::nullopt;
+}
+
+void keepPhotoFacts(const PhotoMetadataResult& photo, MediaItem& item) {
+    item.metadataCaptureDate = photo.dateTimeOriginal;
+    item.metadataCreateDate = photo.dateTimeDigitized;
+    item.cameraMake = shared(photo.cameraMake);
+    item.cameraModel = shared(photo.cameraModel);
+    item.lensModel = shared(photo.lensModel);
+    item.pixelWidth = photo.pixelWidth;
+    item.pixelHeight = photo.pixelHeight;
+    item.hasGPS = photo.hasGPS;
+    item.gpsLatitude = photo.gpsLatitude;
+    item.gpsLongitude = photo.gpsLongitude;
+}
+
+void keepVideoFacts(const VideoMetadataResult& video, MediaItem& item) {
+    item.videoCreationDate = video.creationDate;
+    item.durationSeconds = video.durationSeconds;
+    item.pixelWidth = video.pixelWidth;
+    item.pixelHeight = video.pixelHeight;
+}
+
+} // namespace
+
+/// One scan: what it has found and counted so far.
+class MediaScanner::Walk {
+public:
+    Walk(MediaScanner& scanner, const ProgressCallback& onProgress, const std::stop_token& stop)
+        : scanner_(scanner),
+          onProgress_(onProgress),
+          stop_(stop),
+          start_(scanner.clock_.elapsed()),
+          lastPublication_(start_) {}
+
+    void walkRoot(const FilePath& root) {
+        const FileResult<FileStatus> status = scanner_.fileSystem_.targetStatus(root);
+        if (status && status->kind == FileKind::regular) {
+            catalogue(root, *status);
+        } else {
+            walkFolder(root);
+        }
+    }
+
+    std::vector<MediaItem> finish() && {
+        progress_.isCancelled = scanner_.isCancelled(stop_);
+        progress_.isCompleted = !progress_.isCancelled;
+        publish(scanner_.clock_.elapsed());
+        return std::move(items_);
+    }
+
+private:
+    void walkFolder(const FilePath& folder) {
+        auto enumerator =
+            scanner_.fileSystem_.enumerate(folder, [this](const FileError&) { ++progress_.errorsCount; });
+        if (!enumerator) {
+            return;
+        }
+        while (std::optional<DirectoryEntry> entry = (*enumerator)->next()) {
+            if (!scanner_.mayContinue(stop_)) {
+                return;
+            }
+            if (!entry->status) {
+                ++progress_.errorsCount;
+                continue;
+            }
+            const FileStatus& status = *entry->status;
+            const std::string_view name = entry->path.lastComponent();
+            if (status.kind == FileKind::folder) {
+                if (isIgnoredName(name) || isIgnoredDirectoryBundle(name)) {
+                    (*enumerator)->skipDescendants();
+                }
+            } else if (status.kind == FileKind::regular && !isIgnoredName(name)) {
+                ++progress_.totalScannedCount;
+                progress_.currentItemName = name;
+                catalogue(std::move(entry->path), status);
+                publishNowAndThen();
+            }
+        }
+    }
+
+    /// Makes the item of one file, when it is media.
+    void catalogue(FilePath path, const FileStatus& status) {
+        const std::optional<MediaTypeDetector::Detection> detection = MediaTypeDetector::detectType(path);
+        if (!detection) {
+            ++progress_.unsupportedCount;
+            return;
+        }
+        count(detection->mediaType, status.size);
+
+        MediaItem& item = items_.emplace_back();
+        item.id = Uuid::random();
+        item.sourceURL = std::move(path);
+        item.utType = detection->utType;
+        item.mediaType = detection->mediaType;
+        item.fileSize = status.size;
+        item.filesystemCreationDate = status.creationDate;
+        item.filesystemModificationDate = status.modificationDate;
+        item.filenameDerivedDate = FilenameDateParser::parseDate(item.fileName());
+        readMetadata(item);
+    }
+
+    void readMetadata(MediaItem& item) const {
+        CandidateDates candidates;
+        if (item.mediaType == MediaType::video) {
+            keepVideoFacts(VideoMetadataExtractor::extractMetadata(scanner_.fileSystem_, item.sourceURL),
+                           item);
+        } else {
+            const auto photo = PhotoMetadataExtractor::extractMetadata(scanner_.fileSystem_, item.sourceURL);
+            keepPhotoFacts(photo, item);
+            candidates.tiffDateTime = photo.tiffDateTime;
+        }
+        resolveDate(candidates, item);
+    }
+
+    void resolveDate(CandidateDates candidates, MediaItem& item) const {
+        candidates.metadataCaptureDate = item.metadataCaptureDate;
+        candidates.metadataCreateDate = item.metadataCreateDate;
+        candidates.videoCreationDate = item.videoCreationDate;
+        candidates.filenameDate = item.filenameDerivedDate;
+        candidates.filesystemCreationDate = item.filesystemCreationDate;
+        candidates.filesystemModificationDate = item.filesystemModificationDate;
+        // Whether a date of the file system may stand for a capture date is for the user's plan to say.
+        const DateResolverOptions noFilesystemDates;
+        const ResolvedDateResult resolved =
+            DateResolver::resolveDate(item.mediaType, candidates, noFilesystemDates, scanner_.clock_);
+        item.resolvedDate = resolved.date;
+        item.dateSource = resolved.source;
+        item.dateConfidence = resolved.confidence;
+        item.dateSuspiciousWarning = shared(resolved.warning);
+        if (resolved.warning) {
+            item.scanWarnings.push_back(*resolved.warning);
+        }
+    }
+
+    void count(MediaType mediaType, std::int64_t bytes) {
+        progress_.totalBytesScanned += bytes;
+        switch (mediaType) {
+        case MediaType::photo:
+            ++progress_.photosCount;
+            break;
+        case MediaType::video:
+            ++progress_.videosCount;
+            break;
+        case MediaType::rawPhoto:
+            ++progress_.rawCount;
+            break;
+        case MediaType::other:
+            ++progress_.otherCount;
+            break;
+        }
+    }
+
+    void publishNowAndThen() {
+        const std::chrono::nanoseconds now = scanner_.clock_.elapsed();
+        if (items_.size() % itemsBetweenPublications == 0 || now - lastPublication_ > publicationInterval) {
+            publish(now);
+            lastPublication_ = now;
+        }
+    }
+
+    void publish(std::chrono::nanoseconds now) {
+        progress_.scanDurationSeconds = std::chrono::duration<double>(now - start_).count();
+        if (onProgress_) {
+            onProgress_(progress_);
+        }
+    }
+
+    MediaScanner& scanner_;
+    const ProgressCallback& onProgress_;
+    const std::stop_token& stop_;
+    std::chrono::nanoseconds start_;
+    std::chrono::nanoseconds lastPublication_;
+    ScanProgress progress_;
+    std::vector<MediaItem> items_;
+};
+
+std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const ProgressCallback& onProgress,
+                                          const std::stop_token& stop) {
+    {
+        const std::lock_guard guard(mutex_);
+        isPaused_ = false;
+        isCancelled_ = false;
+    }
+    Walk walk(*this, onProgress, stop);
+    for (const FilePath& root : roots) {
+        if (isCancelled(stop)) {
+            break;
+        }
+        walk.walkRoot(root);
+    }
+    return std::move(walk).finish();
+}
+
+bool MediaScanner::isCancelled(const std::stop_token& stop) const {
+    return isCancelled_ || stop.stop_requested();
+}
+
+bool MediaScanner::mayContinue(const std::stop_token& stop) {
+    if (isPaused_) {
+        std::unique_lock lock(mutex_);
+        wake_.wait(lock, stop, [this] { return !isPaused_ || isCancelled_; });
+    }
+    return !isCancelled(stop);
+}
+
+void MediaScanner::pause() {
+    const std::lock_guard guard(mutex_);
+    isPaused_ = true;
+}
+
+void MediaScanner::resume() {
+    const std::lock_guard guard(mutex_);
+    isPaused_ = false;
+    wake_.notify_all();
+}
+
+void MediaScanner::cancel() {
+    const std::lock_guard guard(mutex_);
+    isCancelled_ = true;
+    isPaused_ = false;
+    wake_.notify_all();
+}
+
+bool MediaScanner::isIgnoredName(std::string_view name) {
+    return name.starts_with(companionPrefix) || std::ranges::find(ignoredNames, name) != ignoredNames.end();
+}
+
+bool MediaScanner::isIgnoredDirectoryBundle(std::string_view name) {
+    const std::string_view extension = pathExtension(name);
+    return std::ranges::any_of(ignoredBundleExtensions, [&](std::string_view ignored) {
+        return equalIgnoringAsciiCase(extension, ignored);
+    });
+}
+
+} // namespace lumeo
