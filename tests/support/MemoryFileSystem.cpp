@@ -1,0 +1,126 @@
+#include "support/MemoryFileSystem.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace lumeo {
+namespace {
+
+class MemoryFile final : public ReadableFile {
+public:
+    MemoryFile(std::string content, FileStatus status) : content_(std::move(content)), status_(status) {}
+
+    FileResult<std::size_t> read(std::span<std::byte> buffer) override {
+        FileResult<std::size_t> count = readAt(position_, buffer);
+        position_ += static_cast<std::int64_t>(*count);
+        return count;
+    }
+    FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override {
+        const auto start = std::min(static_cast<std::size_t>(offset), content_.size());
+        const std::size_t count = std::min(buffer.size(), content_.size() - start);
+        std::memcpy(buffer.data(), content_.data() + start, count);
+        return count;
+    }
+    FileResult<FileStatus> status() override { return status_; }
+
+private:
+    std::string content_;
+    FileStatus status_;
+    std::int64_t position_ = 0;
+};
+
+} // namespace
+
+void MemoryFileSystem::addFile(const FilePath& path, std::string_view content) {
+    addFolder(path.parent());
+    entries_[path] = {FileKind::regular, std::string(content)};
+}
+
+void MemoryFileSystem::addFolder(const FilePath& path) {
+    for (FilePath folder = path; folder.bytes() != "/"; folder = folder.parent()) {
+        entries_[folder] = {FileKind::folder, {}};
+    }
+}
+
+void MemoryFileSystem::addLink(const FilePath& path, const FilePath& target) {
+    addFolder(path.parent());
+    entries_[path] = {FileKind::symbolicLink, target.bytes()};
+}
+
+FileResult<FileStatus> MemoryFileSystem::status(const FilePath& path) const {
+    ++examined_[path];
+    if (const auto refused = refusedExamining_.find(path.parent()); refused != refusedExamining_.end()) {
+        return FileError{FileAction::examine, path, refused->second};
+    }
+    const auto found = entries_.find(path);
+    if (found == entries_.end()) {
+        return FileError{FileAction::examine, path, ENOENT};
+    }
+    FileStatus status;
+    status.kind = found->second.kind;
+    status.size = static_cast<std::int64_t>(found->second.content.size());
+    return status;
+}
+
+FileResult<FileStatus> MemoryFileSystem::targetStatus(const FilePath& path) const {
+    const auto found = entries_.find(path);
+    const bool isLink = found != entries_.end() && found->second.kind == FileKind::symbolicLink;
+    return status(isLink ? FilePath(found->second.content) : path);
+}
+
+FileResult<std::unique_ptr<DirectoryEnumerator>>
+MemoryFileSystem::enumerate(const FilePath& folder, std::function<void(const FileError&)>) const {
+    return FileError{FileAction::list, folder, ENOTSUP};
+}
+
+FileResult<std::unique_ptr<ReadableFile>> MemoryFileSystem::openForReading(const FilePath& path) const {
+    if (onOpen) {
+        onOpen(path);
+    }
+    opened_.push_back(path);
+    if (const auto refused = refusedOpening_.find(path); refused != refusedOpening_.end()) {
+        return FileError{FileAction::open, path, refused->second};
+    }
+    auto found = entries_.find(path);
+    if (found != entries_.end() && found->second.kind == FileKind::symbolicLink) {
+        found = entries_.find(FilePath(found->second.content));
+    }
+    if (found == entries_.end() || found->second.kind != FileKind::regular) {
+        return FileError{FileAction::open, path, found == entries_.end() ? ENOENT : EISDIR};
+    }
+    FileStatus status;
+    status.kind = FileKind::regular;
+    status.size = static_cast<std::int64_t>(found->second.content.size());
+    return std::unique_ptr<ReadableFile>(std::make_unique<MemoryFile>(found->second.content, status));
+}
+
+FileResult<std::unique_ptr<WritableFile>> MemoryFileSystem::createFile(const FilePath& path) {
+    return FileError{FileAction::create, path, EROFS};
+}
+
+FileResult<std::vector<FilePath>> MemoryFileSystem::createFolders(const FilePath& folder) {
+    return FileError{FileAction::createFolder, folder, EROFS};
+}
+
+FileResult<void> MemoryFileSystem::renameWithoutReplacing(const FilePath& from, const FilePath&) {
+    return FileError{FileAction::rename, from, EROFS};
+}
+
+FileResult<void> MemoryFileSystem::renameReplacing(const FilePath& from, const FilePath&) {
+    return FileError{FileAction::rename, from, EROFS};
+}
+
+FileResult<void> MemoryFileSystem::removeFile(const FilePath& path) {
+    return FileError{FileAction::remove, path, EROFS};
+}
+
+FileResult<void> MemoryFileSystem::flushFolder(const FilePath& folder) {
+    return FileError{FileAction::flush, folder, EROFS};
+}
+
+FileResult<VolumeSpace> MemoryFileSystem::volumeSpace(const FilePath&) const {
+    return VolumeSpace{};
+}
+
+} // namespace lumeo

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace lumeo {
+
+/// Files and folders in memory, readable only, that counts what it is asked. For code that looks at the
+/// disk but never writes; whatever would write fails with EROFS.
+class MemoryFileSystem final : public FileSystem {
+public:
+    /// Adds a file and the folders above it.
+    void addFile(const FilePath& path, std::string_view content);
+    void addFolder(const FilePath& path);
+    void addLink(const FilePath& path, const FilePath& target);
+
+    /// From now on, opening `path` fails with `errnoValue`.
+    void refuseOpening(const FilePath& path, int errnoValue) { refusedOpening_[path] = errnoValue; }
+
+    /// From now on, no name below `folder` can be examined: `errnoValue`, as where permission lacks.
+    void refuseExamining(const FilePath& folder, int errnoValue) { refusedExamining_[folder] = errnoValue; }
+
+    /// Called at each opening, before it.
+    std::function<void(const FilePath&)> onOpen;
+
+    /// How often status() was asked for each path, and which files were opened, in order.
+    [[nodiscard]] const std::map<FilePath, int>& examined() const { return examined_; }
+    [[nodiscard]] const std::vector<FilePath>& opened() const { return opened_; }
+
+    FileResult<FileStatus> status(const FilePath& path) const override;
+    FileResult<FileStatus> targetStatus(const FilePath& path) const override;
+    FileResult<std::unique_ptr<DirectoryEnumerator>>
+    enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const override;
+    FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override;
+    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) override;
+    FileResult<std::vector<FilePath>> createFolders(const FilePath& folder) override;
+    FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath& to) override;
+    FileResult<void> renameReplacing(const FilePath& from, const FilePath& to) override;
+    FileResult<void> removeFile(const FilePath& path) override;
+    FileResult<void> flushFolder(const FilePath& folder) override;
+    FileResult<VolumeSpace> volumeSpace(const FilePath& path) const override;
+
+private:
+    struct Entry {
+        FileKind kind = FileKind::regular;
+        std::string content; ///< of a link: its target
+    };
+
+    std::map<FilePath, Entry> entries_;
+    std::map<FilePath, int> refusedOpening_;
+    std::map<FilePath, int> refusedExamining_;
+    mutable std::map<FilePath, int> examined_;
+    mutable std::vector<FilePath> opened_;
+};
+
+} // namespace lumeo
