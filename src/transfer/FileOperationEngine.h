@@ -44,10 +44,16 @@ public:
     void cancel();
 
 private:
+    void reset();
+    bool mayTakeNextFile(std::stop_token stop);
+    FileTransactionItem transfer(VerifiedTransfer& transfers, const MediaItem& item, OperationMode mode);
+    bool isPaused();
+    bool isCancelled();
+
     FileSystem& fileSystem_;
     const Clock& clock_;
     std::mutex mutex_;
-    std::condition_variable wake_;
+    std::condition_variable_any wake_;
     bool isPaused_ = false;                                          ///< guarded by mutex_
     bool isCancelled_ = false;                                       ///< guarded by mutex_
     std::shared_ptr<TransferCancellationToken> activeTransferToken_; ///< guarded by mutex_

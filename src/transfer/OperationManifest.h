@@ -2,6 +2,7 @@
 
 #include "model/EnumText.h"
 #include "model/Json.h"
+#include "model/MediaItem.h"
 #include "platform/FilePath.h"
 #include "platform/Instant.h"
 #include "platform/Uuid.h"
@@ -31,6 +32,9 @@ struct FileTransactionItem {
     std::optional<std::string> errorMessage;       ///< for failed records
     friend bool operator==(const FileTransactionItem&, const FileTransactionItem&) = default;
 };
+
+/// The start of the record of `item`: what is known before anything is done with it.
+FileTransactionItem newRecord(const MediaItem& item, const FilePath& destination);
 
 /// The journal of one run: what was taken from where, where it went, with which digests and outcome.
 struct OperationManifest {

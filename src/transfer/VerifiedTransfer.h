@@ -3,10 +3,15 @@
 #include "model/MediaItem.h"
 #include "model/OrganizationPlan.h"
 #include "platform/FileSystem.h"
+#include "transfer/FolderFlusher.h"
+#include "transfer/HeldFile.h"
 #include "transfer/OperationManifest.h"
+#include "transfer/TransferError.h"
+#include "transfer/VerifiedCopy.h"
 
 #include <mutex>
-#include <set>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace lumeo {
@@ -14,8 +19,15 @@ namespace lumeo {
 /// Stops one file's transfer. Shared between the transfer and whoever cancels it; any thread may call.
 class TransferCancellationToken {
 public:
-    void cancel();
-    [[nodiscard]] bool isCancelled() const;
+    void cancel() {
+        const std::lock_guard guard(mutex_);
+        cancelled_ = true;
+    }
+
+    [[nodiscard]] bool isCancelled() const {
+        const std::lock_guard guard(mutex_);
+        return cancelled_;
+    }
 
     /// Runs `removal` unless cancelled, and holds off cancel() while it runs: a cancel comes either
     /// before it, and prevents it, or after it. Gives whether it ran.
@@ -25,7 +37,7 @@ public:
         if (cancelled_) {
             return false;
         }
-        removal();
+        std::forward<Removal>(removal)();
         return true;
     }
 
@@ -39,7 +51,7 @@ private:
 class VerifiedTransfer {
 public:
     /// `fileSystem` must outlive the transfer.
-    explicit VerifiedTransfer(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
+    explicit VerifiedTransfer(FileSystem& fileSystem) : fileSystem_(fileSystem), folders_(fileSystem) {}
 
     /// Transfers `item` to `destination` and tells the outcome; whatever goes wrong stands in the
     /// record. Blocks the calling thread. In a move, the names that were made are durable before the
@@ -47,18 +59,23 @@ public:
     FileTransactionItem transferFile(const MediaItem& item, const FilePath& destination, OperationMode mode,
                                      TransferCancellationToken& token);
 
-    struct UnflushedFolder {
-        FilePath folder;
-        FileError error;
-    };
-
     /// Makes the names that copies made durable. Gives the folders where the device refused: what was
     /// put there may not outlive a loss of power.
-    std::vector<UnflushedFolder> flushFolders();
+    std::vector<UnflushedFolder> flushFolders() { return folders_.flushAll(); }
 
 private:
+    TransferResult<void> bringIntoArchive(const MediaItem& item, OperationMode mode,
+                                          TransferCancellationToken& token, FileTransactionItem& record);
+    TransferResult<void> compareWithExisting(const MediaItem& item, const CancellationCheck& cancelled,
+                                             FileTransactionItem& record) const;
+    TransferResult<void> proveCopy(const MediaItem& item, const VerifiedCopy& copy,
+                                   const CancellationCheck& cancelled, FileTransactionItem& record) const;
+    TransferResult<std::string> sourceHash(const MediaItem& item, const CancellationCheck& cancelled) const;
+    TransferResult<void> removeSource(HeldFile& source, const FilePath& destinationFolder,
+                                      TransferCancellationToken& token, FileTransactionItem& record);
+
     FileSystem& fileSystem_;
-    std::set<FilePath> foldersToFlush_;
+    FolderFlusher folders_;
 };
 
 } // namespace lumeo

@@ -1,0 +1,109 @@
+#include "transfer/FileOperationEngine.h"
+
+#include "transfer/OperationRun.h"
+
+#include <utility>
+
+namespace lumeo {
+
+OperationManifest FileOperationEngine::execute(std::span<const MediaItem> items, const OrganizationPlan& plan,
+                                               std::span<const FilePath> sourceRoots,
+                                               const ProgressCallback& onProgress, std::stop_token stop) {
+    reset();
+    OperationRun run(items, plan, sourceRoots, clock_);
+    VerifiedTransfer transfers(fileSystem_);
+    for (const MediaItem& item : items) {
+        if (!mayTakeNextFile(stop)) {
+            break;
+        }
+        run.take(item);
+        if (run.isRepeatedDuplicate(item) && plan.duplicatePolicy == DuplicatePolicy::skipDuplicates) {
+            run.addSkippedDuplicate(item);
+            continue;
+        }
+        if (!item.plannedDestinationURL) {
+            run.addMissingDestination();
+            continue;
+        }
+        run.addTransferred(transfer(transfers, item, plan.operationMode));
+        if (isCancelled() || stop.stop_requested()) {
+            continue;
+        }
+        if (const std::optional<OperationProgress> progress = run.sample(isPaused())) {
+            onProgress(*progress);
+        }
+    }
+    // A move has made its names durable one by one, before it removed their sources.
+    if (plan.operationMode == OperationMode::copy) {
+        run.withdraw(transfers.flushFolders());
+    }
+    onProgress(run.finish(isCancelled() || stop.stop_requested()));
+    return std::move(run).takeManifest();
+}
+
+void FileOperationEngine::reset() {
+    const std::lock_guard guard(mutex_);
+    isPaused_ = false;
+    isCancelled_ = false;
+    activeTransferToken_.reset();
+}
+
+bool FileOperationEngine::mayTakeNextFile(std::stop_token stop) {
+    std::unique_lock lock(mutex_);
+    wake_.wait(lock, stop, [this] { return !isPaused_ || isCancelled_; });
+    return !isCancelled_ && !stop.stop_requested();
+}
+
+FileTransactionItem FileOperationEngine::transfer(VerifiedTransfer& transfers, const MediaItem& item,
+                                                  OperationMode mode) {
+    const auto token = std::make_shared<TransferCancellationToken>();
+    {
+        const std::lock_guard guard(mutex_);
+        if (isCancelled_) {
+            token->cancel();
+        }
+        activeTransferToken_ = token;
+    }
+    FileTransactionItem record = transfers.transferFile(item, *item.plannedDestinationURL, mode, *token);
+    const std::lock_guard guard(mutex_);
+    activeTransferToken_.reset();
+    return record;
+}
+
+bool FileOperationEngine::isPaused() {
+    const std::lock_guard guard(mutex_);
+    return isPaused_;
+}
+
+bool FileOperationEngine::isCancelled() {
+    const std::lock_guard guard(mutex_);
+    return isCancelled_;
+}
+
+void FileOperationEngine::pause() {
+    const std::lock_guard guard(mutex_);
+    isPaused_ = !isCancelled_;
+}
+
+void FileOperationEngine::resume() {
+    const std::lock_guard guard(mutex_);
+    isPaused_ = false;
+    wake_.notify_all();
+}
+
+void FileOperationEngine::cancel() {
+    std::shared_ptr<TransferCancellationToken> token;
+    {
+        const std::lock_guard guard(mutex_);
+        isCancelled_ = true;
+        isPaused_ = false;
+        token = activeTransferToken_;
+        wake_.notify_all();
+    }
+    // May have to wait for the removal of a source, which must not hold up pause() and resume().
+    if (token) {
+        token->cancel();
+    }
+}
+
+} // namespace lumeo

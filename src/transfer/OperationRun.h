@@ -1,0 +1,62 @@
+#pragma once
+
+#include "model/MediaItem.h"
+#include "model/OrganizationPlan.h"
+#include "platform/Clock.h"
+#include "transfer/FolderFlusher.h"
+#include "transfer/OperationManifest.h"
+#include "transfer/OperationProgress.h"
+
+#include <chrono>
+#include <optional>
+#include <span>
+#include <unordered_set>
+#include <vector>
+
+namespace lumeo {
+
+/// The books of one run: its journal, its counters and its rates. Used by the thread that runs it.
+class OperationRun {
+public:
+    /// Starts the clock of the run. `clock` must outlive it.
+    OperationRun(std::span<const MediaItem> items, const OrganizationPlan& plan,
+                 std::span<const FilePath> sourceRoots, const Clock& clock);
+
+    /// `item` is the one at work from now on.
+    void take(const MediaItem& item) { progress_.currentItemName = item.fileName(); }
+
+    /// True for every member but the first of a group of identical files, in the order in which they
+    /// are asked for.
+    bool isRepeatedDuplicate(const MediaItem& item);
+
+    void addSkippedDuplicate(const MediaItem& item);
+    void addMissingDestination();
+    void addTransferred(FileTransactionItem record);
+
+    /// Turns the verified records at or below folders whose names may not be durable into failed ones.
+    void withdraw(const std::vector<UnflushedFolder>& unflushed);
+
+    /// Brings the rates up to date after a transferred file. Gives the record to publish, if it is time.
+    std::optional<OperationProgress> sample(bool isPaused);
+
+    /// Closes the books. Gives the last record to publish.
+    OperationProgress finish(bool isCancelled);
+
+    /// The journal, once finish() was called.
+    OperationManifest takeManifest() && { return std::move(manifest_); }
+
+private:
+    [[nodiscard]] double secondsSince(std::chrono::nanoseconds moment) const;
+    void updateRates(std::chrono::nanoseconds now);
+
+    const Clock& clock_;
+    std::chrono::nanoseconds start_;
+    std::chrono::nanoseconds lastSample_;
+    std::optional<std::chrono::nanoseconds> lastPublication_;
+    std::int64_t bytesSinceSample_ = 0;
+    std::unordered_set<Uuid> seenGroups_;
+    OperationProgress progress_;
+    OperationManifest manifest_;
+};
+
+} // namespace lumeo

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "hashing/StreamingHashService.h"
+#include "platform/FileSystem.h"
+#include "platform/Result.h"
+
+#include <string>
+#include <variant>
+
+namespace lumeo {
+
+/// What a transfer itself finds wrong, apart from refusals of the system.
+enum class TransferFault {
+    couldNotCreatePartial,
+    destinationAlreadyExists, ///< it appeared while the copy was being made
+    checksumMismatch,
+    sourceChanged, ///< it is no longer the file that was copied
+};
+
+/// Why a file's transfer ended early.
+using TransferError = std::variant<FileError, Cancelled, TransferFault>;
+
+template<class Value>
+using TransferResult = Result<Value, TransferError>;
+
+/// The sentence for the journal, in English.
+std::string message(const TransferError& error);
+
+/// The same reason, seen from the transfer.
+TransferError asTransferError(const HashError& error);
+
+} // namespace lumeo

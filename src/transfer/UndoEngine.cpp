@@ -1,0 +1,235 @@
+#include "transfer/UndoEngine.h"
+
+#include "hashing/StreamingHashService.h"
+#include "transfer/FolderFlusher.h"
+#include "transfer/HeldFile.h"
+#include "transfer/VerifiedCopy.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace lumeo {
+namespace {
+
+enum class Ending { restored, missing, failed };
+
+/// What became of one verified file of the journal.
+struct Outcome {
+    Ending ending = Ending::restored;
+    std::string warning; ///< empty when restored
+};
+
+Outcome failed(std::string warning) {
+    return {Ending::failed, std::move(warning)};
+}
+
+Outcome leftAlone(const FileTransactionItem& item, std::string_view reason) {
+    return failed("Skipped rolling back " + item.destinationPath.displayText() + ": " + std::string(reason));
+}
+
+Outcome modified(const FileTransactionItem& item) {
+    return leftAlone(item, "File was modified after transfer.");
+}
+
+Outcome originalExists(const FileTransactionItem& item) {
+    return failed("Original path already exists, will not overwrite: " + item.originalPath.displayText());
+}
+
+Outcome notRestored(const FileTransactionItem& item, const TransferError& error) {
+    return failed("Could not restore " + item.destinationPath.displayText() +
+                  " to original location: " + message(error));
+}
+
+bool isMoveRun(const OperationManifest& manifest) {
+    const auto lowerCase = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    std::string type = manifest.operationType;
+    std::transform(type.begin(), type.end(), type.begin(), lowerCase);
+    return type == "move";
+}
+
+/// Takes back the files of one run.
+class Rollback {
+public:
+    Rollback(FileSystem& fileSystem, bool isMove, std::stop_token stop)
+        : fileSystem_(fileSystem),
+          folders_(fileSystem),
+          isMove_(isMove),
+          cancelled_([stop = std::move(stop)] { return stop.stop_requested(); }) {}
+
+    Outcome rollBack(const FileTransactionItem& item);
+
+    /// The folders whose changes the device refused.
+    std::vector<UnflushedFolder> flushFolders() { return folders_.flushAll(); }
+
+private:
+    Outcome remove(const FileTransactionItem& item, HeldFile& archived);
+    Outcome moveBack(const FileTransactionItem& item, HeldFile& archived);
+    Outcome finishEarlierMove(const FileTransactionItem& item, HeldFile& archived);
+    TransferResult<void> moveAcross(const FileTransactionItem& item, HeldFile& archived);
+    TransferResult<void> removeArchived(const FilePath& originalPath, HeldFile& archived);
+    [[nodiscard]] std::optional<HeldFile> provenFile(const FilePath& path, const std::string& digest) const;
+    [[nodiscard]] bool areTwoNames(const HeldFile& a, const HeldFile& b) const;
+
+    FileSystem& fileSystem_;
+    FolderFlusher folders_;
+    bool isMove_;
+    CancellationCheck cancelled_;
+};
+
+Outcome Rollback::rollBack(const FileTransactionItem& item) {
+    if (!fileSystem_.exists(item.destinationPath)) {
+        return {Ending::missing, "Destination file was not found: " + item.destinationPath.displayText()};
+    }
+    if (!item.destinationHash) {
+        return leftAlone(item, "No recorded hash.");
+    }
+    std::optional<HeldFile> archived = provenFile(item.destinationPath, *item.destinationHash);
+    if (!archived) {
+        return modified(item);
+    }
+    return isMove_ ? moveBack(item, *archived) : remove(item, *archived);
+}
+
+/// The file under `path` itself, no link followed, when its content has this digest; absent otherwise.
+std::optional<HeldFile> Rollback::provenFile(const FilePath& path, const std::string& digest) const {
+    FileResult<HeldFile> file = HeldFile::open(fileSystem_, path);
+    if (!file) {
+        return std::nullopt;
+    }
+    const Result<std::string, HashError> found =
+        StreamingHashService::computeSHA256(fileSystem_, path, StreamingHashService::chunkSize, cancelled_);
+    if (!found || *found != digest) {
+        return std::nullopt;
+    }
+    const FileResult<bool> unchanged = file->isUnchanged();
+    return unchanged && *unchanged ? std::optional(*std::move(file)) : std::nullopt;
+}
+
+Outcome Rollback::remove(const FileTransactionItem& item, HeldFile& archived) {
+    const TransferResult<void> removed = archived.remove();
+    if (removed) {
+        return {};
+    }
+    if (removed.error() == TransferError(TransferFault::sourceChanged)) {
+        return modified(item);
+    }
+    return failed("Could not delete " + item.destinationPath.displayText() + ": " + message(removed.error()));
+}
+
+Outcome Rollback::moveBack(const FileTransactionItem& item, HeldFile& archived) {
+    const FileResult<void> created = folders_.createFolders(item.originalPath.parent());
+    static_cast<void>(created); // the renaming below tells the same trouble
+    if (fileSystem_.exists(item.originalPath)) {
+        return finishEarlierMove(item, archived);
+    }
+    const FileResult<void> renamed =
+        fileSystem_.renameWithoutReplacing(item.destinationPath, item.originalPath);
+    if (renamed) {
+        folders_.note(item.originalPath.parent());
+        folders_.note(item.destinationPath.parent());
+        return {};
+    }
+    if (renamed.error().errnoValue == EEXIST) {
+        return originalExists(item);
+    }
+    if (renamed.error().errnoValue != EXDEV) {
+        return notRestored(item, renamed.error());
+    }
+    const TransferResult<void> moved = moveAcross(item, archived);
+    if (moved) {
+        return {};
+    }
+    return moved.error() == TransferError(TransferFault::destinationAlreadyExists)
+               ? originalExists(item)
+               : notRestored(item, moved.error());
+}
+
+/// The original may be there because an earlier rollback was cut short after restoring it, or because
+/// the run was cancelled before removing it. Where it is proven to be the same content under a name of
+/// its own, only the removal of the archived copy is left to do.
+Outcome Rollback::finishEarlierMove(const FileTransactionItem& item, HeldFile& archived) {
+    const std::optional<HeldFile> original = provenFile(item.originalPath, *item.destinationHash);
+    if (!original || !areTwoNames(*original, archived)) {
+        return originalExists(item);
+    }
+    const TransferResult<void> removed = removeArchived(item.originalPath, archived);
+    return removed ? Outcome{} : notRestored(item, removed.error());
+}
+
+/// Two files, or two links to one. One file reached by two paths to the same link is neither, and
+/// would be gone with either name.
+bool Rollback::areTwoNames(const HeldFile& a, const HeldFile& b) const {
+    if (a.identity() != b.identity()) {
+        return true;
+    }
+    const FileResult<FileStatus> folderOfA = fileSystem_.targetStatus(a.path().parent());
+    const FileResult<FileStatus> folderOfB = fileSystem_.targetStatus(b.path().parent());
+    return folderOfA && folderOfB && folderOfA->identity != folderOfB->identity;
+}
+
+/// Moves a file back to another file system, where a renaming cannot reach.
+TransferResult<void> Rollback::moveAcross(const FileTransactionItem& item, HeldFile& archived) {
+    VerifiedCopy copy(fileSystem_, item.originalPath, cancelled_);
+    if (TransferResult<void> created = copy.create(item.destinationPath); !created) {
+        return created;
+    }
+    if (TransferResult<void> written = copy.write(archived.content()); !written) {
+        return written;
+    }
+    const TransferResult<std::string> digest = copy.digest();
+    if (!digest) {
+        return digest.error();
+    }
+    if (*digest != item.destinationHash) {
+        return TransferError(TransferFault::checksumMismatch);
+    }
+    if (TransferResult<void> placed = copy.place(); !placed) {
+        return placed;
+    }
+    return removeArchived(item.originalPath, archived);
+}
+
+/// The original's name is made durable before the archived copy loses its own.
+TransferResult<void> Rollback::removeArchived(const FilePath& originalPath, HeldFile& archived) {
+    const FilePath folder = originalPath.parent();
+    folders_.note(folder);
+    if (const FileResult<void> durable = folders_.flushPathTo(folder); !durable) {
+        return TransferError(durable.error());
+    }
+    return archived.remove();
+}
+
+} // namespace
+
+UndoResult UndoEngine::rollback(const OperationManifest& manifest, std::stop_token stop) {
+    Rollback rollback(fileSystem_, isMoveRun(manifest), std::move(stop));
+    std::vector<std::pair<const FileTransactionItem*, Outcome>> outcomes;
+    for (const FileTransactionItem& item : manifest.items) {
+        if (item.status == TransactionStatus::verified) {
+            outcomes.emplace_back(&item, rollback.rollBack(item));
+        }
+    }
+    const std::vector<UnflushedFolder> unflushed = rollback.flushFolders();
+    UndoResult result;
+    for (auto& [item, outcome] : outcomes) {
+        const auto refused = std::find_if(unflushed.begin(), unflushed.end(), [&](const auto& one) {
+            return one.endangers(item->originalPath) || one.endangers(item->destinationPath);
+        });
+        if (outcome.ending == Ending::restored && refused != unflushed.end()) {
+            outcome = notRestored(*item, refused->error);
+        }
+        std::int64_t& count = outcome.ending == Ending::restored  ? result.restoredCount
+                              : outcome.ending == Ending::missing ? result.skippedCount
+                                                                  : result.failedCount;
+        ++count;
+        if (!outcome.warning.empty()) {
+            result.warnings.push_back(std::move(outcome.warning));
+        }
+    }
+    return result;
+}
+
+} // namespace lumeo

@@ -1,0 +1,138 @@
+#include "transfer/VerifiedTransfer.h"
+
+namespace lumeo {
+namespace {
+
+void fail(FileTransactionItem& record, std::string reason) {
+    record.status = TransactionStatus::failed;
+    record.verificationResult.reset();
+    record.errorMessage = std::move(reason);
+}
+
+void conclude(FileTransactionItem& record, TransactionStatus status, std::string_view result) {
+    record.status = status;
+    record.verificationResult = result;
+}
+
+} // namespace
+
+FileTransactionItem VerifiedTransfer::transferFile(const MediaItem& item, const FilePath& destination,
+                                                   OperationMode mode, TransferCancellationToken& token) {
+    FileTransactionItem record = newRecord(item, destination);
+    if (!fileSystem_.exists(item.sourceURL)) {
+        fail(record, "Source file is no longer available.");
+        return record;
+    }
+    if (const TransferResult<void> done = bringIntoArchive(item, mode, token, record); !done) {
+        fail(record, message(done.error()));
+    }
+    return record;
+}
+
+TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, OperationMode mode,
+                                                        TransferCancellationToken& token,
+                                                        FileTransactionItem& record) {
+    const FilePath& destination = record.destinationPath;
+    const FilePath folder = destination.parent();
+    const CancellationCheck cancelled = [&token] { return token.isCancelled(); };
+
+    if (const FileResult<void> created = folders_.createFolders(folder); !created) {
+        return TransferError(created.error());
+    }
+    if (fileSystem_.exists(destination)) {
+        return compareWithExisting(item, cancelled, record);
+    }
+    VerifiedCopy copy(fileSystem_, destination, cancelled);
+    if (TransferResult<void> created = copy.create(item.sourceURL); !created) {
+        return created;
+    }
+    FileResult<HeldFile> source = HeldFile::open(fileSystem_, item.sourceURL);
+    if (!source) {
+        return TransferError(source.error());
+    }
+    if (TransferResult<void> written = copy.write(source->content()); !written) {
+        return written;
+    }
+    if (TransferResult<void> proven = proveCopy(item, copy, cancelled, record); !proven) {
+        return proven;
+    }
+    if (TransferResult<void> placed = copy.place(); !placed) {
+        return placed;
+    }
+    folders_.note(folder);
+    conclude(record, TransactionStatus::verified, "Verified (SHA-256 Match)");
+    return mode == OperationMode::move ? removeSource(*source, folder, token, record)
+                                       : TransferResult<void>();
+}
+
+TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item,
+                                                           const CancellationCheck& cancelled,
+                                                           FileTransactionItem& record) const {
+    TransferResult<std::string> wanted = sourceHash(item, cancelled);
+    if (!wanted) {
+        return wanted.error();
+    }
+    record.sourceHash = *std::move(wanted);
+    Result<std::string, HashError> existing = StreamingHashService::computeSHA256(
+        fileSystem_, record.destinationPath, StreamingHashService::chunkSize, cancelled);
+    if (!existing) {
+        return asTransferError(existing.error());
+    }
+    record.destinationHash = *std::move(existing);
+    if (record.sourceHash == record.destinationHash) {
+        conclude(record, TransactionStatus::skipped, "Skipped (Identical destination already exists)");
+    } else {
+        fail(record, "Destination already exists and was not overwritten.");
+    }
+    return {};
+}
+
+TransferResult<void> VerifiedTransfer::proveCopy(const MediaItem& item, const VerifiedCopy& copy,
+                                                 const CancellationCheck& cancelled,
+                                                 FileTransactionItem& record) const {
+    TransferResult<std::string> wanted = sourceHash(item, cancelled);
+    if (!wanted) {
+        return wanted.error();
+    }
+    record.sourceHash = *std::move(wanted);
+    TransferResult<std::string> found = copy.digest();
+    if (!found) {
+        return found.error();
+    }
+    record.destinationHash = *std::move(found);
+    if (record.sourceHash != record.destinationHash) {
+        return TransferError(TransferFault::checksumMismatch);
+    }
+    if (cancelled()) {
+        return TransferError(Cancelled{});
+    }
+    return {};
+}
+
+TransferResult<std::string> VerifiedTransfer::sourceHash(const MediaItem& item,
+                                                         const CancellationCheck& cancelled) const {
+    if (item.sha256Hash) {
+        return *item.sha256Hash;
+    }
+    Result<std::string, HashError> hash = StreamingHashService::computeSHA256(
+        fileSystem_, item.sourceURL, StreamingHashService::chunkSize, cancelled);
+    if (!hash) {
+        return asTransferError(hash.error());
+    }
+    return *std::move(hash);
+}
+
+TransferResult<void> VerifiedTransfer::removeSource(HeldFile& source, const FilePath& destinationFolder,
+                                                    TransferCancellationToken& token,
+                                                    FileTransactionItem& record) {
+    if (const FileResult<void> durable = folders_.flushPathTo(destinationFolder); !durable) {
+        return TransferError(durable.error());
+    }
+    TransferResult<void> removed;
+    if (!token.unlessCancelled([&] { removed = source.remove(); })) {
+        conclude(record, TransactionStatus::verified, "Verified; move cancelled before source deletion");
+    }
+    return removed;
+}
+
+} // namespace lumeo
