@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace lumeo {
+
+/// A stretch of a file.
+struct FileRange {
+    std::uint64_t offset = 0;
+    std::uint64_t length = 0;
+    friend bool operator==(const FileRange&, const FileRange&) = default;
+};
+
+/// Small reads from anywhere in a file, through two buffers: one holds the beginning, where most of
+/// what is asked for lies, one the place that was read last. Used by one thread.
+///
+/// Files are read and not mapped, since a failing card would end the program with a signal. All that
+/// one window ever reads is bounded, so that no file, however it leads about, takes long.
+class FileWindow {
+public:
+    static constexpr std::size_t headSize = 16 * 1024;
+    static constexpr std::size_t largestView = 4 * 1024 * 1024;
+    static constexpr std::size_t readBudget = 64 * 1024 * 1024;
+
+    explicit FileWindow(ReadableFile& file);
+
+    /// Exactly `count` bytes from `offset`, valid until the next call; absent where the file ends or
+    /// cannot be read, above `largestView`, and when the budget is spent.
+    std::optional<std::string_view> view(std::uint64_t offset, std::size_t count);
+
+    /// Reads up to `count` bytes straight into `target`, within the budget; gives how many came.
+    std::size_t copy(std::uint64_t offset, char* target, std::size_t count);
+
+    /// The file's length in bytes; 0 when it cannot be told.
+    std::uint64_t size();
+
+private:
+    struct Buffer {
+        std::unique_ptr<char[]> bytes;
+        std::size_t capacity = 0;
+        std::uint64_t offset = 0;
+        std::size_t length = 0;
+
+        [[nodiscard]] std::optional<std::string_view> view(std::uint64_t from, std::size_t count) const;
+    };
+
+    void load(Buffer& buffer, std::uint64_t offset, std::size_t count);
+
+    ReadableFile& file_;
+    Buffer head_;
+    Buffer recent_;
+    std::size_t budget_ = readBudget;
+    std::optional<std::uint64_t> size_;
+};
+
+} // namespace lumeo
