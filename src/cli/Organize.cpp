@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstdio>
 #include <iostream>
+#include <stop_token>
 
 namespace lumeo::cli {
 namespace {
@@ -123,6 +124,8 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
     }
 
     FileOperationEngine engine(environment.fileSystem, environment.clock);
+    // A stop alone would let the file in transfer finish first, be it 100 GB long.
+    const std::stop_callback cancelling(environment.interrupt.token(), [&engine] { engine.cancel(); });
     OperationProgress last;
     OperationManifest manifest;
     {
