@@ -1,0 +1,190 @@
+#include "platform/FileSystem.h"
+#include "platform/movie/ContainerReaders.h"
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <span>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/mathematics.h>
+}
+
+namespace lumeo {
+namespace {
+
+constexpr int bufferSize = 32 * 1024;
+constexpr std::int64_t mostBytesRead = 8 * 1024 * 1024;
+constexpr auto longestTime = std::chrono::milliseconds(700);
+
+/// Containers that carry media themselves. Playlists, which name other files, and texts are left out.
+constexpr const char* knownContainers = "mpeg,mpegts,mpegvideo,dv,flv,mxf,ogg,rm,wtv,mp3,wav,w64,aac,ac3,"
+                                        "flac,aiff,amr,caf,ape,wv,au,h264,hevc,m4v,nut,ivf";
+
+/// The file as libavformat reads it: through the FileSystem, with an end to bytes and time.
+class LibavInput {
+public:
+    explicit LibavInput(ReadableFile& file) : file_(file) {
+        if (const FileResult<FileStatus> status = file.status()) {
+            size_ = status->size;
+        }
+    }
+
+    static int readPacket(void* opaque, std::uint8_t* buffer, int count) {
+        auto& self = *static_cast<LibavInput*>(opaque);
+        if (self.isSpent()) {
+            return AVERROR_EOF;
+        }
+        const std::span<std::uint8_t> space(buffer, static_cast<std::size_t>(count));
+        const auto read = self.file_.readAt(self.position_, std::as_writable_bytes(space));
+        if (!read) {
+            return AVERROR(EIO);
+        }
+        self.position_ += static_cast<std::int64_t>(*read);
+        self.bytesRead_ += static_cast<std::int64_t>(*read);
+        return *read == 0 ? AVERROR_EOF : static_cast<int>(*read);
+    }
+
+    static std::int64_t seek(void* opaque, std::int64_t offset, int whence) {
+        auto& self = *static_cast<LibavInput*>(opaque);
+        switch (whence & ~AVSEEK_FORCE) {
+        case AVSEEK_SIZE:
+            return self.size_;
+        case SEEK_SET:
+            break;
+        case SEEK_CUR:
+            offset += self.position_;
+            break;
+        case SEEK_END:
+            offset += self.size_;
+            break;
+        default:
+            return AVERROR(EINVAL);
+        }
+        if (offset < 0) {
+            return AVERROR(EINVAL);
+        }
+        return self.position_ = offset;
+    }
+
+    static int isInterrupted(void* opaque) { return static_cast<LibavInput*>(opaque)->isSpent() ? 1 : 0; }
+
+private:
+    [[nodiscard]] bool isSpent() const {
+        return bytesRead_ >= mostBytesRead || std::chrono::steady_clock::now() >= deadline_;
+    }
+
+    ReadableFile& file_;
+    std::int64_t size_ = 0;
+    std::int64_t position_ = 0;
+    std::int64_t bytesRead_ = 0;
+    std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::now() + longestTime;
+};
+
+struct CloseIo {
+    void operator()(AVIOContext* io) const {
+        av_freep(static_cast<void*>(&io->buffer));
+        avio_context_free(&io);
+    }
+};
+
+struct CloseMovie {
+    void operator()(AVFormatContext* movie) const { avformat_close_input(&movie); }
+};
+
+using Movie = std::unique_ptr<AVFormatContext, CloseMovie>;
+
+int refuseToOpen(AVFormatContext* /*movie*/, AVIOContext** /*io*/, const char* /*url*/, int /*flags*/,
+                 AVDictionary** /*options*/) {
+    return AVERROR(EACCES);
+}
+
+Movie openMovie(LibavInput& input, AVIOContext& io) {
+    AVFormatContext* movie = avformat_alloc_context();
+    if (movie == nullptr) {
+        return nullptr;
+    }
+    movie->pb = &io;
+    movie->flags |= AVFMT_FLAG_CUSTOM_IO;
+    movie->io_open = refuseToOpen; // whatever a file names, no other is ever touched
+    movie->interrupt_callback = {LibavInput::isInterrupted, &input};
+    movie->format_probesize = 256 * 1024;
+    movie->probesize = 1024 * 1024;
+    movie->max_analyze_duration = AV_TIME_BASE;
+    movie->max_streams = 64;
+    movie->fps_probe_size = 0;
+    movie->format_whitelist = av_strdup(knownContainers);
+    movie->protocol_whitelist = av_strdup("none");
+    // On failure the context is freed for us.
+    if (avformat_open_input(&movie, nullptr, nullptr, nullptr) < 0) {
+        return nullptr;
+    }
+    return Movie(movie);
+}
+
+MovieVideoTrack videoTrack(const AVStream& stream) {
+    MovieVideoTrack track{static_cast<double>(stream.codecpar->width),
+                          static_cast<double>(stream.codecpar->height)};
+    const AVRational aspect = stream.sample_aspect_ratio.num > 0 ? stream.sample_aspect_ratio
+                                                                 : stream.codecpar->sample_aspect_ratio;
+    if (aspect.num > 0 && aspect.den > 0) {
+        track.naturalWidth *= av_q2d(aspect);
+    }
+    std::size_t size = 0;
+    const std::uint8_t* data = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
+    if (data != nullptr && size >= 9 * sizeof(std::int32_t)) {
+        const std::span<const std::int32_t> matrix(reinterpret_cast<const std::int32_t*>(data), 9);
+        const auto at = [&](std::size_t index) { return matrix[index] / 65536.0; };
+        track.transform = {at(0), at(1), at(3), at(4), at(6), at(7)};
+    }
+    return track;
+}
+
+bool isMovingPicture(const AVStream& stream) {
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO &&
+           (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) == 0;
+}
+
+MovieProperties propertiesOf(const AVFormatContext& movie) {
+    MovieProperties properties;
+    if (movie.duration != AV_NOPTS_VALUE && movie.duration > 0) {
+        properties.durationSeconds = static_cast<double>(movie.duration) / AV_TIME_BASE;
+    }
+    const std::span<AVStream* const> streams(movie.streams, movie.nb_streams);
+    const auto found =
+        std::ranges::find_if(streams, [](const AVStream* stream) { return isMovingPicture(*stream); });
+    if (found != streams.end() && (*found)->codecpar->width > 0 && (*found)->codecpar->height > 0) {
+        properties.videoTrack = videoTrack(**found);
+    }
+    return properties;
+}
+
+} // namespace
+
+std::optional<MovieProperties> readOtherMovie(ReadableFile& file) {
+    static std::once_flag silenced;
+    std::call_once(silenced, [] { av_log_set_level(AV_LOG_QUIET); });
+    LibavInput input(file);
+    auto* buffer = static_cast<unsigned char*>(av_malloc(bufferSize));
+    if (buffer == nullptr) {
+        return std::nullopt;
+    }
+    const std::unique_ptr<AVIOContext, CloseIo> io(
+        avio_alloc_context(buffer, bufferSize, 0, &input, LibavInput::readPacket, nullptr, LibavInput::seek));
+    if (!io) {
+        av_free(buffer);
+        return std::nullopt;
+    }
+    const Movie movie = openMovie(input, *io);
+    if (!movie) {
+        return std::nullopt;
+    }
+    // A failure leaves what is known already.
+    avformat_find_stream_info(movie.get(), nullptr);
+    return propertiesOf(*movie);
+}
+
+} // namespace lumeo

@@ -1,0 +1,189 @@
+#include "support/TinyMovies.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+namespace lumeo {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr std::uint32_t ticksPerSecond = 1000;
+
+/// Whole units since `epoch`, or 0 for an unset time.
+std::uint64_t unitsSince(Instant epoch, std::optional<Instant> time, std::int64_t microsecondsPerUnit) {
+    return time ? static_cast<std::uint64_t>((*time - epoch).count() / microsecondsPerUnit) : 0;
+}
+
+constexpr Instant startOf(int year) {
+    return std::chrono::sys_days{std::chrono::year{year} / 1 / 1};
+}
+
+std::uint64_t ticks(const TinyMovie& movie) {
+    return static_cast<std::uint64_t>(std::lround(movie.durationSeconds * ticksPerSecond));
+}
+
+std::string fixedPoint(double value, int bitsBehindPoint = 16) {
+    const double shifted = std::ldexp(value, bitsBehindPoint);
+    return bigEndianBytes(static_cast<std::uint32_t>(std::lround(shifted)), 4);
+}
+
+std::string matrix(const std::array<double, 4>& transform) {
+    const std::string zero(4, '\0');
+    return fixedPoint(transform[0]) + fixedPoint(transform[1]) + zero + fixedPoint(transform[2]) +
+           fixedPoint(transform[3]) + zero + zero + zero + fixedPoint(1, 30);
+}
+
+std::string quickTimeTrack(const TinyMovie& movie) {
+    const std::string header = bigEndianBytes(7, 4) + std::string(8, '\0') + bigEndianBytes(1, 4) +
+                               std::string(4, '\0') + bigEndianBytes(ticks(movie), 4) +
+                               std::string(16, '\0') + matrix(movie.transform) + fixedPoint(movie.width) +
+                               fixedPoint(movie.height);
+    const std::string mediaHeader = std::string(12, '\0') + bigEndianBytes(ticksPerSecond, 4) +
+                                    bigEndianBytes(ticks(movie), 4) + std::string(4, '\0');
+    const std::string handler = std::string(8, '\0') + "vide" + std::string(13, '\0');
+    return movieBox("trak", movieBox("tkhd", header) +
+                                movieBox("mdia", movieBox("mdhd", mediaHeader) + movieBox("hdlr", handler)));
+}
+
+/// The box of QuickTime metadata with one key.
+std::string quickTimeMetadata(std::string_view key, std::string_view text) {
+    const std::string handler = std::string(8, '\0') + "mdta" + std::string(13, '\0');
+    const std::string keys = bigEndianBytes(1, 8) + movieBox("mdta", key);
+    const std::string value =
+        movieBox("data", bigEndianBytes(1, 4) + std::string(4, '\0') + std::string(text));
+    const std::string item = bigEndianBytes(8 + value.size(), 4) + bigEndianBytes(1, 4) + value;
+    return movieBox("meta", movieBox("hdlr", handler) + movieBox("keys", keys) + movieBox("ilst", item));
+}
+
+std::string userData(std::string_view text) {
+    constexpr int english = 0x15C7; // "eng", five bits a letter
+    return movieBox(
+        "udta", movieBox("\xA9"
+                         "day",
+                         bigEndianBytes(text.size(), 2) + bigEndianBytes(english, 2) + std::string(text)));
+}
+
+/// A Matroska element, its size in eight bytes.
+std::string element(std::uint64_t id, std::string_view content) {
+    const int idWidth = (static_cast<int>(std::bit_width(id)) + 7) / 8;
+    return bigEndianBytes(id, idWidth) + bigEndianBytes(std::uint64_t{1} << 56U | content.size(), 8) +
+           std::string(content);
+}
+
+std::string asfObject(std::string_view identifier, std::string_view content) {
+    return std::string(identifier) + littleEndianBytes(24 + content.size(), 8) + std::string(content);
+}
+
+std::string chunk(std::string_view name, std::string_view content) {
+    return std::string(name) + littleEndianBytes(content.size(), 4) + std::string(content) +
+           std::string(content.size() % 2, '\0');
+}
+
+} // namespace
+
+std::string bigEndianBytes(std::uint64_t value, int width) {
+    std::string bytes = littleEndianBytes(value, width);
+    std::ranges::reverse(bytes);
+    return bytes;
+}
+
+std::string littleEndianBytes(std::uint64_t value, int width) {
+    std::string bytes;
+    for (int index = 0; index < width; ++index) {
+        bytes += static_cast<char>(value >> 8U * static_cast<unsigned>(index));
+    }
+    return bytes;
+}
+
+std::string movieBox(std::string_view type, std::string_view content) {
+    return bigEndianBytes(8 + content.size(), 4) + std::string(type) + std::string(content);
+}
+
+std::string tinyQuickTime(const TinyMovie& movie) {
+    const std::uint64_t created = unitsSince(startOf(1904), movie.headerTime, 1'000'000);
+    std::string parts =
+        movieBox("mvhd", std::string(4, '\0') + bigEndianBytes(created, 4) + bigEndianBytes(created, 4) +
+                             bigEndianBytes(ticksPerSecond, 4) + bigEndianBytes(ticks(movie), 4) +
+                             fixedPoint(1) + std::string(12, '\0') + matrix({1, 0, 0, 1}) +
+                             std::string(24, '\0') + bigEndianBytes(2, 4));
+    if (movie.hasVideo) {
+        parts += quickTimeTrack(movie);
+    }
+    if (movie.userDataDay) {
+        parts += userData(*movie.userDataDay);
+    }
+    if (movie.quickTimeCreationDate) {
+        parts += quickTimeMetadata("com.apple.quicktime.creationdate", *movie.quickTimeCreationDate);
+    }
+    return movieBox("ftyp", "qt  "s + std::string(4, '\0') + "qt  ") + movieBox("mdat", "no pictures") +
+           movieBox("moov", parts);
+}
+
+std::string tinyMatroska(const TinyMovie& movie) {
+    const std::uint64_t ticks = std::bit_cast<std::uint64_t>(movie.durationSeconds * ticksPerSecond);
+    std::string info =
+        element(0x2AD7B1, bigEndianBytes(1'000'000, 3)) + element(0x4489, bigEndianBytes(ticks, 8));
+    if (movie.headerTime) {
+        info += element(0x4461, bigEndianBytes(unitsSince(codedEpoch, movie.headerTime, 1) * 1000, 8));
+    }
+    std::string track =
+        element(0xD7, bigEndianBytes(1, 1)) + element(0x83, bigEndianBytes(movie.hasVideo ? 1 : 2, 1));
+    if (movie.hasVideo) {
+        track +=
+            element(0x86, "V_MJPEG") +
+            element(0xE0, element(0xB0, bigEndianBytes(static_cast<std::uint64_t>(movie.width), 2)) +
+                              element(0xBA, bigEndianBytes(static_cast<std::uint64_t>(movie.height), 2)));
+    } else {
+        track += element(0x86, "A_PCM/INT/LIT");
+    }
+    return element(0x1A45DFA3, element(0x4282, "matroska")) +
+           element(0x18538067, element(0x1549A966, info) + element(0x1654AE6B, element(0xAE, track)) +
+                                   element(0x1F43B675, element(0xE7, bigEndianBytes(0, 1))));
+}
+
+std::string tinyAsf(const TinyMovie& movie) {
+    constexpr std::uint64_t unitsPerSecond = 10'000'000;
+    const std::uint64_t played = ticks(movie) * (unitsPerSecond / ticksPerSecond);
+    const std::uint64_t created = unitsSince(startOf(1601), movie.headerTime, 1) * 10;
+    std::string objects =
+        asfObject("\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4\x00\xC0\x0C\x20\x53\x65"s,
+                  std::string(24, '\0') + littleEndianBytes(created, 8) + std::string(8, '\0') +
+                      littleEndianBytes(played, 8) + std::string(32, '\0'));
+    std::uint64_t count = 1;
+    if (movie.hasVideo) {
+        ++count;
+        objects += asfObject("\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6\x00\xC0\x0C\x20\x53\x65"s,
+                             "\xC0\xEF\x19\xBC\x4D\x5B\xCF\x11\xA8\xFD\x00\x80\x5F\x5C\x44\x2B"s +
+                                 std::string(38, '\0') +
+                                 littleEndianBytes(static_cast<std::uint64_t>(movie.width), 4) +
+                                 littleEndianBytes(static_cast<std::uint64_t>(movie.height), 4));
+    }
+    const std::string head = littleEndianBytes(count, 4) + "\x01\x02" + objects;
+    return asfObject("\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\x00\xAA\x00\x62\xCE\x6C"s, head);
+}
+
+std::string tinyAvi(const TinyMovie& movie) {
+    const auto width = static_cast<std::uint64_t>(movie.width);
+    const auto height = static_cast<std::uint64_t>(movie.height);
+    std::string header =
+        chunk("avih", littleEndianBytes(1000, 4) + std::string(12, '\0') +
+                          littleEndianBytes(ticks(movie), 4) + std::string(12, '\0') +
+                          littleEndianBytes(width, 4) + littleEndianBytes(height, 4) + std::string(16, '\0'));
+    const std::string stream = (movie.hasVideo ? "vidsMJPG"s : "auds"s + std::string(4, '\0')) +
+                               std::string(12, '\0') + littleEndianBytes(1, 4) +
+                               littleEndianBytes(ticksPerSecond, 4) + std::string(4, '\0') +
+                               littleEndianBytes(ticks(movie), 4) + std::string(20, '\0');
+    std::string format =
+        littleEndianBytes(40, 4) + littleEndianBytes(width, 4) + littleEndianBytes(height, 4);
+    format += littleEndianBytes(1, 2) + littleEndianBytes(24, 2) + "MJPG";
+    format.resize(40);
+    header += chunk("LIST", "strl" + chunk("strh", stream) + chunk("strf", format));
+    if (movie.wallClock) {
+        header += chunk("IDIT", *movie.wallClock);
+    }
+    return chunk("RIFF", "AVI " + chunk("LIST", "hdrl" + header) + chunk("LIST", "movi"));
+}
+
+} // namespace lumeo

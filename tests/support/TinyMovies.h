@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/Instant.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lumeo {
+
+/// The facts that a made movie carries; absent ones are left out of the file or stand there as unset.
+/// A container that has no place for a fact leaves it out. None has any picture in it.
+struct TinyMovie {
+    std::optional<Instant> headerTime; ///< the container's own creation time
+    std::optional<std::string>
+        quickTimeCreationDate;              ///< QuickTime and MP4: "com.apple.quicktime.creationdate"
+    std::optional<std::string> userDataDay; ///< QuickTime and MP4: "©day"
+    std::optional<std::string> wallClock;   ///< AVI: the text of its date, "Mon Mar 10 15:04:43 2003"
+    double durationSeconds = 2.5;
+    bool hasVideo = true;
+    double width = 64; ///< pixels
+    double height = 48;
+    std::array<double, 4> transform{1, 0, 0, 1}; ///< QuickTime and MP4: a, b, c, d of the display matrix
+};
+
+/// QuickTime or MP4, good under ".mov", ".mp4", ".m4v" and ".3gp". The media comes before the header,
+/// as cameras write it.
+std::string tinyQuickTime(const TinyMovie& movie = {});
+
+std::string tinyMatroska(const TinyMovie& movie = {});
+std::string tinyAsf(const TinyMovie& movie = {});
+std::string tinyAvi(const TinyMovie& movie = {});
+
+/// One box of a QuickTime or MP4 file, for files that no camera would write.
+std::string movieBox(std::string_view type, std::string_view content);
+
+/// `value` in `width` bytes, highest first.
+std::string bigEndianBytes(std::uint64_t value, int width);
+
+/// `value` in `width` bytes, lowest first.
+std::string littleEndianBytes(std::uint64_t value, int width);
+
+} // namespace lumeo
