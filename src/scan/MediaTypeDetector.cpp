@@ -64,6 +64,7 @@ constexpr std::array extensionsByTheme{
     KnownExtension{"heic", photo, "public.heic"},
     KnownExtension{"heics", photo, "public.heics"},
     KnownExtension{"heif", photo, "public.heif"},
+    KnownExtension{"hif", photo, "public.heif"},
     KnownExtension{"icns", photo, "com.apple.icns"},
     KnownExtension{"ico", photo, "com.microsoft.ico"},
     KnownExtension{"j2c", photo, "public.jpeg-2000"},
