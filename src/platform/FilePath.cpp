@@ -11,11 +11,12 @@
 namespace lumeo {
 namespace {
 
+/// Empty when it has been removed.
 std::string currentFolder() {
     std::string buffer(4096, '\0');
     while (getcwd(buffer.data(), buffer.size()) == nullptr) {
         if (errno != ERANGE) {
-            return "/";
+            return {};
         }
         buffer.resize(buffer.size() * 2);
     }
@@ -50,7 +51,11 @@ FilePath FilePath::standardized(std::string_view path) {
     }
     std::string absolute;
     if (path.front() != '/') {
-        absolute = currentFolder() + "/";
+        absolute = currentFolder();
+        if (absolute.empty()) {
+            return FilePath(std::string(path));
+        }
+        absolute += '/';
     }
     absolute += path;
 

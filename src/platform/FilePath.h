@@ -20,7 +20,8 @@ public:
     explicit FilePath(std::string bytes);
 
     /// `path` made absolute against the current folder, "." and ".." and doubled slashes removed by
-    /// their text alone (no link is resolved). Empty stays empty.
+    /// their text alone (no link is resolved). Empty stays empty; so does a relative path stay as it is
+    /// when the current folder has been removed, for the system to refuse.
     static FilePath standardized(std::string_view path);
 
     [[nodiscard]] const std::string& bytes() const noexcept { return bytes_; }

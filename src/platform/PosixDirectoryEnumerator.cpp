@@ -10,6 +10,13 @@ namespace {
 /// More than the depth of nearly every photo library, far fewer than a process may have open.
 constexpr std::size_t openFoldersLimit = 32;
 
+/// Opens a folder as a place to reach its entries from, if it is the one expected there.
+Descriptor reopen(int from, const char* name, const FileIdentity& expected) {
+    Descriptor place(retrying([&] { return openat(from, name, O_PATH | O_DIRECTORY | O_CLOEXEC); }));
+    const FileResult<FileStatus> status = statusAt(place.get(), "", AT_EMPTY_PATH, {});
+    return status && status->identity == expected ? std::move(place) : Descriptor();
+}
+
 } // namespace
 
 PosixDirectoryEnumerator::PosixDirectoryEnumerator(std::function<void(const FileError&)> onError)
@@ -32,7 +39,7 @@ std::optional<DirectoryEntry> PosixDirectoryEnumerator::next() {
         Level& level = levels_.back();
         const std::optional<std::string> name = nextName(level);
         if (!name) {
-            levels_.pop_back();
+            leaveInnermost();
             continue;
         }
         FilePath path = level.folder.appending(*name);
@@ -75,11 +82,46 @@ void PosixDirectoryEnumerator::enterFolderGivenLast() {
     }
 }
 
+void PosixDirectoryEnumerator::leaveInnermost() {
+    const Level left = std::move(levels_.back());
+    levels_.pop_back();
+    if (levels_.empty() || levels_.back().descriptor() >= 0) {
+        return;
+    }
+    // Up from below costs the same at any depth; the path is for when the folder below was moved.
+    Level& level = levels_.back();
+    level.place = reopen(left.descriptor(), "..", level.identity);
+    if (level.place.isOpen() || level.waitingNames.empty()) {
+        return;
+    }
+    if (const ReachedPath reached(level.folder); reached.isReached()) {
+        level.place = reopen(reached.folder(), reached.name(), level.identity);
+    }
+    if (!level.place.isOpen()) {
+        level.waitingNames.clear();
+        report(level.folder, ENOENT);
+    }
+}
+
+void PosixDirectoryEnumerator::layAside(Level& level) {
+    if (level.stream) {
+        if (const auto status = statusAt(level.descriptor(), "", AT_EMPTY_PATH, level.folder); status) {
+            level.identity = status->identity;
+        }
+        while (std::optional<std::string> name = nextStreamName(level)) {
+            level.waitingNames.push_back(std::move(*name));
+        }
+        std::reverse(level.waitingNames.begin(), level.waitingNames.end());
+        level.stream.reset();
+    }
+    level.place = {};
+}
+
 std::optional<std::string> PosixDirectoryEnumerator::nextName(Level& level) {
     if (level.stream) {
         return nextStreamName(level);
     }
-    if (level.waitingNames.empty() || !reopen(level)) {
+    if (level.waitingNames.empty()) {
         return std::nullopt;
     }
     std::string name = std::move(level.waitingNames.back());
@@ -102,41 +144,6 @@ std::optional<std::string> PosixDirectoryEnumerator::nextStreamName(Level& level
             return std::string(name);
         }
     }
-}
-
-/// Finds the way back to a folder laid aside; false when another one stands in its place.
-bool PosixDirectoryEnumerator::reopen(Level& level) {
-    if (level.place.isOpen()) {
-        return true;
-    }
-    Descriptor place(callAt(level.folder, [](int from, const char* name) {
-        return openat(from, name, O_PATH | O_DIRECTORY | O_CLOEXEC);
-    }));
-    if (!place.isOpen()) {
-        report(level.folder, errno);
-        return false;
-    }
-    const FileResult<FileStatus> status = statusAt(place.get(), "", AT_EMPTY_PATH, level.folder);
-    if (!status || status->identity != level.identity) {
-        report(level.folder, status ? ENOENT : status.error().errnoValue);
-        return false;
-    }
-    level.place = std::move(place);
-    return true;
-}
-
-void PosixDirectoryEnumerator::layAside(Level& level) {
-    if (level.stream) {
-        if (const auto status = statusAt(level.descriptor(), "", AT_EMPTY_PATH, level.folder); status) {
-            level.identity = status->identity;
-        }
-        while (std::optional<std::string> name = nextStreamName(level)) {
-            level.waitingNames.push_back(std::move(*name));
-        }
-        std::reverse(level.waitingNames.begin(), level.waitingNames.end());
-        level.stream.reset();
-    }
-    level.place = {};
 }
 
 void PosixDirectoryEnumerator::report(const FilePath& folder, int errnoValue) const {

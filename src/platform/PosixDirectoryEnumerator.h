@@ -26,15 +26,15 @@ private:
     };
     using Stream = std::unique_ptr<DIR, CloseStream>;
 
-    /// One folder of the chain from the root of the walk down to where it stands. It is being read
-    /// (stream), or was laid aside with the names still to come (waitingNames), and in that case open
-    /// again as a place to reach them from (place) or not.
+    /// One folder of the chain from the root of the walk down to where it stands: being read (stream),
+    /// or laid aside with the names still to come (waitingNames). The innermost one is always open, one
+    /// that was laid aside as a mere place to reach its entries from.
     struct Level {
         FilePath folder;
         Stream stream;
-        std::vector<std::string> waitingNames; ///< last one first
         Descriptor place;
-        FileIdentity identity; ///< set when laid aside
+        std::vector<std::string> waitingNames; ///< last one first
+        FileIdentity identity;                 ///< set when laid aside
 
         [[nodiscard]] int descriptor() const { return stream ? dirfd(stream.get()) : place.get(); }
     };
@@ -44,10 +44,10 @@ private:
     /// Takes over `descriptor`, which may be closed with errno telling why.
     FileResult<void> enter(FilePath folder, Descriptor descriptor);
     void enterFolderGivenLast();
+    void leaveInnermost();
+    void layAside(Level& level);
     std::optional<std::string> nextName(Level& level);
     std::optional<std::string> nextStreamName(Level& level);
-    bool reopen(Level& level);
-    void layAside(Level& level);
     void report(const FilePath& folder, int errnoValue) const;
 
     std::function<void(const FileError&)> onError_;

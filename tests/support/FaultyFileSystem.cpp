@@ -99,7 +99,9 @@ public:
         if (folderGivenLast_) {
             if (auto error = disk_.meet("enumerate", FileAction::list, *folderGivenLast_)) {
                 walk_->skipDescendants();
-                onError_(*error);
+                if (onError_) {
+                    onError_(*error);
+                }
             }
             folderGivenLast_.reset();
         }

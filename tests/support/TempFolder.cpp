@@ -1,12 +1,17 @@
 #include "support/TempFolder.h"
 
+#include "platform/PosixFileSystem.h"
+#include "platform/PosixHandle.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace lumeo {
 
@@ -19,8 +24,20 @@ TempFolder::TempFolder() {
 }
 
 TempFolder::~TempFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_.bytes(), ignored);
+    // std::filesystem runs out of descriptors in the depths that some tests build.
+    std::vector<DirectoryEntry> found;
+    if (const auto walk = PosixFileSystem().enumerate(path_, {})) {
+        while (std::optional<DirectoryEntry> entry = (*walk)->next()) {
+            found.push_back(std::move(*entry));
+        }
+    }
+    for (auto entry = found.rbegin(); entry != found.rend(); ++entry) {
+        const bool isFolder = entry->status && entry->status->kind == FileKind::folder;
+        callAt(entry->path, [isFolder](int folder, const char* name) {
+            return unlinkat(folder, name, isFolder ? AT_REMOVEDIR : 0);
+        });
+    }
+    rmdir(path_.c_str());
 }
 
 FilePath TempFolder::write(std::string_view relative, std::string_view content) const {

@@ -45,7 +45,12 @@ std::string FileError::message() const {
 
 bool FileSystem::exists(const FilePath& path) const {
     const FileResult<FileStatus> found = status(path);
-    return found || (found.error().errnoValue != ENOENT && found.error().errnoValue != ENOTDIR);
+    if (found) {
+        return true;
+    }
+    const int reason = found.error().errnoValue;
+    // Nothing can have a name too long for the file system.
+    return reason != ENOENT && reason != ENOTDIR && reason != ENAMETOOLONG;
 }
 
 } // namespace lumeo

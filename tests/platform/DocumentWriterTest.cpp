@@ -1,0 +1,66 @@
+#include "platform/DocumentWriter.h"
+
+#include "platform/PosixFileSystem.h"
+#include "support/FaultyFileSystem.h"
+#include "support/TempFolder.h"
+
+#include <cerrno>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace lumeo {
+namespace {
+
+std::size_t entriesIn(const FilePath& folder) {
+    const std::filesystem::directory_iterator first(folder.bytes());
+    return static_cast<std::size_t>(std::distance(first, {}));
+}
+
+TEST(DocumentWriterTest, whicheverCallFailsTheOldDocumentOrTheNewOneIsThereWhole) {
+    std::size_t calls = 1;
+    for (std::size_t failing = 1; failing <= calls; ++failing) {
+        const TempFolder folder;
+        const FilePath path = folder.write("journal.json", "old");
+        PosixFileSystem real;
+        FaultyFileSystem disk(real);
+        disk.failCall(failing, EIO);
+
+        const FileResult<void> written = writeDocument(disk, "new document", path);
+
+        ASSERT_FALSE(written) << "call " << failing;
+        EXPECT_EQ(written.error().errnoValue, EIO);
+        const bool isLastCall = written.error().path == folder.path(); // only the folder's flush was missed
+        EXPECT_EQ(contentOf(path), isLastCall ? "new document" : "old") << "call " << failing;
+        EXPECT_EQ(entriesIn(folder.path()), 1U) << "call " << failing;
+        calls = isLastCall ? failing : failing + 1;
+    }
+    EXPECT_EQ(calls, 6U); // create, write, flush, close, rename, flush the folder
+}
+
+TEST(DocumentWriterTest, aFullDiskLeavesTheOldDocument) {
+    const TempFolder folder;
+    const FilePath path = folder.write("journal.json", "old");
+    PosixFileSystem real;
+    FaultyFileSystem disk(real);
+    disk.limitSpace(5);
+    const FileResult<void> written = writeDocument(disk, "new document", path);
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error().errnoValue, ENOSPC);
+    EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(entriesIn(folder.path()), 1U);
+}
+
+TEST(DocumentWriterTest, theLongestNameIsWrittenButNoFolderReplaced) {
+    const TempFolder folder;
+    PosixFileSystem disk;
+    const FilePath longest = folder / std::string(255, 'n');
+    EXPECT_TRUE(writeDocument(disk, "text", longest));
+    EXPECT_EQ(contentOf(longest), "text");
+    ASSERT_TRUE(disk.createFolders(folder / "taken"));
+    EXPECT_FALSE(writeDocument(disk, "text", folder / "taken"));
+    EXPECT_EQ(entriesIn(folder.path()), 2U);
+}
+
+} // namespace
+} // namespace lumeo

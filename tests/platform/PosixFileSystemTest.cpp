@@ -1,0 +1,326 @@
+#include "platform/PosixFileSystem.h"
+
+#include "platform/DocumentWriter.h"
+#include "support/TempFolder.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace lumeo {
+namespace {
+
+using std::chrono::microseconds;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The reason of a refusal; 0 when there was none.
+template<class Value>
+int reasonOf(const FileResult<Value>& result) {
+    return result ? 0 : result.error().errnoValue;
+}
+
+std::string readAll(ReadableFile& file) {
+    std::string text;
+    std::array<std::byte, 7> buffer{};
+    for (;;) {
+        const FileResult<std::size_t> count = file.read(buffer);
+        if (!count || *count == 0) {
+            EXPECT_TRUE(count);
+            return text;
+        }
+        text.append(reinterpret_cast<const char*>(buffer.data()), *count);
+    }
+}
+
+void makeLink(std::string_view target, const FilePath& path) {
+    std::filesystem::create_symlink(target, path.bytes());
+}
+
+class PosixFileSystemTest : public testing::Test {
+protected:
+    TempFolder folder;
+    PosixFileSystem disk;
+};
+
+TEST_F(PosixFileSystemTest, tellsEntriesFromWhatTheyLeadTo) {
+    const FilePath file = folder.write("file", "12345");
+    makeLink("file", folder / "link");
+    makeLink("nowhere", folder / "dangling");
+    std::filesystem::create_hard_link(file.bytes(), (folder / "twin").bytes());
+    EXPECT_EQ(disk.status(file)->kind, FileKind::regular);
+    EXPECT_EQ(disk.status(file)->size, 5);
+    EXPECT_EQ(disk.status(folder.path())->kind, FileKind::folder);
+    EXPECT_EQ(disk.status(folder / "link")->kind, FileKind::symbolicLink);
+    EXPECT_NE(disk.status(folder / "link")->identity, disk.status(file)->identity);
+    EXPECT_EQ(*disk.targetStatus(folder / "link"), *disk.status(file));
+    EXPECT_EQ(disk.status(folder / "twin")->identity, disk.status(file)->identity);
+    EXPECT_EQ(reasonOf(disk.targetStatus(folder / "dangling")), ENOENT);
+
+    EXPECT_TRUE(disk.exists(folder / "dangling"));
+    for (const std::string& absent :
+         {std::string("none"), std::string("file/below"), std::string(256, 'n')}) {
+        EXPECT_FALSE(disk.exists(folder / absent)) << absent;
+    }
+}
+
+TEST_F(PosixFileSystemTest, roundsTimesDownToTheMicrosecond) {
+    const FilePath file = folder.write("file", "");
+    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, timespec{-1, 999'999'999}};
+    ASSERT_EQ(utimensat(AT_FDCWD, file.c_str(), times.data(), 0), 0);
+    EXPECT_EQ(disk.status(file)->modificationDate, Instant(microseconds(-1)));
+    EXPECT_GT(disk.status(file)->changeDate.value(), Instant(std::chrono::hours(24)));
+}
+
+TEST_F(PosixFileSystemTest, readsWithAndWithoutMovingOn) {
+    const FilePath path = folder.write("file", "0123456789");
+    const auto file = disk.openForReading(path).value();
+    std::array<std::byte, 4> buffer{};
+    EXPECT_EQ(*file->readAt(8, buffer), 2U);
+    EXPECT_EQ(buffer[1], std::byte{'9'});
+    EXPECT_EQ(*file->readAt(10, buffer), 0U);
+    EXPECT_EQ(readAll(*file), "0123456789");
+    ASSERT_TRUE(disk.removeFile(path));
+    EXPECT_EQ(file->status()->size, 10);
+}
+
+TEST_F(PosixFileSystemTest, opensNothingButRegularFiles) {
+    const FilePath pipe = folder / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    makeLink("pipe", folder / "link");
+    EXPECT_EQ(reasonOf(disk.openForReading(pipe)), ENOTSUP);
+    EXPECT_EQ(reasonOf(disk.openForReading(folder / "link")), ENOTSUP);
+    EXPECT_EQ(reasonOf(disk.openForReading(FilePath("/dev/null"))), ENOTSUP);
+    EXPECT_EQ(reasonOf(disk.openForReading(folder.path())), EISDIR);
+    EXPECT_EQ(reasonOf(disk.openForReading(folder / "none")), ENOENT);
+    folder.write("file", "");
+    EXPECT_EQ(reasonOf(disk.openForReading(folder / std::string("file\0.jpg", 9))), EINVAL);
+}
+
+TEST_F(PosixFileSystemTest, createsOnlyWhereNothingIs) {
+    const FilePath path = folder / "new";
+    {
+        const auto file = disk.createFile(path).value();
+        EXPECT_TRUE(file->write(std::as_bytes(std::span("one", 3))));
+        EXPECT_TRUE(file->write({}));
+        EXPECT_TRUE(file->write(std::as_bytes(std::span("two", 3))));
+        EXPECT_TRUE(file->flush());
+        file->evict();
+        EXPECT_TRUE(file->close());
+    }
+    EXPECT_EQ(contentOf(path), "onetwo");
+    EXPECT_EQ(reasonOf(disk.createFile(path)), EEXIST);
+    makeLink("target", folder / "dangling");
+    EXPECT_EQ(reasonOf(disk.createFile(folder / "dangling")), EEXIST);
+    EXPECT_FALSE(disk.exists(folder / "target"));
+}
+
+TEST_F(PosixFileSystemTest, aWriteThatTheSystemCutsShortGoesOnUntilItFails) {
+    const FilePath path = folder / "file";
+    const auto tryIt = [&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{1000, 1000};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        const std::vector<std::byte> bytes(4096);
+        const auto file = disk.createFile(path).value();
+        _exit(reasonOf(file->write(bytes)));
+    };
+    EXPECT_EXIT(tryIt(), testing::ExitedWithCode(EFBIG), "");
+    EXPECT_EQ(disk.status(path)->size, 1000);
+}
+
+TEST_F(PosixFileSystemTest, createsTheMissingFoldersAndTellsThem) {
+    EXPECT_THAT(disk.createFolders(folder / "a/b/c").value(),
+                ElementsAre(folder / "a", folder / "a/b", folder / "a/b/c"));
+    EXPECT_THAT(disk.createFolders(folder / "a/b").value(), IsEmpty());
+    makeLink("a", folder / "link");
+    EXPECT_THAT(disk.createFolders(folder / "link/d").value(), ElementsAre(folder / "link/d"));
+    EXPECT_THAT(disk.createFolders(folder / "a//e/").value(), ElementsAre(folder / "a//e/"));
+    EXPECT_THAT(disk.createFolders(FilePath("/")).value(), IsEmpty());
+
+    folder.write("file", "");
+    EXPECT_EQ(reasonOf(disk.createFolders(folder / "file")), ENOTDIR);
+    EXPECT_EQ(reasonOf(disk.createFolders(folder / "file/a/b")), ENOTDIR);
+    makeLink("nowhere", folder / "dangling");
+    EXPECT_EQ(reasonOf(disk.createFolders(folder / "dangling/a")), EEXIST);
+}
+
+TEST_F(PosixFileSystemTest, foldersThatSeveralMakeAtOnceAreEachToldOnce) {
+    constexpr std::size_t depth = 50;
+    FilePath deepest = folder.path();
+    for (std::size_t level = 0; level < depth; ++level) {
+        deepest = deepest.appending("f");
+    }
+    std::array<std::size_t, 4> made{};
+    {
+        std::vector<std::thread> threads;
+        for (std::size_t& mine : made) {
+            threads.emplace_back([&] { mine = disk.createFolders(deepest).value().size(); });
+        }
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+    }
+    EXPECT_EQ(made[0] + made[1] + made[2] + made[3], depth);
+}
+
+TEST_F(PosixFileSystemTest, removesFilesAndLinksButNoFolder) {
+    const FilePath file = folder.write("a/file", "");
+    makeLink("a", folder / "link");
+    EXPECT_TRUE(disk.removeFile(folder / "link"));
+    EXPECT_TRUE(disk.exists(file));
+    EXPECT_TRUE(disk.removeFile(file));
+    EXPECT_EQ(reasonOf(disk.removeFile(folder / "a")), EISDIR);
+    EXPECT_TRUE(disk.exists(folder / "a"));
+}
+
+TEST_F(PosixFileSystemTest, flushesFoldersAndMeasuresRoom) {
+    EXPECT_TRUE(disk.flushFolder(folder.path()));
+    EXPECT_TRUE(disk.flushFolder(FilePath("/proc/self"))); // knows no flush
+    EXPECT_EQ(reasonOf(disk.flushFolder(folder / "none")), ENOENT);
+    const VolumeSpace space = disk.volumeSpace(folder.path()).value();
+    EXPECT_GT(space.available, 0);
+    EXPECT_GE(space.total, space.available);
+    EXPECT_EQ(reasonOf(disk.volumeSpace(folder / "none")), ENOENT);
+}
+
+TEST_F(PosixFileSystemTest, doesAllOfItBeyondTheLengthOfAPathText) {
+    FilePath deep = folder.path();
+    while (deep.bytes().size() < 3 * 4096) {
+        deep = deep.appending(std::string(255, 'd'));
+    }
+    ASSERT_TRUE(disk.createFolders(deep));
+    const FilePath from = deep.appending("from");
+    const FilePath to = deep.appending("to");
+    ASSERT_TRUE(writeDocument(disk, "text", from));
+    EXPECT_EQ(disk.status(from)->size, 4);
+    EXPECT_EQ(readAll(**disk.openForReading(from)), "text");
+    EXPECT_TRUE(disk.renameWithoutReplacing(from, to));
+    EXPECT_FALSE(disk.exists(from));
+    EXPECT_TRUE(disk.flushFolder(deep));
+    EXPECT_GT(disk.volumeSpace(to)->available, 0);
+    EXPECT_EQ((*disk.enumerate(deep, {}))->next()->path, to);
+    EXPECT_TRUE(disk.removeFile(to));
+
+    // Slashes and single names at the seams of the pieces.
+    EXPECT_TRUE(disk.exists(FilePath(std::string(10'000, '/') + "tmp" + std::string(10'000, '/'))));
+    EXPECT_EQ(reasonOf(disk.status(FilePath("/" + std::string(10'000, 'n')))), ENAMETOOLONG);
+    EXPECT_EQ(reasonOf(disk.status(folder / (std::string(10'000, 'n') + "/a"))), ENAMETOOLONG);
+}
+
+/// From now on this process cannot make `systemCall`: it fails with `reason`.
+void forbid(unsigned systemCall, unsigned reason) {
+    std::array<sock_filter, 4> program{{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, systemCall, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | reason),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    }};
+    const sock_fprog filter{program.size(), program.data()};
+    if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+        prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter, 0, 0) != 0) {
+        _exit(99);
+    }
+}
+
+/// What a file system can do: rename without replacing; else link; else neither.
+enum class Ability { all, links, none };
+
+class RenameTest : public PosixFileSystemTest, public testing::WithParamInterface<Ability> {
+protected:
+    /// The reason why a process of its own, with this ability only, could not rename; 0 when it could.
+    int reasonOfRename(const FilePath& from, const FilePath& to) {
+        const pid_t child = fork();
+        if (child == 0) {
+            if (GetParam() != Ability::all) {
+                forbid(SYS_renameat2, EINVAL);
+            }
+            if (GetParam() == Ability::none) {
+                forbid(SYS_linkat, EPERM);
+            }
+            _exit(reasonOf(disk.renameWithoutReplacing(from, to)));
+        }
+        int status = 0;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFEXITED(status));
+        return WEXITSTATUS(status);
+    }
+};
+
+TEST_P(RenameTest, takesAFreeName) {
+    const FilePath from = folder.write("from", "text");
+    ASSERT_TRUE(disk.createFolders(folder / "a"));
+    EXPECT_EQ(reasonOfRename(from, folder / "a/to"), 0);
+    EXPECT_EQ(contentOf(folder / "a/to"), "text");
+    EXPECT_FALSE(disk.exists(from));
+    EXPECT_EQ(reasonOfRename(from, folder / "none"), ENOENT);
+    EXPECT_EQ(reasonOfRename(folder / "a/to", folder / "none/to"), ENOENT);
+}
+
+TEST_P(RenameTest, neverTakesATakenName) {
+    const FilePath from = folder.write("from", "text");
+    const FilePath file = folder.write("file", "kept");
+    makeLink("nowhere", folder / "dangling");
+    ASSERT_TRUE(disk.createFolders(folder / "folder"));
+    for (const std::string_view taken : {"file", "dangling", "folder", "from"}) {
+        EXPECT_EQ(reasonOfRename(from, folder / taken), EEXIST) << taken;
+    }
+    EXPECT_EQ(contentOf(from), "text");
+    EXPECT_EQ(contentOf(file), "kept");
+    EXPECT_EQ(disk.status(folder / "dangling")->kind, FileKind::symbolicLink);
+}
+
+TEST_P(RenameTest, doesNotLeaveTheFileSystem) {
+    const FilePath memory("/dev/shm");
+    const FilePath from = folder.write("from", "text");
+    const FileResult<FileStatus> other = disk.targetStatus(memory);
+    if (!other || other->identity.device == disk.status(from)->identity.device) {
+        GTEST_SKIP() << "no second file system at hand";
+    }
+    const FilePath to = memory.appending(folder.path().lastComponent());
+    EXPECT_EQ(reasonOfRename(from, to), EXDEV);
+    EXPECT_FALSE(disk.exists(to));
+    EXPECT_EQ(contentOf(from), "text");
+}
+
+INSTANTIATE_TEST_SUITE_P(Abilities, RenameTest, testing::Values(Ability::all, Ability::links, Ability::none));
+
+TEST_F(PosixFileSystemTest, aRenameThatCannotGiveUpTheOldNameTakesTheNewOneBack) {
+    const FilePath from = folder.write("locked/from", "text");
+    ASSERT_TRUE(disk.createFolders(folder / "open"));
+    const auto tryIt = [&] {
+        constexpr uid_t nobody = 65534;
+        for (const FilePath& path : {folder.path(), folder / "locked", from, folder / "open"}) {
+            if (geteuid() == 0 && chown(path.c_str(), nobody, nobody) != 0) {
+                _exit(98);
+            }
+        }
+        chmod((folder / "locked").c_str(), 0555);
+        if (geteuid() == 0 && setresuid(nobody, nobody, nobody) != 0) {
+            _exit(97);
+        }
+        forbid(SYS_renameat2, EINVAL);
+        const int reason = reasonOf(disk.renameWithoutReplacing(from, folder / "open/to"));
+        chmod((folder / "locked").c_str(), 0755);
+        _exit(reason);
+    };
+    EXPECT_EXIT(tryIt(), testing::ExitedWithCode(EACCES), "");
+    EXPECT_EQ(contentOf(from), "text");
+    EXPECT_FALSE(disk.exists(folder / "open/to"));
+}
+
+} // namespace
+} // namespace lumeo
