@@ -4,6 +4,7 @@
 #include "platform/photo/ByteOrder.h"
 #include "platform/photo/FileWindow.h"
 #include "platform/photo/ImageHeader.h"
+#include "platform/photo/IsoMediaReader.h"
 #include "platform/photo/JpegReader.h"
 #include "platform/photo/LibraryReader.h"
 #include "platform/photo/TiffReader.h"
@@ -26,14 +27,34 @@ void fillFromXmpRange(FileWindow& file, const std::optional<FileRange>& range, P
     }
 }
 
+/// Gives `properties` each fact of `other` that it lacks; the pixel size stays its own.
+void fillFrom(const PhotoProperties& other, PhotoProperties& properties) {
+    const auto fill = [](auto& fact, const auto& otherFact) {
+        if (!fact) {
+            fact = otherFact;
+        }
+    };
+    fill(properties.exif.dateTimeOriginal, other.exif.dateTimeOriginal);
+    fill(properties.exif.dateTimeDigitized, other.exif.dateTimeDigitized);
+    fill(properties.exif.lensModel, other.exif.lensModel);
+    fill(properties.exif.pixelXDimension, other.exif.pixelXDimension);
+    fill(properties.exif.pixelYDimension, other.exif.pixelYDimension);
+    fill(properties.tiff.dateTime, other.tiff.dateTime);
+    fill(properties.tiff.make, other.tiff.make);
+    fill(properties.tiff.model, other.tiff.model);
+    if (!properties.gps.latitude && !properties.gps.longitude) {
+        properties.gps = other.gps;
+    }
+}
+
 std::optional<PhotoProperties> readJpegAt(FileWindow& file, std::uint64_t offset) {
     const auto jpeg = readJpeg(file, offset);
     if (!jpeg) {
         return std::nullopt;
     }
     PhotoProperties properties;
-    if (const auto exif = jpeg->exif ? readTiff(file, *jpeg->exif) : std::nullopt) {
-        properties = exif->properties;
+    if (auto exif = jpeg->exif ? readTiff(file, *jpeg->exif) : std::nullopt) {
+        properties = std::move(exif->properties);
     }
     properties.pixelWidth = jpeg->pixelWidth;
     properties.pixelHeight = jpeg->pixelHeight;
@@ -41,21 +62,10 @@ std::optional<PhotoProperties> readJpegAt(FileWindow& file, std::uint64_t offset
     return properties;
 }
 
-/// Gives `to` each fact that it lacks and `from` has.
-void fillFrom(const PhotoProperties& from, PhotoProperties& to) {
-    const auto fill = [](auto& fact, const auto& other) {
-        if (!fact) {
-            fact = other;
-        }
-    };
-    fill(to.exif.dateTimeOriginal, from.exif.dateTimeOriginal);
-    fill(to.exif.dateTimeDigitized, from.exif.dateTimeDigitized);
-    fill(to.exif.lensModel, from.exif.lensModel);
-    fill(to.tiff.dateTime, from.tiff.dateTime);
-    fill(to.tiff.make, from.tiff.make);
-    fill(to.tiff.model, from.tiff.model);
-    if (!to.gps.latitude) {
-        to.gps = from.gps;
+/// A RAW file's preview: its metadata is the photo's, its size is not.
+void fillFromPreview(FileWindow& file, const std::optional<FileRange>& jpeg, PhotoProperties& properties) {
+    if (const auto preview = jpeg ? readJpegAt(file, jpeg->offset) : std::nullopt) {
+        fillFrom(*preview, properties);
     }
 }
 
@@ -65,21 +75,49 @@ std::optional<PhotoProperties> readTiffFile(FileWindow& file) {
         return std::nullopt;
     }
     PhotoProperties properties = std::move(tiff->properties);
-    if (tiff->embeddedJpeg) {
-        if (const auto inner = readJpegAt(file, tiff->embeddedJpeg->offset)) {
-            fillFrom(*inner, properties);
-        }
+    // The first image of a CR2 is a preview that does not say so; its Exif dimensions are the photo's.
+    if (file.view(8, 2) == "CR") {
+        properties.pixelWidth.reset();
+        properties.pixelHeight.reset();
     }
+    fillFromPreview(file, tiff->embeddedJpeg, properties);
     fillFromXmpRange(file, tiff->xmpPacket, properties);
     return properties;
 }
 
-/// The metadata of a RAF stands in the JPEG preview, whose size says nothing about the photo's.
-std::optional<PhotoProperties> readRaf(FileWindow& file) {
-    constexpr std::size_t jpegOffsetAt = 84;
-    const auto offset = file.view(jpegOffsetAt, 4);
-    auto properties =
-        offset ? readJpegAt(file, numberAt<std::uint32_t>(*offset, 0, std::endian::big)) : std::nullopt;
+PhotoProperties readRaf(FileWindow& file) {
+    constexpr std::size_t jpegRangeAt = 84;
+    PhotoProperties properties;
+    if (const auto range = file.view(jpegRangeAt, 8)) {
+        const FileRange jpeg{numberAt<std::uint32_t>(*range, 0, std::endian::big),
+                             numberAt<std::uint32_t>(*range, 4, std::endian::big)};
+        fillFromPreview(file, jpeg, properties);
+    }
+    return properties;
+}
+
+PhotoProperties readX3fFile(FileWindow& file) {
+    X3fContents x3f = readX3f(file);
+    fillFromPreview(file, x3f.embeddedJpeg, x3f.properties);
+    return std::move(x3f.properties);
+}
+
+std::optional<PhotoProperties> readIsoMediaFile(FileWindow& file) {
+    const auto media = readIsoMedia(file);
+    if (!media) {
+        return std::nullopt;
+    }
+    PhotoProperties properties;
+    for (const IsoMediaContents::TiffPart& part : media->exif) {
+        if (auto tiff = readTiff(file, part.range, part.root)) {
+            fillFrom(tiff->properties, properties);
+        }
+    }
+    if (media->size) {
+        properties.pixelWidth = media->size->width;
+        properties.pixelHeight = media->size->height;
+    }
+    fillFromXmpRange(file, media->xmpPacket, properties);
     return properties;
 }
 
@@ -94,15 +132,15 @@ std::optional<PhotoProperties> readKind(FileWindow& file, ImageKind kind) {
     case ImageKind::raf:
         return readRaf(file);
     case ImageKind::x3f:
-        return readX3f(file);
+        return readX3fFile(file);
     case ImageKind::isoMedia:
-        return readWithLibrary(file);
+        return readIsoMediaFile(file);
     case ImageKind::crw:
     case ImageKind::mrw:
     case ImageKind::png:
     case ImageKind::webp:
     case ImageKind::jp2:
-        return readWithLibrary(file).value_or(PhotoProperties{});
+        return readWithLibrary(file, kind).value_or(PhotoProperties{});
     case ImageKind::jpegCodestream:
     case ImageKind::gif:
     case ImageKind::bmp:

@@ -26,7 +26,7 @@ class FileWindow {
 public:
     static constexpr std::size_t headSize = 16 * 1024;
     static constexpr std::size_t largestView = 4 * 1024 * 1024;
-    static constexpr std::size_t readBudget = 64 * 1024 * 1024;
+    static constexpr std::size_t readBudget = 32 * 1024 * 1024;
 
     explicit FileWindow(ReadableFile& file);
 

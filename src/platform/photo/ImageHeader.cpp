@@ -21,6 +21,10 @@ using namespace std::string_view_literals;
 /// The first that fits decides.
 constexpr std::array signatures{
     Signature{0, "\xFF\xD8\xFF"sv, ImageKind::jpeg},
+    Signature{0,
+              "\xFF\x01"
+              "Exiv2"sv,
+              ImageKind::jpeg},
     Signature{6, "HEAPCCDR"sv, ImageKind::crw},
     Signature{0, "II*\0"sv, ImageKind::tiff},
     Signature{0, "MM\0*"sv, ImageKind::tiff},

@@ -9,6 +9,8 @@ namespace lumeo {
 namespace {
 
 constexpr std::string_view startOfImage = "\xFF\xD8\xFF";
+constexpr std::string_view startOfMetadata = "\xFF\x01"
+                                             "Exiv2"; ///< a JPEG's segments without the image
 constexpr std::string_view exifName("Exif\0\0", 6);
 constexpr std::string_view xmpName("http://ns.adobe.com/xap/1.0/\0", 29);
 constexpr std::uint64_t mostPadding = 64 * 1024; ///< stray bytes tolerated between segments, all told
@@ -43,7 +45,7 @@ void readFrame(FileWindow& file, std::uint64_t offset, JpegContents& contents) {
     }
     const auto height = numberAt<std::uint16_t>(*frame, 1, std::endian::big);
     const auto width = numberAt<std::uint16_t>(*frame, 3, std::endian::big);
-    if (height != 0 && width != 0) {
+    if (height != 0 && width != 0 && !contents.pixelWidth) {
         contents.pixelWidth = width;
         contents.pixelHeight = height;
     }
@@ -62,7 +64,8 @@ void readNamed(FileWindow& file, FileRange segment, std::string_view name, std::
 } // namespace
 
 std::optional<JpegContents> readJpeg(FileWindow& file, std::uint64_t offset) {
-    if (file.view(offset, startOfImage.size()) != startOfImage) {
+    if (file.view(offset, startOfImage.size()) != startOfImage &&
+        file.view(offset, startOfMetadata.size()) != startOfMetadata) {
         return std::nullopt;
     }
     JpegContents contents;

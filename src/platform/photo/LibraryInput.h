@@ -17,7 +17,7 @@ public:
     /// Longer files look cut off here. Nothing that the library reads for us lies that far in.
     static constexpr std::uint64_t largestSize = 512 * 1024 * 1024;
     /// Where the library wants a whole file in memory, it gets that only up to this size.
-    static constexpr std::size_t largestMapping = 64 * 1024 * 1024;
+    static constexpr std::size_t largestMapping = 24 * 1024 * 1024;
 
     explicit LibraryInput(FileWindow& file);
 

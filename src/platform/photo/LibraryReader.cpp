@@ -8,6 +8,7 @@
 #include <memory>
 
 #include <exiv2/exiv2.hpp>
+#include <exiv2/webpimage.hpp>
 
 namespace lumeo {
 
@@ -66,13 +67,41 @@ void fillFromExif(const Exiv2::ExifData& exif, PhotoProperties& properties) {
                       degrees(exif, "Exif.GPSInfo.GPSLongitude"), text(exif, "Exif.GPSInfo.GPSLongitudeRef")};
 }
 
+/// The library's reader for just this kind. Left to choose by itself, it would also try readers of movies
+/// that damaged files bring down.
+std::unique_ptr<Exiv2::Image> openImage(FileWindow& file, ImageKind kind) {
+    Exiv2::NewInstanceFct open = nullptr;
+    switch (kind) {
+    case ImageKind::crw:
+        open = Exiv2::newCrwInstance;
+        break;
+    case ImageKind::mrw:
+        open = Exiv2::newMrwInstance;
+        break;
+    case ImageKind::png:
+        open = Exiv2::newPngInstance;
+        break;
+    case ImageKind::webp:
+        open = Exiv2::newWebPInstance;
+        break;
+    case ImageKind::jp2:
+        open = Exiv2::newJp2Instance;
+        break;
+    default:
+        return nullptr;
+    }
+    constexpr bool createsFile = false;
+    return std::unique_ptr<Exiv2::Image>(
+        open(Exiv2::BasicIo::AutoPtr(new LibraryInput(file)), createsFile).release());
+}
+
 } // namespace
 
-std::optional<PhotoProperties> readWithLibrary(FileWindow& file) {
+std::optional<PhotoProperties> readWithLibrary(FileWindow& file, ImageKind kind) {
     const auto lock = lockMetadataLibrary();
     std::unique_ptr<Exiv2::Image> image;
     try {
-        image.reset(Exiv2::ImageFactory::open(Exiv2::BasicIo::AutoPtr(new LibraryInput(file))).release());
+        image = openImage(file, kind);
         if (!image) {
             return std::nullopt;
         }

@@ -10,7 +10,6 @@ std::unique_lock<std::mutex> lockMetadataLibrary() {
     std::unique_lock lock(mutex);
     if (!isReady) {
         Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-        Exiv2::enableBMFF(true);
         Exiv2::XmpParser::initialize();
         isReady = true;
     }

@@ -46,10 +46,11 @@ enum Type : std::uint16_t {
     longType = 4,
     rationalType = 5,
     undefinedType = 7,
+    signedRationalType = 10,
     ifdType = 13,
-    utf8Type = 129,
     long8Type = 16,
     ifd8Type = 18,
+    utf8Type = 129,
 };
 
 constexpr std::uint64_t mostEntries = 1'000; ///< the richest directories of cameras hold some 300
@@ -223,7 +224,9 @@ std::optional<std::uint64_t> TiffStructure::integer(const Entry* entry, std::siz
 }
 
 std::optional<double> TiffStructure::degrees(const Entry* entry) {
-    if (entry == nullptr || entry->type != rationalType || entry->count == 0 || entry->count > 3) {
+    // Some phones sign their fractions, though a coordinate's sign is told by its reference.
+    if (entry == nullptr || (entry->type != rationalType && entry->type != signedRationalType) ||
+        entry->count == 0 || entry->count > 3) {
         return std::nullopt;
     }
     const auto parts = static_cast<std::size_t>(entry->count);
@@ -314,12 +317,20 @@ std::optional<ImageSize> mainImageSize(TiffStructure& tiff, const Directory& fir
     return best;
 }
 
+/// Fills what `exif` lacks.
 void readExif(TiffStructure& tiff, const Directory& directory, PhotoProperties::Exif& exif) {
-    exif.dateTimeOriginal = tiff.text(directory.find(dateTimeOriginal));
-    exif.dateTimeDigitized = tiff.text(directory.find(dateTimeDigitized));
-    exif.lensModel = tiff.text(directory.find(lensModel));
-    exif.pixelXDimension = pixels(tiff.integer(directory.find(pixelXDimension)));
-    exif.pixelYDimension = pixels(tiff.integer(directory.find(pixelYDimension)));
+    const auto fill = [&](std::optional<std::string>& fact, std::uint16_t tag) {
+        if (!fact) {
+            fact = tiff.text(directory.find(tag));
+        }
+    };
+    fill(exif.dateTimeOriginal, dateTimeOriginal);
+    fill(exif.dateTimeDigitized, dateTimeDigitized);
+    fill(exif.lensModel, lensModel);
+    if (!exif.pixelXDimension || !exif.pixelYDimension) {
+        exif.pixelXDimension = pixels(tiff.integer(directory.find(pixelXDimension)));
+        exif.pixelYDimension = pixels(tiff.integer(directory.find(pixelYDimension)));
+    }
 }
 
 void readGps(TiffStructure& tiff, const Directory& directory, PhotoProperties::Gps& gps) {
@@ -329,57 +340,71 @@ void readGps(TiffStructure& tiff, const Directory& directory, PhotoProperties::G
     gps.longitudeRef = tiff.text(directory.find(gpsLongitudeRef));
 }
 
+constexpr std::array<std::uint16_t, 5> exifTags{dateTimeOriginal, dateTimeDigitized, pixelXDimension,
+                                                pixelYDimension, lensModel};
+constexpr std::array<std::uint16_t, 4> gpsTags{gpsLatitudeRef, gpsLatitude, gpsLongitudeRef, gpsLongitude};
+constexpr std::array<std::uint16_t, 20> imageTags{sensorTopBorder,
+                                                  sensorLeftBorder,
+                                                  sensorBottomBorder,
+                                                  sensorRightBorder,
+                                                  jpgFromRaw,
+                                                  newSubfileType,
+                                                  imageWidth,
+                                                  imageLength,
+                                                  make,
+                                                  model,
+                                                  dateTime,
+                                                  subIfds,
+                                                  xmpPacket,
+                                                  exifIfd,
+                                                  gpsIfd,
+                                                  dateTimeOriginal,
+                                                  dateTimeDigitized,
+                                                  pixelXDimension,
+                                                  pixelYDimension,
+                                                  lensModel};
+
+void readImage(TiffStructure& tiff, TiffContents& contents) {
+    PhotoProperties& properties = contents.properties;
+    const Directory first = tiff.directory(tiff.firstDirectory(), imageTags);
+    properties.tiff = {tiff.text(first.find(dateTime)), tiff.text(first.find(make)),
+                       tiff.text(first.find(model))};
+    if (const auto offset = tiff.integer(first.find(exifIfd))) {
+        readExif(tiff, tiff.directory(*offset, exifTags), properties.exif);
+    }
+    // Some RAW files have their dates here, following TIFF/EP.
+    readExif(tiff, first, properties.exif);
+    if (const auto offset = tiff.integer(first.find(gpsIfd))) {
+        readGps(tiff, tiff.directory(*offset, gpsTags), properties.gps);
+    }
+    if (const auto size = mainImageSize(tiff, first)) {
+        properties.pixelWidth = size->width;
+        properties.pixelHeight = size->height;
+    }
+    contents.xmpPacket = tiff.bytes(first.find(xmpPacket));
+    if (tiff.hasSensorBorders()) {
+        contents.embeddedJpeg = tiff.bytes(first.find(jpgFromRaw));
+    }
+}
+
 } // namespace
 
-std::optional<TiffContents> readTiff(FileWindow& file, FileRange structure) {
+std::optional<TiffContents> readTiff(FileWindow& file, FileRange structure, TiffRoot root) {
     auto tiff = TiffStructure::open(file, structure);
     if (!tiff) {
         return std::nullopt;
     }
-    constexpr std::array<std::uint16_t, 17> firstWanted{sensorTopBorder,
-                                                        sensorLeftBorder,
-                                                        sensorBottomBorder,
-                                                        sensorRightBorder,
-                                                        jpgFromRaw,
-                                                        newSubfileType,
-                                                        imageWidth,
-                                                        imageLength,
-                                                        make,
-                                                        model,
-                                                        dateTime,
-                                                        subIfds,
-                                                        xmpPacket,
-                                                        exifIfd,
-                                                        gpsIfd,
-                                                        dateTimeOriginal,
-                                                        lensModel};
-    constexpr std::array<std::uint16_t, 5> exifWanted{dateTimeOriginal, dateTimeDigitized, pixelXDimension,
-                                                      pixelYDimension, lensModel};
-    constexpr std::array<std::uint16_t, 4> gpsWanted{gpsLatitudeRef, gpsLatitude, gpsLongitudeRef,
-                                                     gpsLongitude};
     TiffContents contents;
-    PhotoProperties& properties = contents.properties;
-    const Directory first = tiff->directory(tiff->firstDirectory(), firstWanted);
-    properties.tiff.make = tiff->text(first.find(make));
-    properties.tiff.model = tiff->text(first.find(model));
-    properties.tiff.dateTime = tiff->text(first.find(dateTime));
-    if (const auto offset = tiff->integer(first.find(exifIfd))) {
-        readExif(*tiff, tiff->directory(*offset, exifWanted), properties.exif);
-    }
-    if (!properties.exif.dateTimeOriginal) {
-        // Some RAW files follow TIFF/EP, which has the date in the first directory.
-        properties.exif.dateTimeOriginal = tiff->text(first.find(dateTimeOriginal));
-    }
-    if (const auto offset = tiff->integer(first.find(gpsIfd))) {
-        readGps(*tiff, tiff->directory(*offset, gpsWanted), properties.gps);
-    }
-    if (const auto size = mainImageSize(*tiff, first)) {
-        properties.pixelWidth = size->width;
-        properties.pixelHeight = size->height;
-    }
-    contents.xmpPacket = tiff->bytes(first.find(xmpPacket));
-    if (tiff->hasSensorBorders()) {
-        contents.embeddedJpeg = tiff->bytes(first.find(jpgFromRaw));
+    switch (root) {
+    case TiffRoot::image:
+        readImage(*tiff, contents);
+        break;
+    case TiffRoot::exif:
+        readExif(*tiff, tiff->directory(tiff->firstDirectory(), exifTags), contents.properties.exif);
+        break;
+    case TiffRoot::gps:
+        readGps(*tiff, tiff->directory(tiff->firstDirectory(), gpsTags), contents.properties.gps);
+        break;
     }
     return contents;
 }

@@ -16,9 +16,12 @@ struct TiffContents {
     std::optional<FileRange> embeddedJpeg; ///< where one RAW format keeps a second Exif block
 };
 
+/// What the first directory of a structure describes; most formats hang the other two below the image's.
+enum class TiffRoot { image, exif, gps };
+
 /// Reads the few entries that are asked for and what their values lead to; maker notes, previews and
 /// pixels are never touched. `structure` may reach past the end of the file. Absent when no TIFF header
 /// stands there.
-std::optional<TiffContents> readTiff(FileWindow& file, FileRange structure);
+std::optional<TiffContents> readTiff(FileWindow& file, FileRange structure, TiffRoot root = TiffRoot::image);
 
 } // namespace lumeo

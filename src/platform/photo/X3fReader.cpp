@@ -84,36 +84,56 @@ void readProperties(FileWindow& file, FileRange section, PhotoProperties& proper
     }
 }
 
-} // namespace
+/// An image section whose pixels are a JPEG.
+std::optional<FileRange> jpegOf(FileWindow& file, FileRange section) {
+    constexpr std::uint32_t headerSize = 28;
+    constexpr std::uint32_t jpegFormat = 18;
+    const auto header = file.view(section.offset, headerSize);
+    if (!header || !header->starts_with("SECi") || number32(*header, 12) != jpegFormat ||
+        section.length <= headerSize) {
+        return std::nullopt;
+    }
+    return FileRange{section.offset + headerSize, section.length - headerSize};
+}
 
-PhotoProperties readX3f(FileWindow& file) {
-    PhotoProperties properties;
-    if (const auto header = file.view(0, 36);
-        header && number32(*header, 28) != 0 && number32(*header, 32) != 0) {
-        properties.pixelWidth = number32(*header, 28);
-        properties.pixelHeight = number32(*header, 32);
-    }
-    const auto pointer = file.size() < 4 ? std::nullopt : file.view(file.size() - 4, 4);
-    if (!pointer) {
-        return properties;
-    }
-    const std::uint64_t directory = number32(*pointer, 0);
+void readSections(FileWindow& file, std::uint64_t directory, X3fContents& contents) {
     const auto header = file.view(directory, 12);
     if (!header || !header->starts_with("SECd")) {
-        return properties;
+        return;
     }
     const std::uint32_t sections = std::min(number32(*header, 8), mostSections);
+    bool hasProperties = false;
     for (std::uint32_t i = 0; i < sections; ++i) {
         const auto entry = file.view(directory + 12 + std::uint64_t{i} * 12, 12);
         if (!entry) {
-            break;
+            return;
         }
-        if (entry->substr(8) == "PROP") {
-            readProperties(file, {number32(*entry, 0), number32(*entry, 4)}, properties);
-            break;
+        const FileRange section{number32(*entry, 0), number32(*entry, 4)};
+        const std::string type(entry->substr(8));
+        if (type == "PROP" && !hasProperties) {
+            readProperties(file, section, contents.properties);
+            hasProperties = true;
+        } else if (type.starts_with("IMA") && !contents.embeddedJpeg) {
+            contents.embeddedJpeg = jpegOf(file, section);
         }
     }
-    return properties;
+}
+
+} // namespace
+
+X3fContents readX3f(FileWindow& file) {
+    X3fContents contents;
+    const auto header = file.view(0, 36);
+    if (header && number32(*header, 28) != 0 && number32(*header, 32) != 0) {
+        contents.properties.pixelWidth = number32(*header, 28);
+        contents.properties.pixelHeight = number32(*header, 32);
+    }
+    // The last four bytes tell where the list of sections is.
+    const std::uint64_t size = file.size();
+    if (const auto pointer = size < 4 ? std::nullopt : file.view(size - 4, 4)) {
+        readSections(file, number32(*pointer, 0), contents);
+    }
+    return contents;
 }
 
 } // namespace lumeo

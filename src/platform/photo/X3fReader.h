@@ -3,10 +3,17 @@
 #include "platform/PhotoReader.h"
 #include "platform/photo/FileWindow.h"
 
+#include <optional>
+
 namespace lumeo {
 
-/// Reads the properties that X3F files of the older cameras keep as pairs of UTF-16 texts (time, camera)
-/// and the size in the header. The time is told as an Exif text: the camera's wall clock.
-PhotoProperties readX3f(FileWindow& file);
+struct X3fContents {
+    PhotoProperties properties;
+    std::optional<FileRange> embeddedJpeg; ///< the preview, which has the Exif block of newer cameras
+};
+
+/// Reads the size in the header and the properties that older cameras keep as pairs of UTF-16 texts: time
+/// and camera. The time is told as an Exif text: the camera's wall clock.
+X3fContents readX3f(FileWindow& file);
 
 } // namespace lumeo

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/photo/FileWindow.h"
+#include "platform/photo/ImageHeader.h"
+#include "platform/photo/TiffReader.h"
+
+#include <optional>
+#include <vector>
+
+namespace lumeo {
+
+/// Where an image in an ISO media file (HEIC, HEIF, AVIF, CR3) keeps what it says of itself.
+struct IsoMediaContents {
+    struct TiffPart {
+        FileRange range;
+        TiffRoot root = TiffRoot::image;
+    };
+    std::optional<PixelSize> size; ///< the primary image's as coded, before any rotation
+    std::vector<TiffPart> exif;    ///< one structure, or one for each directory
+    std::optional<FileRange> xmpPacket;
+};
+
+/// Absent when the file declares no brand of image: movies are built of the same boxes.
+std::optional<IsoMediaContents> readIsoMedia(FileWindow& file);
+
+} // namespace lumeo
