@@ -28,10 +28,12 @@ std::string_view environmentLocale(const char* category) {
 
 icu::Locale localeNamed(std::string_view name) {
     const std::string_view base = name.substr(0, name.find_first_of(".@"));
-    if (base.empty() || base == "C" || base == "POSIX") {
+    if (base == "C" || base == "POSIX") {
         return icu::Locale::getUS();
     }
-    return icu::Locale::createCanonical(std::string(name).c_str());
+    const icu::Locale locale = icu::Locale::createCanonical(std::string(name).c_str());
+    // What names no language would crash the formatters.
+    return *locale.getISO3Language() != '\0' ? locale : icu::Locale::getUS();
 }
 
 std::string utf8(const icu::UnicodeString& text) {

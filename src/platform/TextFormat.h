@@ -10,9 +10,9 @@ namespace lumeo {
 enum class DateStyle { none, shortStyle, mediumStyle };
 
 /// Numbers and dates as the user's system writes them: its time zone and its locale (LC_ALL, else
-/// LC_TIME for dates and LC_NUMERIC for numbers, else LANG; American English when they name none), not
-/// the language chosen inside the program. Any thread may call; formatters are made once per thread and
-/// again only when the settings have changed.
+/// LC_TIME for dates and LC_NUMERIC for numbers, else LANG; American English when that names no
+/// language), not the language chosen inside the program. Any thread may call; formatters are made once
+/// per thread and again only when the settings have changed.
 struct TextFormat {
     /// The instant in the given styles; `none` leaves that half out. Both `none` gives no text.
     static std::string date(Instant instant, DateStyle dateStyle, DateStyle timeStyle);

@@ -88,8 +88,8 @@ TEST_F(TextFormatTest, datesFollowTheTimeLocale) {
                 AllOf(HasSubstr("14.03.21"), HasSubstr("15:30"), Not(HasSubstr("15:30:45"))));
 }
 
-TEST_F(TextFormatTest, withoutALocaleTextsAreAmericanEnglish) {
-    for (const char* name : {"C", "C.UTF-8", "POSIX"}) {
+TEST_F(TextFormatTest, withoutAUsableLocaleTextsAreAmericanEnglish) {
+    for (const char* name : {"C", "C.UTF-8", "POSIX", "%%%", "_", ".UTF-8", "xx_YY", "\xFF\xFE"}) {
         const ScopedLocale plain(name);
         EXPECT_EQ(TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::none), "Mar 14, 2021") << name;
         EXPECT_EQ(TextFormat::number(1'234'567), "1,234,567") << name;
