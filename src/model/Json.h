@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CompactOptional.h"
 #include "model/EnumText.h"
 #include "platform/FilePath.h"
 #include "platform/Instant.h"
@@ -80,6 +81,13 @@ public:
         }
     }
 
+    template<class Value>
+    void set(std::string_view key, const CompactOptional<Value>& value) {
+        if (value) {
+            set(key, *value);
+        }
+    }
+
     void setFileUrl(std::string_view key, const FilePath& path) { setText(key, path.fileUrl()); }
     void setFileUrl(std::string_view key, const std::optional<FilePath>& path) {
         if (path) {
@@ -138,14 +146,11 @@ public:
 
     template<class Value>
     void read(std::string_view key, std::optional<Value>& value) {
-        value.reset();
-        if (has(key)) {
-            Value present{};
-            require(key, present);
-            if (!error_) {
-                value = std::move(present);
-            }
-        }
+        value = readOptional<Value>(key);
+    }
+    template<class Value>
+    void read(std::string_view key, CompactOptional<Value>& value) {
+        value = readOptional<Value>(key);
     }
     void readFileUrl(std::string_view key, std::optional<FilePath>& path);
 
@@ -160,6 +165,16 @@ public:
     [[nodiscard]] const std::optional<DecodingError>& error() const noexcept { return error_; }
 
 private:
+    template<class Value>
+    std::optional<Value> readOptional(std::string_view key) {
+        if (!has(key)) {
+            return std::nullopt;
+        }
+        Value present{};
+        require(key, present);
+        return error_ ? std::nullopt : std::optional(std::move(present));
+    }
+
     /// The value under `key`; null when there is none, or once something was wrong.
     [[nodiscard]] const Json* find(std::string_view key) const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CompactOptional.h"
 #include "model/EnumText.h"
 #include "platform/FilePath.h"
 #include "platform/Instant.h"
@@ -43,32 +44,33 @@ std::string_view userFriendlyLabel(DateConfidence confidence);
 ///
 /// Everything above `sha256Hash` is set once by the scanner; what follows is filled in by later passes
 /// on copies. A record is kept lean, since catalogues hold a million of them: the file's name and
-/// extension are read off `sourceURL`, and camera texts share their storage.
+/// extension are read off `sourceURL`, camera texts share their storage, and what is absent takes no
+/// room of its own.
 struct MediaItem {
-    Uuid id;                          ///< random, new for every scan
-    FilePath sourceURL;               ///< absolute, as the walk gave it
-    std::optional<SharedText> utType; ///< uniform type identifier
+    Uuid id;                            ///< random, new for every scan
+    FilePath sourceURL;                 ///< absolute, as the walk gave it
+    CompactOptional<SharedText> utType; ///< uniform type identifier
     MediaType mediaType = MediaType::other;
     DateSourceType dateSource = DateSourceType::unknown; ///< `unknown` exactly when there is no resolvedDate
     DateConfidence dateConfidence = DateConfidence::unknown;
     bool hasGPS = false;
     std::int64_t fileSize = 0; ///< bytes; 0 when it could not be read
-    std::optional<Instant> filesystemCreationDate;
-    std::optional<Instant> filesystemModificationDate;
-    std::optional<Instant> metadataCaptureDate; ///< photos: EXIF DateTimeOriginal
-    std::optional<Instant> metadataCreateDate;  ///< photos: EXIF DateTimeDigitized
-    std::optional<Instant> videoCreationDate;   ///< videos only
-    std::optional<Instant> filenameDerivedDate;
-    std::optional<Instant> resolvedDate; ///< the chosen capture date
-    std::optional<SharedText> dateSuspiciousWarning;
-    std::optional<SharedText> cameraMake;
-    std::optional<SharedText> cameraModel;
-    std::optional<SharedText> lensModel;
-    std::optional<std::int64_t> pixelWidth;
-    std::optional<std::int64_t> pixelHeight;
-    std::optional<double> durationSeconds;        ///< videos only
-    std::optional<double> gpsLatitude;            ///< degrees, south negative
-    std::optional<double> gpsLongitude;           ///< degrees, west negative
+    CompactOptional<Instant> filesystemCreationDate;
+    CompactOptional<Instant> filesystemModificationDate;
+    CompactOptional<Instant> metadataCaptureDate; ///< photos: EXIF DateTimeOriginal
+    CompactOptional<Instant> metadataCreateDate;  ///< photos: EXIF DateTimeDigitized
+    CompactOptional<Instant> videoCreationDate;   ///< videos only
+    CompactOptional<Instant> filenameDerivedDate;
+    CompactOptional<Instant> resolvedDate; ///< the chosen capture date
+    CompactOptional<SharedText> dateSuspiciousWarning;
+    CompactOptional<SharedText> cameraMake;
+    CompactOptional<SharedText> cameraModel;
+    CompactOptional<SharedText> lensModel;
+    CompactOptional<std::int64_t> pixelWidth;
+    CompactOptional<std::int64_t> pixelHeight;
+    CompactOptional<double> durationSeconds;      ///< videos only
+    CompactOptional<double> gpsLatitude;          ///< degrees, south negative
+    CompactOptional<double> gpsLongitude;         ///< degrees, west negative
     std::optional<std::string> sha256Hash;        ///< 64 lower-case hex digits, once the file was hashed
     std::optional<Uuid> exactDuplicateGroupID;    ///< shared by byte-identical files
     std::optional<Uuid> probableDuplicateGroupID; ///< kept and coded; nothing fills it

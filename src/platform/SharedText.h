@@ -6,6 +6,9 @@
 
 namespace lumeo {
 
+template<class T>
+struct AbsentValue;
+
 /// Text of which few distinct values occur many times, such as camera names: all equal values share
 /// one copy for the life of the program, and a value is the size of a pointer. Not for texts that
 /// differ from file to file, since nothing is ever given back. Any thread may make one.
@@ -21,6 +24,10 @@ public:
     friend bool operator==(SharedText a, std::string_view b) noexcept { return *a.text_ == b; }
 
 private:
+    /// Lets an optional text do with the room of the pointer: a null one, which no text has.
+    friend struct AbsentValue<SharedText>;
+    constexpr explicit SharedText(const std::string* text) noexcept : text_(text) {}
+
     const std::string* text_; ///< one per distinct text, so equality is identity
 };
 

@@ -40,8 +40,8 @@ constexpr std::array<std::string_view, 8> ignoredBundleExtensions{
     "app", "framework", "plugin", "bundle", "kext", "photoslibrary", "photolibrary", "aplibrary",
 };
 
-std::optional<SharedText> shared(const std::optional<std::string>& text) {
-    return text ? std::optional(SharedText(*text)) : std::nullopt;
+CompactOptional<SharedText> shared(const std::optional<std::string>& text) {
+    return text ? CompactOptional(SharedText(*text)) : std::nullopt;
 }
 
 void keepPhotoFacts(const PhotoMetadataResult& photo, MediaItem& item) {
