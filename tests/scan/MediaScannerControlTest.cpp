@@ -1,0 +1,158 @@
+#include "platform/PosixFileSystem.h"
+#include "scan/MediaScanner.h"
+#include "support/FakeClock.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <future>
+#include <latch>
+#include <random>
+#include <thread>
+
+namespace lumeo {
+namespace {
+
+/// A scan of files of no supported type, so that each one is published, in a thread of its own.
+class MediaScannerControlTest : public testing::Test {
+protected:
+    static constexpr int fileCount = 12;
+    using OnFile = std::function<void(std::int64_t filesSoFar)>;
+
+    MediaScannerControlTest() {
+        for (int i = 0; i < fileCount; ++i) {
+            folder_.write("paper " + std::to_string(i) + ".pdf", "x");
+        }
+    }
+
+    /// Gives the final counters.
+    ScanProgress scan(const OnFile& onFile = {}) {
+        ScanProgress last;
+        scanner_.scan(
+            std::vector{folder_.path()},
+            [&](const ScanProgress& progress) {
+                last = progress;
+                if (onFile && !progress.isCompleted && !progress.isCancelled) {
+                    onFile(progress.totalScannedCount);
+                }
+            },
+            stop_.get_token());
+        return last;
+    }
+
+    /// Starts a scan that pauses itself after three files; returns when it has.
+    std::future<ScanProgress> scanPausedAfterThree() {
+        return std::async(std::launch::async, [this] {
+            return scan([this](std::int64_t files) {
+                if (files == 3) {
+                    scanner_.pause();
+                    hasPaused_.count_down();
+                } else if (files > 3) {
+                    EXPECT_TRUE(mayGoOn_) << "a paused scan takes no further file";
+                }
+            });
+        });
+    }
+
+    TempFolder folder_;
+    FakeClock clock_;
+    PosixFileSystem fileSystem_;
+    MediaScanner scanner_{fileSystem_, clock_};
+    std::stop_source stop_;
+    std::latch hasPaused_{1};
+    std::atomic<bool> mayGoOn_ = false;
+};
+
+TEST_F(MediaScannerControlTest, KeepsItsPlaceWhilePaused) {
+    auto scanning = scanPausedAfterThree();
+    hasPaused_.wait();
+    std::this_thread::sleep_for(std::chrono::milliseconds(5)); // room to go wrong
+    mayGoOn_ = true;
+    scanner_.resume();
+    const ScanProgress end = scanning.get();
+    EXPECT_TRUE(end.isCompleted);
+    EXPECT_EQ(end.totalScannedCount, fileCount);
+}
+
+TEST_F(MediaScannerControlTest, WakesToACancelWhilePaused) {
+    auto scanning = scanPausedAfterThree();
+    hasPaused_.wait();
+    scanner_.cancel();
+    const ScanProgress end = scanning.get();
+    EXPECT_TRUE(end.isCancelled);
+    EXPECT_FALSE(end.isCompleted);
+    EXPECT_EQ(end.totalScannedCount, 3);
+    EXPECT_TRUE(scan().isCompleted) << "the next scan starts afresh";
+}
+
+TEST_F(MediaScannerControlTest, WakesToAStopWhilePaused) {
+    auto scanning = scanPausedAfterThree();
+    hasPaused_.wait();
+    stop_.request_stop();
+    const ScanProgress end = scanning.get();
+    EXPECT_TRUE(end.isCancelled);
+    EXPECT_EQ(end.totalScannedCount, 3);
+}
+
+TEST_F(MediaScannerControlTest, StopsAtTheNextEntryAndLeavesTheOtherSources) {
+    std::int64_t files = 0;
+    ScanProgress end;
+    scanner_.scan(std::vector{folder_.path(), folder_.path()}, [&](const ScanProgress& progress) {
+        end = progress;
+        files = progress.totalScannedCount;
+        if (files == 5) {
+            scanner_.cancel();
+        }
+    });
+    EXPECT_EQ(files, 5);
+    EXPECT_TRUE(end.isCancelled);
+}
+
+TEST_F(MediaScannerControlTest, ForgetsCallsFromBeforeButNotAStopRequest) {
+    scanner_.pause();
+    scanner_.cancel();
+    scanner_.pause();
+    EXPECT_EQ(scan().totalScannedCount, fileCount);
+    stop_.request_stop();
+    const ScanProgress end = scan();
+    EXPECT_TRUE(end.isCancelled);
+    EXPECT_EQ(end.totalScannedCount, 0);
+}
+
+TEST_F(MediaScannerControlTest, NeverMissesAWakeUp) {
+    constexpr int rounds = 1000;
+    std::mt19937 random(20210314); // NOLINT(cert-msc51-cpp): the same rounds every time
+    int cancelledRounds = 0;
+    for (int round = 0; round < rounds; ++round) {
+        const auto seed = random();
+        std::jthread controller([this, seed] {
+            std::mt19937 moments(seed); // NOLINT(cert-msc51-cpp)
+            for (int i = 0; i < 20; ++i) {
+                const auto what = moments() % 32;
+                if (what < 12) {
+                    scanner_.pause();
+                } else if (what < 24) {
+                    scanner_.resume();
+                } else if (what == 24) {
+                    scanner_.cancel();
+                } else {
+                    std::this_thread::yield();
+                }
+            }
+            scanner_.resume();
+        });
+        const ScanProgress end = scan();
+        EXPECT_NE(end.isCancelled, end.isCompleted);
+        if (end.isCompleted) {
+            EXPECT_EQ(end.totalScannedCount, fileCount);
+        } else {
+            ++cancelledRounds;
+        }
+    }
+    EXPECT_GT(cancelledRounds, 0);
+    EXPECT_LT(cancelledRounds, rounds);
+}
+
+} // namespace
+} // namespace lumeo

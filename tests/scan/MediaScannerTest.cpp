@@ -1,0 +1,306 @@
+#include "scan/MediaScanner.h"
+#include "platform/LocalCalendar.h"
+#include "platform/PosixFileSystem.h"
+#include "support/FakeClock.h"
+#include "support/FaultyFileSystem.h"
+#include "support/SystemSettings.h"
+#include "support/TempFolder.h"
+#include "support/TinyMovies.h"
+#include "support/TinyPhotos.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <map>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace lumeo {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+/// A folder to scan, and what scanning it gave.
+class MediaScannerTest : public testing::Test {
+protected:
+    void scan(std::vector<FilePath> roots) {
+        MediaScanner scanner(disk_, clock_);
+        published_.clear();
+        items_ =
+            scanner.scan(roots, [this](const ScanProgress& progress) { published_.push_back(progress); });
+    }
+    void scan() { scan({folder_.path()}); }
+
+    [[nodiscard]] const ScanProgress& finalProgress() const { return published_.back(); }
+    [[nodiscard]] std::vector<std::string> names() const {
+        std::vector<std::string> names;
+        for (const MediaItem& item : items_) {
+            names.emplace_back(item.fileName());
+        }
+        return names;
+    }
+    [[nodiscard]] const MediaItem& item(std::string_view name) const {
+        const auto found = std::ranges::find(items_, name, &MediaItem::fileName);
+        EXPECT_NE(found, items_.end()) << name;
+        return *found;
+    }
+    void link(std::string_view name, const FilePath& target) const {
+        ASSERT_EQ(symlink(target.c_str(), (folder_ / name).c_str()), 0);
+    }
+
+    ScopedTimeZone zone_{"Europe/Paris"};
+    TempFolder folder_;
+    FakeClock clock_{Instant(std::chrono::sys_days{std::chrono::year{2024} / 6 / 1})};
+    PosixFileSystem real_;
+    FaultyFileSystem disk_{real_};
+    std::vector<MediaItem> items_;
+    std::vector<ScanProgress> published_;
+};
+
+Instant wall(int year, int month, int day, int hour = 12, int minute = 0, int second = 0) {
+    return LocalCalendar::compose({year, month, day, hour, minute, second}).value();
+}
+
+TEST_F(MediaScannerTest, MakesAnItemWithEveryFactOfAPhoto) {
+    TinyPhoto facts;
+    facts.width = 40;
+    facts.height = 30;
+    facts.dateTimeOriginal = "2021:03:14 15:30:45";
+    facts.dateTimeDigitized = "2021:03:15 08:00:00";
+    facts.make = "Maker";
+    facts.model = "Model 5";
+    facts.lensModel = "50mm";
+    facts.latitude = -33.5;
+    facts.longitude = 151.25;
+    const FilePath path = folder_.write("DCIM/IMG_20190102_030405.JPG", tinyJpeg(facts));
+    scan();
+
+    ASSERT_EQ(items_.size(), 1U);
+    const MediaItem& photo = items_.front();
+    const FileStatus status = *real_.status(path);
+    EXPECT_NE(photo.id, Uuid{});
+    EXPECT_EQ(photo.sourceURL, path);
+    EXPECT_EQ(photo.utType, SharedText("public.jpeg"));
+    EXPECT_EQ(photo.mediaType, MediaType::photo);
+    EXPECT_EQ(photo.fileSize, status.size);
+    EXPECT_EQ(photo.filesystemCreationDate, status.creationDate);
+    EXPECT_EQ(photo.filesystemModificationDate, status.modificationDate);
+    EXPECT_EQ(photo.metadataCaptureDate, wall(2021, 3, 14, 15, 30, 45));
+    EXPECT_EQ(photo.metadataCreateDate, wall(2021, 3, 15, 8));
+    EXPECT_EQ(photo.filenameDerivedDate, wall(2019, 1, 2, 3, 4, 5));
+    EXPECT_EQ(photo.resolvedDate, photo.metadataCaptureDate);
+    EXPECT_EQ(photo.dateSource, DateSourceType::exifDateTimeOriginal);
+    EXPECT_EQ(photo.dateConfidence, DateConfidence::high);
+    EXPECT_EQ(photo.cameraMake, SharedText("Maker"));
+    EXPECT_EQ(photo.cameraModel, SharedText("Model 5"));
+    EXPECT_EQ(photo.lensModel, SharedText("50mm"));
+    EXPECT_EQ(photo.pixelWidth, 40);
+    EXPECT_EQ(photo.pixelHeight, 30);
+    EXPECT_TRUE(photo.hasGPS);
+    EXPECT_NEAR(*photo.gpsLatitude, -33.5, 1e-6);
+    EXPECT_NEAR(*photo.gpsLongitude, 151.25, 1e-6);
+    EXPECT_FALSE(photo.videoCreationDate || photo.durationSeconds || photo.dateSuspiciousWarning);
+    EXPECT_FALSE(photo.sha256Hash || photo.plannedDestinationURL || photo.exactDuplicateGroupID);
+    EXPECT_THAT(photo.scanWarnings, IsEmpty());
+    EXPECT_THAT(photo.scanErrors, IsEmpty());
+}
+
+TEST_F(MediaScannerTest, ReadsMoviesRawPhotosAndUndatedFilesEachTheirWay) {
+    TinyMovie movie;
+    movie.headerTime = codedEpoch + 1h;
+    movie.durationSeconds = 2.5;
+    folder_.write("clip.mov", tinyQuickTime(movie));
+    TinyPhoto onlyTiffDate;
+    onlyTiffDate.dateTime = "1975:01:01 00:00:00";
+    folder_.write("raw.DNG", tinyTiff(onlyTiffDate));
+    folder_.write("VID-20200229-WA0001.mp4", "no movie at all");
+    folder_.write("broken.jpg", "no picture at all");
+    folder_.write("empty.heic", "");
+    scan();
+
+    const MediaItem& clip = item("clip.mov");
+    EXPECT_EQ(clip.mediaType, MediaType::video);
+    EXPECT_EQ(clip.videoCreationDate, codedEpoch + 1h);
+    EXPECT_EQ(clip.dateSource, DateSourceType::quickTimeMetadataDate);
+    EXPECT_NEAR(clip.durationSeconds.valueOr(0), 2.5, 0.01);
+    EXPECT_EQ(clip.pixelWidth, 64);
+    EXPECT_EQ(clip.pixelHeight, 48);
+    EXPECT_FALSE(clip.metadataCaptureDate || clip.cameraMake || clip.hasGPS);
+
+    const MediaItem& raw = item("raw.DNG");
+    EXPECT_EQ(raw.mediaType, MediaType::rawPhoto);
+    EXPECT_EQ(raw.dateSource, DateSourceType::tiffDateTime);
+    EXPECT_EQ(raw.resolvedDate, wall(1975, 1, 1, 0));
+    EXPECT_EQ(raw.dateSuspiciousWarning, SharedText("Possible incorrect camera clock (1975)"));
+    EXPECT_THAT(raw.scanWarnings, ElementsAre("Possible incorrect camera clock (1975)"));
+
+    EXPECT_EQ(item("VID-20200229-WA0001.mp4").dateSource, DateSourceType::filename);
+    EXPECT_EQ(item("VID-20200229-WA0001.mp4").dateConfidence, DateConfidence::medium);
+    for (const char* undated : {"broken.jpg", "empty.heic"}) {
+        EXPECT_EQ(item(undated).dateSource, DateSourceType::unknown);
+        EXPECT_FALSE(item(undated).resolvedDate);
+        EXPECT_TRUE(item(undated).filesystemModificationDate);
+    }
+
+    const ScanProgress& counters = finalProgress();
+    EXPECT_EQ(counters.photosCount, 2);
+    EXPECT_EQ(counters.rawCount, 1);
+    EXPECT_EQ(counters.videosCount, 2);
+    EXPECT_EQ(counters.supportedMediaCount(), 5);
+    EXPECT_EQ(counters.totalScannedCount, 5);
+    EXPECT_EQ(counters.errorsCount, 0);
+    std::int64_t bytes = 0;
+    for (const MediaItem& item : items_) {
+        bytes += item.fileSize;
+    }
+    EXPECT_EQ(counters.totalBytesScanned, bytes);
+    EXPECT_TRUE(counters.isCompleted);
+    EXPECT_FALSE(counters.isCancelled || counters.isPaused);
+}
+
+TEST_F(MediaScannerTest, LeavesHousekeepingBundlesAndLinksAlone) {
+    for (const char* ignored : {".DS_Store", "Thumbs.db", "desktop.ini", "._IMG_1.jpg", ".git/a.jpg",
+                                "$RECYCLE.BIN/a.jpg", ".Trashes/501/a.jpg", "System Volume Information/a.jpg",
+                                "._folder/a.jpg", "Photos.photoslibrary/a.jpg", "Old.PhotoLibrary/a.jpg",
+                                "Tool.APP/Contents/a.jpg", "x.bundle/a.jpg"}) {
+        folder_.write(ignored, "x");
+    }
+    const FilePath real = folder_.write("real.jpg", "x");
+    folder_.write(".hidden.jpg", "x");
+    folder_.write(".folder/inside.jpg", "x");
+    folder_.write("album.jpg/inside album.jpg", "x"); // a folder may be named like a photo
+    folder_.write("photoslibrary/named like a bundle.jpg", "x");
+    folder_.write("file.app", "x");
+    folder_.write("thumbs.db", "x"); // not the name that is known, so examined
+    folder_.write("paper.pdf", "x");
+    link("link.jpg", real);
+    link("linked folder", folder_ / ".folder");
+    link("dangling.jpg", folder_ / "nowhere");
+    ASSERT_EQ(mkfifo((folder_ / "pipe.jpg").c_str(), 0600), 0);
+    scan();
+
+    EXPECT_THAT(names(), UnorderedElementsAre("real.jpg", ".hidden.jpg", "inside.jpg", "inside album.jpg",
+                                              "named like a bundle.jpg"));
+    EXPECT_EQ(finalProgress().totalScannedCount, 8);
+    EXPECT_EQ(finalProgress().unsupportedCount, 3);
+    EXPECT_EQ(finalProgress().errorsCount, 0);
+}
+
+TEST_F(MediaScannerTest, TakesFilesFoldersAndLinksToEitherAsSources) {
+    const FilePath single = folder_.write("single.jpg", "12345");
+    const FilePath paper = folder_.write("paper.pdf", "x");
+    folder_.write("album/inside.jpg", "123");
+    link("link to single.png", single);
+    link("link to album", folder_ / "album");
+    link("dangling", folder_ / "nowhere");
+    ASSERT_EQ(mkfifo((folder_ / "pipe.jpg").c_str(), 0600), 0);
+    scan({single, folder_ / "missing", paper, folder_ / "link to album", folder_ / "dangling",
+          folder_ / "pipe.jpg", folder_ / "link to single.png", folder_ / "album"});
+
+    EXPECT_THAT(names(), ElementsAre("single.jpg", "inside.jpg", "link to single.png", "inside.jpg"));
+    EXPECT_EQ(items_[1].sourceURL, folder_ / "link to album/inside.jpg");
+    EXPECT_EQ(items_[2].fileSize, 5);
+    EXPECT_NE(items_[1].id, items_[3].id);
+    const ScanProgress& counters = finalProgress();
+    EXPECT_EQ(counters.photosCount, 4);
+    EXPECT_EQ(counters.totalBytesScanned, 16);
+    EXPECT_EQ(counters.totalScannedCount, 2) << "single files are no part of a walked folder";
+    EXPECT_EQ(counters.unsupportedCount, 1);
+    EXPECT_EQ(counters.errorsCount, 0) << "sources that are not there are passed over";
+    EXPECT_EQ(counters.currentItemName, "inside.jpg");
+}
+
+TEST_F(MediaScannerTest, CarriesNamesThatAreNotText) {
+    const std::string name = "\xE9t\xE9\n2020-05-06.jpg";
+    folder_.write(name, "x");
+    scan();
+    ASSERT_EQ(items_.size(), 1U);
+    EXPECT_EQ(items_.front().sourceURL, folder_ / name);
+    EXPECT_EQ(finalProgress().currentItemName, name);
+}
+
+TEST_F(MediaScannerTest, CountsWhatItCannotReadAndGoesOn) {
+    folder_.write("a/good.jpg", "x");
+    folder_.write("b/unknown.jpg", "x");
+    folder_.write("closed/inside.jpg", "x");
+    folder_.write("unreadable.jpg", "12");
+    disk_.failWhen(
+        [](const DiskCall& call) {
+            const std::string_view name = call.path.lastComponent();
+            return (call.operation == "next" && name == "unknown.jpg") ||
+                   (call.operation == "enumerate" && name == "closed") ||
+                   (call.operation == "openForReading" && name == "unreadable.jpg");
+        },
+        EACCES);
+    scan();
+
+    EXPECT_THAT(names(), UnorderedElementsAre("good.jpg", "unreadable.jpg"));
+    EXPECT_EQ(item("unreadable.jpg").fileSize, 2);
+    EXPECT_EQ(finalProgress().errorsCount, 2) << "one entry, one folder; a file without metadata is no error";
+    EXPECT_EQ(finalProgress().totalScannedCount, 2);
+    EXPECT_TRUE(finalProgress().isCompleted);
+}
+
+TEST_F(MediaScannerTest, AsksTheDiskOnceAnEntry) {
+    for (int i = 0; i < 10; ++i) {
+        folder_.write("paper " + std::to_string(i) + ".pdf", "x");
+    }
+    scan();
+    EXPECT_EQ(disk_.callCount(), 12U) << "the source's status, the walk, and its ten entries";
+}
+
+TEST_F(MediaScannerTest, PublishesEveryFortyItemsAndAfterAWhile) {
+    for (int i = 0; i < 100; ++i) {
+        folder_.write("IMG_" + std::to_string(i) + ".jpg", "x");
+    }
+    const auto publishedItems = [this] {
+        std::vector<std::int64_t> counts;
+        for (const ScanProgress& progress : published_) {
+            counts.push_back(progress.supportedMediaCount());
+        }
+        return counts;
+    };
+    scan();
+    EXPECT_THAT(publishedItems(), ElementsAre(40, 80, 100)) << "the clock stands still";
+
+    disk_.beforeEachCall([this](const DiskCall& call) {
+        if (call.operation == "next") {
+            clock_.advance(5ms);
+        }
+    });
+    scan();
+    EXPECT_THAT(publishedItems(), ElementsAre(11, 22, 33, 40, 51, 62, 73, 80, 91, 100))
+        << "more than 50 ms after the last time";
+    EXPECT_DOUBLE_EQ(published_.front().scanDurationSeconds, 0.055);
+    EXPECT_DOUBLE_EQ(finalProgress().scanDurationSeconds, 0.5);
+}
+
+TEST_F(MediaScannerTest, PublishesEveryFileBeforeTheFirstItem) {
+    for (int i = 0; i < 5; ++i) {
+        folder_.write("paper " + std::to_string(i) + ".pdf", "x");
+    }
+    scan();
+    ASSERT_EQ(published_.size(), 6U);
+    EXPECT_EQ(published_[2].totalScannedCount, 3);
+    EXPECT_FALSE(published_[4].isCompleted);
+    EXPECT_TRUE(published_[5].isCompleted);
+}
+
+TEST(MediaScanner, CodesItsCountersUnderTheirNames) {
+    ScanProgress progress;
+    progress.rawCount = 3;
+    progress.currentItemName = "caf\xE9.jpg";
+    progress.isCompleted = true;
+    EXPECT_EQ(encode(progress).dump(),
+              R"({"photosCount":0,"videosCount":0,"rawCount":3,"otherCount":0,"totalScannedCount":0,)"
+              R"("unsupportedCount":0,"errorsCount":0,"totalBytesScanned":0,"currentItemName":"caf�.jpg",)"
+              R"("isPaused":false,"isCancelled":false,"isCompleted":true,"scanDurationSeconds":0.0})");
+}
+
+} // namespace
+} // namespace lumeo
