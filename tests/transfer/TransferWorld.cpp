@@ -1,0 +1,101 @@
+#include "TransferWorld.h"
+
+#include "hashing/StreamingHashService.h"
+#include "platform/PosixFileSystem.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace lumeo {
+
+MediaItem& TransferWorld::add(std::string_view name, std::string content, std::string_view destination) {
+    MediaItem item;
+    item.id = Uuid::random();
+    item.sourceURL = folder_.write("source/" + std::string(name), content);
+    item.fileSize = static_cast<std::int64_t>(content.size());
+    item.plannedDestinationURL = archived(destination);
+    contents_[item.sourceURL] = std::move(content);
+    items.push_back(std::move(item));
+    return items.back();
+}
+
+FilePath TransferWorld::source(std::string_view name) const {
+    return (folder_ / "source").appending(name);
+}
+
+FilePath TransferWorld::archived(std::string_view relative) const {
+    return (folder_ / "archive").appending(relative);
+}
+
+const std::string& TransferWorld::content(std::string_view name) const {
+    return contents_.at(source(name));
+}
+
+OrganizationPlan TransferWorld::plan(OperationMode mode) const {
+    OrganizationPlan plan;
+    plan.destinationURL = folder_ / "archive";
+    plan.operationMode = mode;
+    return plan;
+}
+
+std::vector<std::string> TransferWorld::archiveFiles() const {
+    const std::filesystem::path root = (folder_ / "archive").bytes();
+    std::vector<std::string> files;
+    if (std::filesystem::exists(root)) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+            if (!entry.is_directory()) {
+                files.push_back(entry.path().lexically_relative(root));
+            }
+        }
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+void TransferWorld::expectNothingLost() const {
+    for (const MediaItem& item : items) {
+        const std::string& content = contents_.at(item.sourceURL);
+        const bool isAtSource = isThere(item.sourceURL);
+        if (isAtSource) {
+            EXPECT_EQ(contentOf(item.sourceURL), content) << item.sourceURL.displayText();
+        }
+        EXPECT_TRUE(isAtSource || isThere(*item.plannedDestinationURL)) << item.sourceURL.displayText();
+        if (isThere(*item.plannedDestinationURL)) {
+            EXPECT_EQ(contentOf(*item.plannedDestinationURL), content) << item.sourceURL.displayText();
+        }
+    }
+}
+
+void TransferWorld::expectNoPartialFiles() const {
+    for (const std::string& file : archiveFiles()) {
+        EXPECT_FALSE(file.ends_with(".partial")) << file;
+    }
+}
+
+void TransferWorld::expectSourcesIntact() const {
+    for (const auto& [path, content] : contents_) {
+        EXPECT_EQ(contentOf(path), content);
+    }
+}
+
+void TransferWorld::expectAllMoved() const {
+    for (const MediaItem& item : items) {
+        EXPECT_FALSE(isThere(item.sourceURL)) << item.sourceURL.displayText();
+    }
+    expectNothingLost();
+    expectNoPartialFiles();
+}
+
+std::string digestOf(std::string_view content) {
+    const TempFolder folder;
+    return *StreamingHashService::computeSHA256(PosixFileSystem(), folder.write("content", content),
+                                                StreamingHashService::chunkSize, [] { return false; });
+}
+
+bool isThere(const FilePath& path) {
+    return PosixFileSystem().exists(path);
+}
+
+} // namespace lumeo

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "model/MediaItem.h"
+#include "model/OrganizationPlan.h"
+#include "support/TempFolder.h"
+#include "transfer/OperationManifest.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumeo {
+
+/// A folder with source files and the archive that they are to go to, and an eye on every content.
+/// The contents should all be different, so that each can be told from the others.
+class TransferWorld {
+public:
+    /// Writes a source file and plans its place in the archive.
+    MediaItem& add(std::string_view name, std::string content, std::string_view destination);
+
+    [[nodiscard]] FilePath source(std::string_view name) const;
+    [[nodiscard]] FilePath archived(std::string_view relative) const;
+    [[nodiscard]] const std::string& content(std::string_view name) const;
+    [[nodiscard]] OrganizationPlan plan(OperationMode mode) const;
+    [[nodiscard]] std::vector<FilePath> sourceRoots() const { return {folder_ / "source"}; }
+
+    /// All files of the archive, sorted, relative to it.
+    [[nodiscard]] std::vector<std::string> archiveFiles() const;
+
+    /// Every content stands whole under its source's or its final name, and no final name of the
+    /// archive holds anything but one of the contents, whole.
+    void expectNothingLost() const;
+    void expectNoPartialFiles() const;
+    void expectSourcesIntact() const;
+    /// Every content is in the archive, and its source gone.
+    void expectAllMoved() const;
+
+    std::vector<MediaItem> items;
+
+private:
+    TempFolder folder_;
+    std::map<FilePath, std::string> contents_; ///< by source path
+};
+
+/// SHA-256 of `content`, as the journal writes it.
+std::string digestOf(std::string_view content);
+
+bool isThere(const FilePath& path);
+
+} // namespace lumeo

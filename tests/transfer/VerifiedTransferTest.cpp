@@ -1,0 +1,248 @@
+#include "transfer/VerifiedTransfer.h"
+
+#include "TransferWorld.h"
+#include "platform/PosixFileSystem.h"
+#include "support/FaultyFileSystem.h"
+
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <future>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace lumeo {
+namespace {
+
+constexpr std::string_view mismatch = "File verification failed: SHA-256 checksum mismatch.";
+constexpr std::string_view appeared =
+    "Destination file appeared during transfer; the source was left untouched.";
+
+class VerifiedTransferTest : public testing::Test {
+protected:
+    FileTransactionItem transfer(const MediaItem& item, OperationMode mode) {
+        return transfers.transferFile(item, *item.plannedDestinationURL, mode, token);
+    }
+
+    /// Runs `action` before the first call of this kind that comes to the disk.
+    void once(std::string_view operation, std::function<void(const DiskCall&)> action) {
+        disk.beforeEachCall([=, done = false](const DiskCall& call) mutable {
+            if (!done && call.operation == operation) {
+                done = true;
+                action(call);
+            }
+        });
+    }
+
+    static void expectFailed(const FileTransactionItem& record, std::string_view reason) {
+        EXPECT_EQ(record.status, TransactionStatus::failed);
+        EXPECT_EQ(record.errorMessage, reason);
+        EXPECT_EQ(record.verificationResult, std::nullopt);
+    }
+
+    TransferWorld world;
+    PosixFileSystem real;
+    FaultyFileSystem disk{real};
+    VerifiedTransfer transfers{disk};
+    TransferCancellationToken token;
+};
+
+TEST_F(VerifiedTransferTest, CopiesContentAloneAndTellsAllInTheRecord) {
+    MediaItem& item = world.add("IMG_1.jpg", std::string(2'500'000, 'x'), "2021/2021-03 March/IMG_1.jpg");
+    item.resolvedDate = codedEpoch;
+    item.dateSource = DateSourceType::filename;
+    ASSERT_EQ(chmod(item.sourceURL.c_str(), 0400), 0);
+    const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(10'000);
+    std::filesystem::last_write_time(item.sourceURL.bytes(), longAgo);
+    // What an earlier, killed attempt may have left.
+    std::filesystem::create_directories(world.archived("2021/2021-03 March").bytes());
+    std::ofstream(VerifiedCopy::temporaryPath(*item.plannedDestinationURL).bytes()) << "left over";
+
+    const FileTransactionItem record = transfer(item, OperationMode::copy);
+
+    EXPECT_EQ(record.status, TransactionStatus::verified);
+    EXPECT_EQ(record.verificationResult, "Verified (SHA-256 Match)");
+    EXPECT_EQ(record.sourceHash, digestOf(world.content("IMG_1.jpg")));
+    EXPECT_EQ(record.destinationHash, record.sourceHash);
+    EXPECT_EQ(record.dateSource, "Date inferred from filename");
+    EXPECT_EQ(record.dateResolved, codedEpoch);
+    EXPECT_EQ(world.archiveFiles(), std::vector<std::string>{"2021/2021-03 March/IMG_1.jpg"});
+    world.expectSourcesIntact();
+    world.expectNothingLost();
+    const std::filesystem::path copy = item.plannedDestinationURL->bytes();
+    EXPECT_GT(std::filesystem::last_write_time(copy), longAgo + std::chrono::hours(1));
+    EXPECT_NE(std::filesystem::status(copy).permissions() & std::filesystem::perms::owner_write,
+              std::filesystem::perms::none);
+}
+
+TEST_F(VerifiedTransferTest, TakesEveryNameThatAFileSystemTakes) {
+    const std::string longest = std::string(120, 'a') + "\xC3\xA9" + std::string(129, 'b') + ".jpg";
+    ASSERT_EQ(longest.size(), 255U);
+    for (const std::string& name : {longest, std::string("\xFF\xFE\n.jpg"), std::string("empty.jpg")}) {
+        const MediaItem& item = world.add(name, name == "empty.jpg" ? "" : "content of " + name, name);
+        EXPECT_EQ(transfer(item, OperationMode::move).status, TransactionStatus::verified);
+    }
+    world.expectAllMoved();
+    for (std::size_t cut = 240; cut <= 255; ++cut) {
+        const FilePath path("/archive/" + std::string(cut - 5, 'a') + "\xE2\x82\xAC" + "bb");
+        const FilePath temporary = VerifiedCopy::temporaryPath(path);
+        EXPECT_LE(temporary.lastComponent().size(), 255U);
+        EXPECT_TRUE(temporary.bytes().ends_with(".partial") && isValidUtf8(temporary.bytes()));
+    }
+}
+
+TEST_F(VerifiedTransferTest, LeavesWhatIsThereAlone) {
+    const MediaItem same = world.add("same.jpg", "same", "same.jpg");
+    const MediaItem other = world.add("other.jpg", "other", "other.jpg");
+    std::filesystem::create_directory(world.archived("").bytes());
+    std::ofstream(same.plannedDestinationURL->bytes()) << "same";
+    std::ofstream(other.plannedDestinationURL->bytes()) << "somebody's";
+    disk.failAction(FileAction::create, EIO); // not even a temporary file is made
+
+    const FileTransactionItem skipped = transfer(same, OperationMode::move);
+    EXPECT_EQ(skipped.status, TransactionStatus::skipped);
+    EXPECT_EQ(skipped.verificationResult, "Skipped (Identical destination already exists)");
+    EXPECT_EQ(skipped.sourceHash, digestOf("same"));
+    EXPECT_EQ(skipped.destinationHash, digestOf("same"));
+
+    const FileTransactionItem refused = transfer(other, OperationMode::move);
+    expectFailed(refused, "Destination already exists and was not overwritten.");
+    EXPECT_EQ(refused.sourceHash, digestOf("other"));
+    EXPECT_EQ(refused.destinationHash, digestOf("somebody's"));
+    EXPECT_EQ(contentOf(*other.plannedDestinationURL), "somebody's");
+    world.expectSourcesIntact();
+}
+
+TEST_F(VerifiedTransferTest, NeverRemovesAFileThatIsItsOwnDestination) {
+    MediaItem& item = world.add("a.jpg", "only one", "a.jpg");
+    std::filesystem::create_directory_symlink(world.source("").bytes(), world.archived("").bytes());
+    EXPECT_EQ(transfer(item, OperationMode::move).status, TransactionStatus::skipped);
+    item.plannedDestinationURL = world.archived("b.jpg");
+    std::filesystem::create_hard_link(item.sourceURL.bytes(), item.plannedDestinationURL->bytes());
+    EXPECT_EQ(transfer(item, OperationMode::move).status, TransactionStatus::skipped);
+    world.expectSourcesIntact();
+}
+
+TEST_F(VerifiedTransferTest, LeavesWhatIsNoLeftOverUnderTheTemporaryName) {
+    const MediaItem folder = world.add("a.jpg", "a", "a.jpg");
+    const MediaItem link = world.add("b.jpg", "b", "b.jpg");
+    std::filesystem::create_directories(world.archived("a.jpg.partial").bytes());
+    std::filesystem::create_hard_link(link.sourceURL.bytes(), world.archived("b.jpg.partial").bytes());
+    for (const MediaItem& item : {folder, link}) {
+        expectFailed(transfer(item, OperationMode::move), "Could not create the temporary transfer file.");
+        EXPECT_TRUE(isThere(VerifiedCopy::temporaryPath(*item.plannedDestinationURL)));
+    }
+    world.expectSourcesIntact();
+}
+
+TEST_F(VerifiedTransferTest, MakesNothingForASourceThatIsGone) {
+    const MediaItem& item = world.add("a.jpg", "a", "2021/a.jpg");
+    std::filesystem::remove(item.sourceURL.bytes());
+    expectFailed(transfer(item, OperationMode::copy), "Source file is no longer available.");
+    EXPECT_FALSE(isThere(world.archived("")));
+}
+
+TEST_F(VerifiedTransferTest, KeepsAFileThatAppearsMeanwhile) {
+    const MediaItem& item = world.add("a.jpg", "a", "a.jpg");
+    once("renameWithoutReplacing",
+         [](const DiskCall& call) { std::ofstream(call.newPath.bytes()) << "theirs"; });
+    expectFailed(transfer(item, OperationMode::move), appeared);
+    EXPECT_EQ(contentOf(*item.plannedDestinationURL), "theirs");
+    world.expectNoPartialFiles();
+    world.expectSourcesIntact();
+}
+
+TEST_F(VerifiedTransferTest, NamesNoCopyThatDiffersFromItsSource) {
+    MediaItem& stale = world.add("stale.jpg", "edited since", "stale.jpg");
+    stale.sha256Hash = digestOf("as it was");
+    const FileTransactionItem record = transfer(stale, OperationMode::move);
+    expectFailed(record, mismatch);
+    EXPECT_EQ(record.sourceHash, digestOf("as it was"));
+    EXPECT_EQ(record.destinationHash, digestOf("edited since"));
+
+    const MediaItem& misread = world.add("misread.jpg", std::string(3'000'000, 'm'), "misread.jpg");
+    disk.flipBitWhenReading([](const FilePath& path) { return path.extension() == "partial"; }, 2'999'999);
+    expectFailed(transfer(misread, OperationMode::move), mismatch);
+    world.expectSourcesIntact();
+
+    const MediaItem& growing = world.add("growing.jpg", "beginning", "growing.jpg");
+    once("flush",
+         [&](const DiskCall&) { std::ofstream(growing.sourceURL.bytes(), std::ios::app) << " and more"; });
+    expectFailed(transfer(growing, OperationMode::move), mismatch);
+    EXPECT_EQ(contentOf(growing.sourceURL), "beginning and more");
+    EXPECT_EQ(world.archiveFiles(), std::vector<std::string>{});
+}
+
+TEST_F(VerifiedTransferTest, KeepsASourceThatIsNoLongerWhatWasCopied) {
+    const auto edit = [](const FilePath& path) { std::ofstream(path.bytes()) << "EDITED"; };
+    const auto replace = [](const FilePath& path) {
+        std::filesystem::rename(path.bytes(), path.bytes() + ".aside");
+        std::filesystem::copy_file(path.bytes() + ".aside", path.bytes());
+    };
+    const auto link = [](const FilePath& path) {
+        std::filesystem::rename(path.bytes(), path.bytes() + ".aside");
+        std::filesystem::create_symlink(path.bytes() + ".aside", path.bytes());
+    };
+    int number = 0;
+    for (const std::function<void(const FilePath&)>& change :
+         std::initializer_list<std::function<void(const FilePath&)>>{edit, replace, link}) {
+        const std::string name = std::to_string(++number) + ".jpg";
+        const MediaItem& item = world.add(name, "before", name);
+        once("flushFolder", [&](const DiskCall&) { change(item.sourceURL); });
+        expectFailed(transfer(item, OperationMode::move),
+                     "Source file changed after it was copied and was not removed.");
+        EXPECT_TRUE(isThere(item.sourceURL));
+        EXPECT_EQ(contentOf(*item.plannedDestinationURL), "before");
+    }
+}
+
+TEST_F(VerifiedTransferTest, StopsWithinAFileWhenCancelled) {
+    const MediaItem& item = world.add("a.jpg", std::string(3'000'000, 'a'), "a.jpg");
+    once("write", [&](const DiskCall&) { token.cancel(); });
+    expectFailed(transfer(item, OperationMode::move), "Operation cancelled. Source file was left untouched.");
+    EXPECT_EQ(world.archiveFiles(), std::vector<std::string>{});
+    world.expectSourcesIntact();
+}
+
+TEST_F(VerifiedTransferTest, CancelPreventsTheRemovalOrWaitsForIt) {
+    const MediaItem before = world.add("before.jpg", "1", "before.jpg");
+    once("flushFolder", [&](const DiskCall&) { token.cancel(); });
+    const FileTransactionItem kept = transfer(before, OperationMode::move);
+    EXPECT_EQ(kept.status, TransactionStatus::verified);
+    EXPECT_EQ(kept.verificationResult, "Verified; move cancelled before source deletion");
+    EXPECT_TRUE(isThere(before.sourceURL));
+
+    const MediaItem during = world.add("during.jpg", "2", "during.jpg");
+    TransferCancellationToken fresh;
+    std::future<bool> sourceWasThere;
+    once("removeFile", [&](const DiskCall&) {
+        sourceWasThere = std::async(std::launch::async, [&] {
+            fresh.cancel();
+            return isThere(during.sourceURL);
+        });
+        EXPECT_EQ(sourceWasThere.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
+    });
+    const FileTransactionItem moved =
+        transfers.transferFile(during, *during.plannedDestinationURL, OperationMode::move, fresh);
+    EXPECT_EQ(moved.verificationResult, "Verified (SHA-256 Match)");
+    EXPECT_FALSE(sourceWasThere.get());
+}
+
+TEST_F(VerifiedTransferTest, AFolderRefusedOnceHoldsBackEveryRemovalBelowIt) {
+    disk.failWhen(
+        [seen = 0](const DiskCall& call) mutable { return call.operation == "flushFolder" && ++seen == 1; },
+        EIO);
+    for (const std::string name : {"a.jpg", "b.jpg"}) {
+        const MediaItem& item = world.add(name, name, "2021/" + name);
+        const FileTransactionItem record = transfer(item, OperationMode::move);
+        EXPECT_EQ(record.status, TransactionStatus::failed);
+        EXPECT_NE(record.errorMessage->find("Input/output error"), std::string::npos);
+        EXPECT_TRUE(isThere(*item.plannedDestinationURL));
+    }
+    world.expectSourcesIntact();
+}
+
+} // namespace
+} // namespace lumeo
