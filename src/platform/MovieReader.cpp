@@ -14,8 +14,8 @@ namespace {
 
 std::optional<MovieProperties> readContainer(ReadableFile& file) {
     static constexpr std::array readers{readIsoMovie, readMatroskaMovie, readAsfMovie, readAviMovie};
+    HeaderBytes bytes(file);
     for (const auto reader : readers) {
-        HeaderBytes bytes(file);
         if (std::optional<MovieProperties> movie = reader(bytes)) {
             return movie;
         }

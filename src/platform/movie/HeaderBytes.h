@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/FileSystem.h"
+#include "platform/photo/FileWindow.h"
 
 #include <cstdint>
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace lumeo {
 
-/// The bytes of a file whose header is being walked. However often and wherever a walk reads, only a
-/// few megabytes ever come from the disk. Used by one thread.
+/// The bytes of a file whose header is being walked; however a walk leads about, it reads within the
+/// window's bounds. Used by one thread.
 class HeaderBytes {
 public:
     /// `file` must outlive this object.
@@ -17,18 +17,13 @@ public:
 
     [[nodiscard]] std::int64_t size() const noexcept { return size_; }
 
-    /// The bytes from `offset` on; fewer than `count` where the file ends, cannot be read, or has been
-    /// read too much already. A wrong offset gives none.
+    /// The bytes from `offset` on, fewer than `count` where the file ends; none at a wrong offset, where
+    /// the file cannot be read or too much of it has been read already.
     [[nodiscard]] std::string read(std::int64_t offset, std::size_t count);
 
 private:
-    bool loadBlock(std::int64_t blockStart);
-
-    ReadableFile& file_;
-    std::int64_t size_ = 0;
-    std::int64_t blockStart_ = -1;
-    std::string block_;
-    int blocksLeft_;
+    FileWindow window_;
+    std::int64_t size_;
 };
 
 /// An unsigned number of `width` bytes inside `bytes`. One that reaches over the end is 0, which in
