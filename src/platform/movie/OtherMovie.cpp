@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <memory>
 #include <mutex>
 #include <span>
@@ -18,11 +19,15 @@ namespace {
 
 constexpr int bufferSize = 32 * 1024;
 constexpr std::int64_t mostBytesRead = 8 * 1024 * 1024;
-constexpr auto longestTime = std::chrono::milliseconds(700);
+constexpr std::chrono::nanoseconds longestWork = std::chrono::milliseconds(500); // of this thread's own
+constexpr std::chrono::nanoseconds longestWait = std::chrono::seconds(5);        // for a slow disk, all told
 
 /// Containers that carry media themselves. Playlists, which name other files, and texts are left out.
 constexpr const char* knownContainers = "mpeg,mpegts,mpegvideo,dv,flv,mxf,ogg,rm,wtv,mp3,wav,w64,aac,ac3,"
                                         "flac,aiff,amr,caf,ape,wv,au,h264,hevc,m4v,nut,ivf";
+
+/// Whose decoders may look for the size of the pictures; sound is never decoded.
+constexpr const char* knownCodecs = "h264,hevc,mpeg1video,mpeg2video,mpeg4,dvvideo,flv,vp6,vp6f,vp6a";
 
 /// The file as libavformat reads it: through the FileSystem, with an end to bytes and time.
 class LibavInput {
@@ -74,14 +79,22 @@ public:
 
 private:
     [[nodiscard]] bool isSpent() const {
-        return bytesRead_ >= mostBytesRead || std::chrono::steady_clock::now() >= deadline_;
+        return bytesRead_ >= mostBytesRead || timeOf(CLOCK_THREAD_CPUTIME_ID) - workStart_ >= longestWork ||
+               timeOf(CLOCK_MONOTONIC) - waitStart_ >= longestWait;
+    }
+
+    static std::chrono::nanoseconds timeOf(clockid_t clock) {
+        timespec time{};
+        clock_gettime(clock, &time);
+        return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
     }
 
     ReadableFile& file_;
     std::int64_t size_ = 0;
     std::int64_t position_ = 0;
     std::int64_t bytesRead_ = 0;
-    std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::now() + longestTime;
+    std::chrono::nanoseconds workStart_ = timeOf(CLOCK_THREAD_CPUTIME_ID);
+    std::chrono::nanoseconds waitStart_ = timeOf(CLOCK_MONOTONIC);
 };
 
 struct CloseIo {
@@ -113,11 +126,12 @@ Movie openMovie(LibavInput& input, AVIOContext& io) {
     movie->interrupt_callback = {LibavInput::isInterrupted, &input};
     movie->format_probesize = 256 * 1024;
     movie->probesize = 1024 * 1024;
-    movie->max_analyze_duration = AV_TIME_BASE;
+    movie->max_analyze_duration = AV_TIME_BASE / 2;
     movie->max_streams = 64;
     movie->fps_probe_size = 0;
     movie->format_whitelist = av_strdup(knownContainers);
     movie->protocol_whitelist = av_strdup("none");
+    movie->codec_whitelist = av_strdup(knownCodecs);
     // On failure the context is freed for us.
     if (avformat_open_input(&movie, nullptr, nullptr, nullptr) < 0) {
         return nullptr;
