@@ -73,7 +73,7 @@ public:
     }
 
     /// What a capture group of a match says. Digits of other scripts match a pattern but are no number.
-    std::optional<int> number(const icu::RegexMatcher& match, int group) const {
+    [[nodiscard]] std::optional<int> number(const icu::RegexMatcher& match, int group) const {
         UErrorCode status = U_ZERO_ERROR;
         const int32_t end = match.end(group, status);
         int value = 0;

@@ -157,9 +157,9 @@ std::optional<Instant> DateText::parsePlainUtc(std::string_view text) {
 std::string DateText::iso8601Utc(Instant instant) {
     const WallTime time = wallTimeInUtc(instant);
     std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02dZ", time.year, time.month, time.day,
-                  time.hour, time.minute, time.second);
-    return text.data();
+    const int length = std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02dZ", time.year,
+                                     time.month, time.day, time.hour, time.minute, time.second);
+    return {text.data(), static_cast<std::size_t>(length)};
 }
 
 } // namespace lumeo
