@@ -118,7 +118,7 @@ TEST_F(MediaScannerTest, ReadsMoviesRawPhotosAndUndatedFilesEachTheirWay) {
     TinyPhoto onlyTiffDate;
     onlyTiffDate.dateTime = "1975:01:01 00:00:00";
     folder_.write("raw.DNG", tinyTiff(onlyTiffDate));
-    folder_.write("VID-20200229-WA0001.mp4", "no movie at all");
+    folder_.write("VID_20200229_101112.mp4", "no movie at all");
     folder_.write("broken.jpg", "no picture at all");
     folder_.write("empty.heic", "");
     scan();
@@ -139,8 +139,8 @@ TEST_F(MediaScannerTest, ReadsMoviesRawPhotosAndUndatedFilesEachTheirWay) {
     EXPECT_EQ(raw.dateSuspiciousWarning, SharedText("Possible incorrect camera clock (1975)"));
     EXPECT_THAT(raw.scanWarnings, ElementsAre("Possible incorrect camera clock (1975)"));
 
-    EXPECT_EQ(item("VID-20200229-WA0001.mp4").dateSource, DateSourceType::filename);
-    EXPECT_EQ(item("VID-20200229-WA0001.mp4").dateConfidence, DateConfidence::medium);
+    EXPECT_EQ(item("VID_20200229_101112.mp4").dateSource, DateSourceType::filename);
+    EXPECT_EQ(item("VID_20200229_101112.mp4").dateConfidence, DateConfidence::medium);
     for (const char* undated : {"broken.jpg", "empty.heic"}) {
         EXPECT_EQ(item(undated).dateSource, DateSourceType::unknown);
         EXPECT_FALSE(item(undated).resolvedDate);
