@@ -67,8 +67,10 @@ Exiv2::byte* LibraryInput::mmap(bool isWriteable) {
         throw Exiv2::Error(Exiv2::kerCallFailed, path(), "file too large", "mmap");
     }
     if (!mapping_) {
-        mapping_ = std::make_unique<Exiv2::byte[]>(size_);
-        // Where reading fails, zeros stand.
+        // Where reading fails, zeros stand. Some stand behind the end too: the library's reader of CRW looks
+        // for the end of a text that reaches there.
+        constexpr std::size_t guard = 16;
+        mapping_ = std::make_unique<Exiv2::byte[]>(size_ + guard);
         file_.copy(0, reinterpret_cast<char*>(mapping_.get()), size_);
     }
     return mapping_.get();

@@ -46,6 +46,7 @@ enum Type : std::uint16_t {
     longType = 4,
     rationalType = 5,
     undefinedType = 7,
+    signedLongType = 9,
     signedRationalType = 10,
     ifdType = 13,
     long8Type = 16,
