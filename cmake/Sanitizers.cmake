@@ -3,5 +3,7 @@ set(LUMEO_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address;undef
 if(LUMEO_SANITIZE)
     list(JOIN LUMEO_SANITIZE "," lumeo_sanitizers)
     add_compile_options(-fsanitize=${lumeo_sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    # Under the sanitizers the compiler takes variants that were never filled for uninitialized memory.
+    add_compile_options(-Wno-maybe-uninitialized)
     add_link_options(-fsanitize=${lumeo_sanitizers})
 endif()
