@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 
 namespace lumeo {
 namespace {
@@ -35,10 +36,10 @@ std::string_view mediaTypeName(MediaType type) {
     return "Other Media";
 }
 
-std::string padded(int number, std::size_t width) {
-    std::string digits = std::to_string(number);
-    digits.insert(0, width - std::min(width, digits.size()), '0');
-    return digits;
+std::string padded(int number, int width) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%0*d", width, number);
+    return text.data();
 }
 
 std::string cameraText(const std::optional<SharedText>& text, std::string_view otherwise) {
