@@ -15,8 +15,10 @@
 
 namespace lumeo {
 
-TempFolder::TempFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "lumeo-test-XXXXXX").string();
+TempFolder::TempFolder() : TempFolder(FilePath(std::filesystem::temp_directory_path())) {}
+
+TempFolder::TempFolder(const FilePath& parent) {
+    std::string pattern = parent.appending("lumeo-test-XXXXXX").bytes();
     if (mkdtemp(pattern.data()) == nullptr) {
         throw std::runtime_error("no temporary folder can be made");
     }

@@ -11,6 +11,7 @@ namespace lumeo {
 class TempFolder {
 public:
     TempFolder();
+    explicit TempFolder(const FilePath& parent);
     ~TempFolder();
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;

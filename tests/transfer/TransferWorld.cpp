@@ -10,6 +10,15 @@
 
 namespace lumeo {
 
+FilePath memoryFolder() {
+    const std::filesystem::path shared = "/dev/shm";
+    std::error_code ignored;
+    return FilePath(std::filesystem::is_directory(shared, ignored) ? shared
+                                                                   : std::filesystem::temp_directory_path());
+}
+
+TransferWorld::TransferWorld() : folder_(memoryFolder()) {}
+
 MediaItem& TransferWorld::add(std::string_view name, std::string content, std::string_view destination) {
     MediaItem item;
     item.id = Uuid::random();

@@ -13,9 +13,12 @@
 namespace lumeo {
 
 /// A folder with source files and the archive that they are to go to, and an eye on every content.
-/// The contents should all be different, so that each can be told from the others.
+/// The contents should all be different, so that each can be told from the others. It stands in memory
+/// where there is such a file system, since the tests that try every call flush a lot.
 class TransferWorld {
 public:
+    TransferWorld();
+
     /// Writes a source file and plans its place in the archive.
     MediaItem& add(std::string_view name, std::string content, std::string_view destination);
 
@@ -45,6 +48,9 @@ private:
 
 /// SHA-256 of `content`, as the journal writes it.
 std::string digestOf(std::string_view content);
+
+/// A folder for temporary files in memory, or else the usual one.
+FilePath memoryFolder();
 
 bool isThere(const FilePath& path);
 

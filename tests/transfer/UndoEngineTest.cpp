@@ -1,0 +1,284 @@
+#include "transfer/UndoEngine.h"
+
+#include "PowerLossFileSystem.h"
+#include "TransferWorld.h"
+#include "platform/PosixFileSystem.h"
+#include "support/FakeClock.h"
+#include "support/FaultyFileSystem.h"
+#include "transfer/FileOperationEngine.h"
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace lumeo {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A file system on which only the renaming of a finished temporary file stays on one device.
+void spanTwoDevices(FaultyFileSystem& disk) {
+    disk.failWhen(
+        [](const DiskCall& call) {
+            return call.operation == "renameWithoutReplacing" && call.path.extension() != "partial";
+        },
+        EXDEV);
+}
+
+/// A run over three files that is to be taken back.
+class FinishedRun : public TransferWorld {
+public:
+    explicit FinishedRun(OperationMode mode) {
+        add("a.jpg", "content of a", "2021/a.jpg");
+        add("folder/b.jpg", "content of b", "2021/b.jpg");
+        add("c.mov", std::string(1'100'000, 'c'), "2022/c.mov");
+        PosixFileSystem real;
+        const FakeClock clock;
+        manifest = FileOperationEngine(real, clock).execute(items, plan(mode), {}, [](const auto&) {});
+    }
+
+    /// Every file is back under its original name, and nowhere else.
+    void expectRestored() const {
+        expectSourcesIntact();
+        EXPECT_EQ(archiveFiles(), std::vector<std::string>{});
+        for (const auto& entry : fs::recursive_directory_iterator(source("").bytes())) {
+            EXPECT_NE(entry.path().extension(), ".partial");
+        }
+    }
+
+    OperationManifest manifest;
+};
+
+class UndoEngineTest : public testing::Test {
+protected:
+    static std::string textOf(const FilePath& path) { return path.bytes(); }
+
+    PosixFileSystem real;
+    FaultyFileSystem disk{real};
+    UndoEngine undo{disk};
+};
+
+TEST_F(UndoEngineTest, TakesBackWhatIsProvenAndTellsTheRest) {
+    for (const OperationMode mode : {OperationMode::copy, OperationMode::move}) {
+        FinishedRun run(mode);
+        fs::remove(run.archived("2021/a.jpg").bytes());
+        std::ofstream(run.archived("2021/b.jpg").bytes()) << "content of B";
+        const UndoResult result = undo.rollback(run.manifest);
+        EXPECT_EQ(result.restoredCount, 1);
+        EXPECT_EQ(result.skippedCount, 1);
+        EXPECT_EQ(result.failedCount, 1);
+        EXPECT_EQ(result.warnings,
+                  (std::vector{"Destination file was not found: " + textOf(run.archived("2021/a.jpg")),
+                               "Skipped rolling back " + textOf(run.archived("2021/b.jpg")) +
+                                   ": File was modified after transfer."}));
+        EXPECT_EQ(run.archiveFiles(), std::vector<std::string>{"2021/b.jpg"});
+        EXPECT_EQ(contentOf(run.source("c.mov")), run.content("c.mov"));
+    }
+}
+
+TEST_F(UndoEngineTest, RestoresAWholeMoveAndFindsNothingTheSecondTime) {
+    FinishedRun run(OperationMode::move);
+    run.manifest.operationType = "Move";
+    run.manifest.items.push_back(run.manifest.items[0]);
+    run.manifest.items.back().status = TransactionStatus::skipped;
+    fs::remove_all(run.source("folder").bytes());
+    EXPECT_EQ(undo.rollback(run.manifest), (UndoResult{3, 0, 0, {}}));
+    run.expectRestored();
+    const UndoResult again = undo.rollback(run.manifest);
+    EXPECT_EQ(again.skippedCount, 3);
+    EXPECT_EQ(again.warnings.size(), 3U);
+    run.expectRestored();
+}
+
+TEST_F(UndoEngineTest, TouchesNothingWithoutProof) {
+    FinishedRun run(OperationMode::copy);
+    run.manifest.items[0].destinationHash.reset();
+    // The link's own name is not what was written, whatever it leads to.
+    fs::rename(run.archived("2021/b.jpg").bytes(), run.archived("elsewhere").bytes());
+    fs::create_symlink(run.archived("elsewhere").bytes(), run.archived("2021/b.jpg").bytes());
+    disk.failAction(FileAction::remove, EACCES);
+    const UndoResult result = undo.rollback(run.manifest);
+    EXPECT_EQ(result.failedCount, 3);
+    const std::string skipped = "Skipped rolling back ";
+    EXPECT_EQ(
+        result.warnings,
+        (std::vector{skipped + textOf(run.archived("2021/a.jpg")) + ": No recorded hash.",
+                     skipped + textOf(run.archived("2021/b.jpg")) + ": File was modified after transfer.",
+                     "Could not delete " + textOf(run.archived("2022/c.mov")) +
+                         ": “c.mov” could not be removed: Permission denied."}));
+    EXPECT_EQ(run.archiveFiles().size(), 4U);
+}
+
+TEST_F(UndoEngineTest, AFileEditedDuringOrAfterItsProofStays) {
+    for (const int look : {3, 4}) { // of those that are taken at the file: the proof's last, the removal's
+        FinishedRun run(OperationMode::copy);
+        FaultyFileSystem device(real);
+        device.beforeEachCall([&, looks = 0](const DiskCall& call) mutable {
+            if (call.operation == "status" && call.path == run.archived("2021/a.jpg") && ++looks == look) {
+                std::ofstream(call.path.bytes()) << "EDITED OF A!";
+            }
+        });
+        const UndoResult result = UndoEngine(device).rollback(run.manifest);
+        EXPECT_EQ(result.restoredCount, 2);
+        EXPECT_EQ(result.warnings, std::vector{"Skipped rolling back " + textOf(run.archived("2021/a.jpg")) +
+                                               ": File was modified after transfer."});
+    }
+}
+
+TEST_F(UndoEngineTest, NeverOverwritesAnOriginal) {
+    for (const bool isOnOneDevice : {true, false}) {
+        FinishedRun run(OperationMode::move);
+        FaultyFileSystem device(real);
+        if (!isOnOneDevice) {
+            spanTwoDevices(device);
+        }
+        std::ofstream(run.source("a.jpg").bytes()) << "somebody's";
+        device.beforeEachCall([&](const DiskCall& call) {
+            if (call.operation == "renameWithoutReplacing" && call.newPath == run.source("c.mov")) {
+                std::ofstream(call.newPath.bytes()) << "just now";
+            }
+        });
+        const UndoResult result = UndoEngine(device).rollback(run.manifest);
+        const std::string exists = "Original path already exists, will not overwrite: ";
+        EXPECT_EQ(result.warnings,
+                  (std::vector{exists + textOf(run.source("a.jpg")), exists + textOf(run.source("c.mov"))}));
+        EXPECT_EQ(contentOf(run.source("a.jpg")), "somebody's");
+        EXPECT_EQ(run.archiveFiles(), (std::vector<std::string>{"2021/a.jpg", "2022/c.mov"}));
+    }
+}
+
+TEST_F(UndoEngineTest, FinishesAMoveBackThatWasCutShort) {
+    FinishedRun run(OperationMode::move);
+    const auto [a, b, c] = std::tuple(run.manifest.items[0], run.manifest.items[1], run.manifest.items[2]);
+    fs::copy_file(a.destinationPath.bytes(), a.originalPath.bytes());
+    fs::create_hard_link(b.destinationPath.bytes(), b.originalPath.bytes());
+    // One and the same name by two ways: removing it would remove the content.
+    fs::create_symlink(c.destinationPath.parent().bytes(), run.source("linked").bytes());
+    run.manifest.items[2].originalPath = run.source("linked/c.mov");
+    const UndoResult result = undo.rollback(run.manifest);
+    EXPECT_EQ(result.restoredCount, 2);
+    EXPECT_EQ(result.warnings, std::vector{"Original path already exists, will not overwrite: " +
+                                           textOf(run.source("linked/c.mov"))});
+    EXPECT_EQ(run.archiveFiles(), std::vector<std::string>{"2022/c.mov"});
+    EXPECT_EQ(contentOf(a.originalPath), "content of a");
+    EXPECT_EQ(contentOf(b.originalPath), "content of b");
+}
+
+TEST_F(UndoEngineTest, MovesBackBetweenRealDevices) {
+    FinishedRun run(OperationMode::move);
+    const TempFolder elsewhere;
+    if (real.targetStatus(elsewhere.path())->identity.device ==
+        real.targetStatus(run.archived(""))->identity.device) {
+        GTEST_SKIP() << "memory and temporary files are on one device here";
+    }
+    for (FileTransactionItem& item : run.manifest.items) {
+        item.originalPath = elsewhere / item.originalPath.lastComponent();
+    }
+    EXPECT_EQ(undo.rollback(run.manifest), (UndoResult{3, 0, 0, {}}));
+    EXPECT_EQ(contentOf(elsewhere / "c.mov"), run.content("c.mov"));
+    EXPECT_EQ(run.archiveFiles(), std::vector<std::string>{});
+}
+
+TEST_F(UndoEngineTest, RemovesNothingBeforeTheOriginalIsDurableAndReadBack) {
+    FinishedRun run(OperationMode::move);
+    PowerLossFileSystem power(real);
+    FaultyFileSystem device(power);
+    spanTwoDevices(device);
+    device.flipBitWhenReading([](const FilePath& path) { return path.lastComponent() == "b.jpg.partial"; });
+    const UndoResult result = UndoEngine(device).rollback(run.manifest);
+    EXPECT_EQ(result.restoredCount, 2);
+    EXPECT_EQ(result.warnings,
+              std::vector{"Could not restore " + textOf(run.archived("2021/b.jpg")) +
+                          " to original location: File verification failed: SHA-256 checksum mismatch."});
+    EXPECT_EQ(power.losses(), std::vector{run.source("folder/b.jpg.partial")}); // of no worth
+    EXPECT_EQ(run.archiveFiles(), std::vector<std::string>{"2021/b.jpg"});
+}
+
+TEST_F(UndoEngineTest, TellsOfAFolderThatTheDeviceRefused) {
+    FinishedRun run(OperationMode::move);
+    disk.failWhen(
+        [&](const DiskCall& call) {
+            return call.operation == "flushFolder" && call.path == run.source("folder");
+        },
+        EIO);
+    const UndoResult result = undo.rollback(run.manifest);
+    EXPECT_EQ(result.restoredCount, 2);
+    EXPECT_EQ(result.warnings,
+              std::vector{"Could not restore " + textOf(run.archived("2021/b.jpg")) +
+                          " to original location: “folder” could not be written to the device: "
+                          "Input/output error."});
+}
+
+/// On one device and on two.
+class UndoSafetyTest : public testing::TestWithParam<int> {
+protected:
+    void prepare(FaultyFileSystem& disk) const {
+        if (GetParam() == 2) {
+            spanTwoDevices(disk);
+        }
+    }
+
+    std::size_t callsOfAnUndo() {
+        const FinishedRun run(OperationMode::move);
+        FaultyFileSystem disk(real);
+        prepare(disk);
+        EXPECT_EQ(UndoEngine(disk).rollback(run.manifest).restoredCount, 3);
+        return disk.callCount();
+    }
+
+    PosixFileSystem real;
+};
+
+INSTANTIATE_TEST_SUITE_P(Devices, UndoSafetyTest, testing::Values(1, 2));
+
+TEST_P(UndoSafetyTest, AnyCallMayFailAndASecondUndoCompletesTheFirst) {
+    const std::size_t calls = callsOfAnUndo();
+    for (std::size_t number = 1; number <= calls; ++number) {
+        const FinishedRun run(OperationMode::move);
+        FaultyFileSystem disk(real);
+        prepare(disk);
+        disk.failCall(number, EIO);
+        SCOPED_TRACE("call " + std::to_string(number));
+        const UndoResult result = UndoEngine(disk).rollback(run.manifest);
+        EXPECT_EQ(result.restoredCount + result.failedCount, 3);
+        EXPECT_EQ(result.failedCount, static_cast<std::int64_t>(result.warnings.size()));
+        run.expectNothingLost();
+        UndoEngine(real).rollback(run.manifest);
+        run.expectRestored();
+    }
+}
+
+TEST_P(UndoSafetyTest, TheProcessMayBeKilledAtAnyCallAndASecondUndoCompletesTheFirst) {
+    const std::size_t calls = callsOfAnUndo();
+    for (std::size_t number = 1; number <= calls; ++number) {
+        const FinishedRun run(OperationMode::move);
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            FaultyFileSystem disk(real);
+            prepare(disk);
+            disk.beforeEachCall([&](const DiskCall& call) {
+                if (call.number == number) {
+                    raise(SIGKILL);
+                }
+            });
+            UndoEngine(disk).rollback(run.manifest);
+            _exit(0);
+        }
+        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        SCOPED_TRACE("call " + std::to_string(number));
+        run.expectNothingLost();
+        FaultyFileSystem disk(real);
+        prepare(disk);
+        EXPECT_EQ(UndoEngine(disk).rollback(run.manifest).failedCount, 0);
+        run.expectRestored();
+    }
+}
+
+} // namespace
+} // namespace lumeo
