@@ -1,0 +1,207 @@
+#include "hashing/DuplicateDetector.h"
+#include "planning/DestinationPlanner.h"
+#include "platform/Clock.h"
+#include "platform/PosixFileSystem.h"
+#include "scan/MediaScanner.h"
+#include "transfer/FileOperationEngine.h"
+#include "transfer/UndoEngine.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The program's own work without its faces, one piece a process. Each prints one line of JSON: what it
+/// did, the seconds that the work itself took, and its memory in bytes when it began and at its peak.
+namespace lumeo::bench {
+namespace {
+
+/// A figure of /proc/self/status, in bytes.
+std::int64_t memory(std::string_view name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with(name)) {
+            return std::stoll(line.substr(name.size() + 1)) * 1024;
+        }
+    }
+    return 0;
+}
+
+class Measurement {
+public:
+    void begin() {
+        memoryAtStart_ = memory("VmRSS");
+        began_ = clock_.elapsed();
+    }
+    void end(std::size_t files, std::int64_t bytes) {
+        const std::chrono::duration<double> seconds = clock_.elapsed() - began_;
+        std::cout << Json{{"files", files},
+                          {"bytes", bytes},
+                          {"seconds", seconds.count()},
+                          {"memoryAtStart", memoryAtStart_},
+                          {"memoryPeak", memory("VmHWM")}}
+                  << '\n';
+    }
+
+private:
+    SystemClock clock_;
+    std::int64_t memoryAtStart_ = 0;
+    std::chrono::nanoseconds began_{};
+};
+
+std::int64_t totalBytes(const std::vector<MediaItem>& items) {
+    std::int64_t bytes = 0;
+    for (const MediaItem& item : items) {
+        bytes += item.fileSize;
+    }
+    return bytes;
+}
+
+void scan(const FilePath& folder) {
+    const PosixFileSystem fileSystem;
+    const SystemClock clock;
+    MediaScanner scanner(fileSystem, clock);
+    Measurement measurement;
+    measurement.begin();
+    const std::vector<MediaItem> items = scanner.scan(std::vector{folder}, [](const ScanProgress&) {});
+    measurement.end(items.size(), totalBytes(items));
+}
+
+/// An item of the catalogue with a date of its own; a few hundred of them share a month.
+MediaItem itemOf(FilePath path, std::int64_t size, std::size_t index) {
+    MediaItem item;
+    item.id = Uuid::random();
+    item.sourceURL = std::move(path);
+    item.mediaType = MediaType::video;
+    item.fileSize = size;
+    item.resolvedDate = codedEpoch + std::chrono::hours(24) * 5'000 + std::chrono::hours(2) * index;
+    item.dateSource = DateSourceType::exifDateTimeOriginal;
+    item.dateConfidence = DateConfidence::high;
+    return item;
+}
+
+/// What a scan of a folder of movies gives, without its cost.
+std::vector<MediaItem> catalogueOf(const FileSystem& fileSystem, const FilePath& folder) {
+    std::vector<MediaItem> items;
+    const auto walk = fileSystem.enumerate(folder, [](const FileError&) {});
+    while (auto entry = walk ? walk.value()->next() : std::nullopt) {
+        if (entry->status && entry->status->kind == FileKind::regular) {
+            items.push_back(itemOf(entry->path, entry->status->size, items.size()));
+        }
+    }
+    return items;
+}
+
+void duplicates(const FilePath& folder) {
+    const PosixFileSystem fileSystem;
+    std::vector<MediaItem> items = catalogueOf(fileSystem, folder);
+    DuplicateDetector detector(fileSystem);
+    Measurement measurement;
+    measurement.begin();
+    items = detector.detectDuplicates(std::move(items));
+    measurement.end(items.size(), totalBytes(items));
+}
+
+/// As many items as asked for; with `sameName`, all of one name and one month.
+void plan(std::size_t count, bool sameName, const FilePath& destination) {
+    const PosixFileSystem fileSystem;
+    std::vector<MediaItem> items;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string folder = "/media/card/DCIM/" + std::to_string(100 + i / 1'000) + "CANON/";
+        const std::string name = sameName ? "IMG_0001.JPG" : "IMG_" + std::to_string(i % 10'000) + ".JPG";
+        items.push_back(itemOf(FilePath(folder + name), 4'000'000, sameName ? 0 : i));
+    }
+    OrganizationPlan organization;
+    organization.destinationURL = destination;
+    Measurement measurement;
+    measurement.begin();
+    DestinationPlanner::plan(items, organization, fileSystem);
+    measurement.end(items.size(), totalBytes(items));
+}
+
+/// Plans, copies and leaves the journal at `journal`. Gives whether every file was verified.
+bool copy(const FilePath& folder, const FilePath& destination, const FilePath& journal) {
+    PosixFileSystem fileSystem;
+    const SystemClock clock;
+    std::vector<MediaItem> items = catalogueOf(fileSystem, folder);
+    OrganizationPlan organization;
+    organization.destinationURL = destination;
+    FileOperationEngine engine(fileSystem, clock);
+    Measurement measurement;
+    measurement.begin();
+    DestinationPlanner::plan(items, organization, fileSystem);
+    const OperationManifest manifest =
+        engine.execute(items, organization, std::vector{folder}, [](const OperationProgress&) {});
+    measurement.end(items.size(), manifest.totalTransferredBytes);
+    std::ofstream(journal.bytes()) << encode(manifest);
+    return std::ranges::all_of(manifest.items, [](const FileTransactionItem& record) {
+        return record.status == TransactionStatus::verified;
+    });
+}
+
+/// Gives whether every file was taken back.
+bool undo(const FilePath& journal) {
+    std::ifstream text(journal.bytes());
+    const auto manifest = decodeOperationManifest(Json::parse(text));
+    if (!manifest) {
+        std::cerr << manifest.error().message() << '\n';
+        return false;
+    }
+    PosixFileSystem fileSystem;
+    UndoEngine engine(fileSystem);
+    Measurement measurement;
+    measurement.begin();
+    const UndoResult result = engine.rollback(*manifest);
+    measurement.end(static_cast<std::size_t>(result.restoredCount), manifest->totalTransferredBytes);
+    return result.warnings.empty();
+}
+
+} // namespace
+} // namespace lumeo::bench
+
+int main(int argc, char** argv) {
+    using lumeo::FilePath;
+    std::string folder;
+    std::string destination;
+    std::string journal;
+    std::size_t count = 0;
+    bool sameName = false;
+    CLI::App app("The pieces of the program's work that bench/run measures.");
+    app.require_subcommand(1);
+    CLI::App* scan = app.add_subcommand("scan", "the catalogue of FOLDER");
+    CLI::App* duplicates = app.add_subcommand("duplicates", "the identical files of FOLDER");
+    CLI::App* plan = app.add_subcommand("plan", "the places of COUNT made-up items below DESTINATION");
+    CLI::App* copy = app.add_subcommand("copy", "FOLDER to an archive at DESTINATION");
+    CLI::App* undo = app.add_subcommand("undo", "the run of JOURNAL");
+    for (CLI::App* command : {scan, duplicates, copy}) {
+        command->add_option("FOLDER", folder)->required();
+    }
+    plan->add_option("COUNT", count)->required();
+    plan->add_flag("--same-name", sameName);
+    for (CLI::App* command : {plan, copy}) {
+        command->add_option("DESTINATION", destination)->required();
+    }
+    for (CLI::App* command : {copy, undo}) {
+        command->add_option("JOURNAL", journal)->required();
+    }
+    CLI11_PARSE(app, argc, argv);
+
+    bool allWell = true;
+    if (*scan) {
+        lumeo::bench::scan(FilePath::standardized(folder));
+    } else if (*duplicates) {
+        lumeo::bench::duplicates(FilePath::standardized(folder));
+    } else if (*plan) {
+        lumeo::bench::plan(count, sameName, FilePath::standardized(destination));
+    } else if (*copy) {
+        allWell = lumeo::bench::copy(FilePath::standardized(folder), FilePath::standardized(destination),
+                                     FilePath::standardized(journal));
+    } else {
+        allWell = lumeo::bench::undo(FilePath::standardized(journal));
+    }
+    return allWell ? 0 : 1;
+}
