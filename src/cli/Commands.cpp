@@ -22,10 +22,11 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
         }
     }
     if (arguments.plan.destinationURL) {
-        const FilePath& destination = *arguments.plan.destinationURL;
-        const FileResult<FileStatus> status = environment.fileSystem.targetStatus(destination);
-        if (status ? status->kind != FileKind::folder : environment.fileSystem.exists(destination)) {
-            return "the destination is not a folder: " + printable(destination.bytes());
+        // The run makes the folders that are missing, but not through a file.
+        const FilePath nearest = environment.fileSystem.nearestExisting(*arguments.plan.destinationURL);
+        const FileResult<FileStatus> status = environment.fileSystem.targetStatus(nearest);
+        if (!status || status->kind != FileKind::folder) {
+            return "the destination is not a folder: " + printable(nearest.bytes());
         }
     }
     if (arguments.manifestFile) {

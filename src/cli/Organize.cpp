@@ -47,17 +47,9 @@ std::string runFacts(const OperationProgress& progress) {
     return facts;
 }
 
-/// The nearest folder that exists already: the destination itself may be made by the run.
-FilePath existingAncestor(const FileSystem& fileSystem, FilePath folder) {
-    while (!fileSystem.targetStatus(folder) && folder != folder.parent()) {
-        folder = folder.parent();
-    }
-    return folder;
-}
-
 bool hasRoom(const Arguments& arguments, const Environment& environment, std::int64_t required) {
     const FileResult<VolumeSpace> space = environment.fileSystem.volumeSpace(
-        existingAncestor(environment.fileSystem, *arguments.plan.destinationURL));
+        environment.fileSystem.nearestExisting(*arguments.plan.destinationURL));
     if (!space || required < space->available) {
         return true;
     }

@@ -53,4 +53,11 @@ bool FileSystem::exists(const FilePath& path) const {
     return reason != ENOENT && reason != ENOTDIR && reason != ENAMETOOLONG;
 }
 
+FilePath FileSystem::nearestExisting(FilePath path) const {
+    while (!exists(path) && path != path.parent()) {
+        path = path.parent();
+    }
+    return path;
+}
+
 } // namespace lumeo

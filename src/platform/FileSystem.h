@@ -143,6 +143,10 @@ public:
     /// another reason than its absence counts as existing: nobody may plan to take its place.
     [[nodiscard]] bool exists(const FilePath& path) const;
 
+    /// The path itself when something has this name, else the nearest folder above it of which that is
+    /// true: where a folder yet to be made would come to lie.
+    [[nodiscard]] FilePath nearestExisting(FilePath path) const;
+
     /// Starts a walk below `folder`, which may itself be a link to one. Folders that cannot be read
     /// later in the walk go to `onError`, and the walk goes on.
     virtual FileResult<std::unique_ptr<DirectoryEnumerator>>
