@@ -1,0 +1,466 @@
+#include "platform/PhotoReader.h"
+
+#include "support/ForwardingFileSystem.h"
+#include "support/MemoryFileSystem.h"
+#include "support/TinyPhotos.h"
+
+#include <algorithm>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace lumeo {
+namespace {
+
+using namespace std::string_literals;
+using ::testing::Eq;
+using ::testing::Optional;
+
+std::optional<PhotoProperties> readBytes(std::string_view content) {
+    MemoryFileSystem files;
+    const FilePath path("/photos/any name");
+    files.addFile(path, content);
+    return PhotoReader::read(files, path);
+}
+
+/// The properties of a file that must be recognised.
+PhotoProperties propertiesOf(std::string_view content) {
+    auto properties = readBytes(content);
+    EXPECT_TRUE(properties.has_value());
+    return properties.value_or(PhotoProperties{});
+}
+
+TinyPhoto wholePhoto() {
+    TinyPhoto photo;
+    photo.width = 40;
+    photo.height = 30;
+    photo.dateTimeOriginal = "2021:03:14 15:30:45";
+    photo.dateTimeDigitized = "2021:03:14 15:30:46";
+    photo.dateTime = "2021:03:15 08:00:00";
+    photo.make = "Maker";
+    photo.model = "Model 1";
+    photo.lensModel = "Lens 50mm";
+    photo.latitude = -48.5;
+    photo.longitude = 2.25;
+    photo.pixelXDimension = 4032;
+    photo.pixelYDimension = 3024;
+    return photo;
+}
+
+void expectWholePhoto(const PhotoProperties& properties) {
+    EXPECT_THAT(properties.exif.dateTimeOriginal, Optional(Eq("2021:03:14 15:30:45")));
+    EXPECT_THAT(properties.exif.dateTimeDigitized, Optional(Eq("2021:03:14 15:30:46")));
+    EXPECT_THAT(properties.tiff.dateTime, Optional(Eq("2021:03:15 08:00:00")));
+    EXPECT_THAT(properties.tiff.make, Optional(Eq("Maker")));
+    EXPECT_THAT(properties.tiff.model, Optional(Eq("Model 1")));
+    EXPECT_THAT(properties.exif.lensModel, Optional(Eq("Lens 50mm")));
+    EXPECT_THAT(properties.exif.pixelXDimension, Optional(4032));
+    EXPECT_THAT(properties.exif.pixelYDimension, Optional(3024));
+    EXPECT_THAT(properties.gps.latitude, Optional(48.5));
+    EXPECT_THAT(properties.gps.latitudeRef, Optional(Eq("S")));
+    EXPECT_THAT(properties.gps.longitude, Optional(2.25));
+    EXPECT_THAT(properties.gps.longitudeRef, Optional(Eq("E")));
+}
+
+std::string big(std::uint64_t value, std::size_t size) {
+    std::string bytes;
+    for (std::size_t i = size; i-- > 0;) {
+        bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
+    }
+    return bytes;
+}
+
+std::string little(std::uint64_t value, std::size_t size) {
+    std::string bytes = big(value, size);
+    std::reverse(bytes.begin(), bytes.end());
+    return bytes;
+}
+
+/// The Exif block of a tiny JPEG, which has it in its first segment.
+std::string tiffBlockOf(const TinyPhoto& photo) {
+    const std::string jpeg = tinyJpeg(photo);
+    const auto length = static_cast<std::size_t>(static_cast<unsigned char>(jpeg[4])) << 8U |
+                        static_cast<unsigned char>(jpeg[5]);
+    return jpeg.substr(12, length - 8);
+}
+
+std::string jpegWithExif(const std::string& tiff) {
+    return "\xFF\xD8\xFF\xE1" + big(tiff.size() + 8, 2) + "Exif\0\0"s + tiff + "\xFF\xD9";
+}
+
+/// Hands on another file system's files and counts the bytes that are read from them.
+class CountingFileSystem final : public ForwardingFileSystem {
+public:
+    using ForwardingFileSystem::ForwardingFileSystem;
+
+    FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override {
+        auto opened = ForwardingFileSystem::openForReading(path);
+        if (!opened) {
+            return opened;
+        }
+        return std::unique_ptr<ReadableFile>(std::make_unique<CountingFile>(std::move(*opened), bytesRead));
+    }
+
+    mutable std::size_t bytesRead = 0;
+
+private:
+    class CountingFile final : public ReadableFile {
+    public:
+        CountingFile(std::unique_ptr<ReadableFile> file, std::size_t& count)
+            : file_(std::move(file)), count_(count) {}
+        FileResult<std::size_t> read(std::span<std::byte> buffer) override {
+            return counted(file_->read(buffer));
+        }
+        FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override {
+            return counted(file_->readAt(offset, buffer));
+        }
+        FileResult<FileStatus> status() override { return file_->status(); }
+
+    private:
+        FileResult<std::size_t> counted(FileResult<std::size_t> result) {
+            count_ += result ? *result : 0;
+            return result;
+        }
+        std::unique_ptr<ReadableFile> file_;
+        std::size_t& count_;
+    };
+};
+
+TEST(PhotoReaderTest, readsEveryFactOfJpegAndTiff) {
+    const PhotoProperties jpeg = propertiesOf(tinyJpeg(wholePhoto()));
+    expectWholePhoto(jpeg);
+    EXPECT_THAT(jpeg.pixelWidth, Optional(40));
+    EXPECT_THAT(jpeg.pixelHeight, Optional(30));
+
+    EXPECT_EQ(propertiesOf(tinyTiff(wholePhoto())), jpeg);
+
+    const PhotoProperties bare = propertiesOf(tinyJpeg());
+    EXPECT_THAT(bare.pixelWidth, Optional(16));
+    EXPECT_EQ(bare.exif, PhotoProperties::Exif{});
+}
+
+TEST(PhotoReaderTest, readsBigEndianBlocksAndTextsUpToTheirNul) {
+    const TiffMaker tiff(false);
+    const std::string exifDirectory =
+        tiff.directory({tiff.number16(0xA002, 4032), tiff.number16(0xA003, 3024)}, 100);
+    std::string block = tiff.header() + tiff.directory({tiff.text(0x010F, "Ma\0ker"s),
+                                                        tiff.text(0x0110, "M1"), tiff.number32(0x8769, 100)},
+                                                       8);
+    block.resize(100);
+    const PhotoProperties properties = propertiesOf(jpegWithExif(block + exifDirectory));
+    EXPECT_THAT(properties.tiff.make, Optional(Eq("Ma")));
+    EXPECT_THAT(properties.tiff.model, Optional(Eq("M1"))); // fits into the entry itself
+    EXPECT_THAT(properties.exif.pixelXDimension, Optional(4032));
+    EXPECT_THAT(properties.exif.pixelYDimension, Optional(3024));
+}
+
+TEST(PhotoReaderTest, takesAValueOfAnotherTypeForAbsent) {
+    const TiffMaker tiff;
+    TiffMaker::Entry dateAsBytes = tiff.text(0x0132, "2021:03:14 15:30:45");
+    dateAsBytes.type = 1;
+    const TiffMaker::Entry noDegrees{2, 5, 3, tiff.u32(48) + tiff.u32(0) + std::string(16, '\1')};
+    const TiffMaker::Entry makeBehindTheEnd{0x010F, 2, 5'000, tiff.u32(0) + "     "};
+    std::string block = tiff.header() + tiff.directory({dateAsBytes, makeBehindTheEnd,
+                                                        tiff.number16(0x0110, 7), tiff.number32(0x8825, 200)},
+                                                       8);
+    block.resize(200);
+    block += tiff.directory({tiff.text(1, "N"), noDegrees}, 200);
+    const PhotoProperties properties = propertiesOf(jpegWithExif(block));
+    EXPECT_EQ(properties.tiff, PhotoProperties::Tiff{});
+    EXPECT_FALSE(properties.gps.latitude);
+    EXPECT_THAT(properties.gps.latitudeRef, Optional(Eq("N")));
+}
+
+TEST(PhotoReaderTest, xmpFillsOnlyWhatExifLacks) {
+    TinyPhoto photo;
+    photo.dateTimeOriginal = "2021:03:14 15:30:45";
+    photo.make = "Maker";
+    photo.xmpPacket =
+        tinyXmp(R"(exif:DateTimeOriginal="1999-01-01T00:00:00" tiff:Make="Other" tiff:Model="XModel"
+        exif:DateTimeDigitized="2020-02-03T04:05" xmp:ModifyDate="2020-02-03T04:05:06.78+01:00"
+        aux:Lens="XLens" exif:GPSLatitude="48,30.6N" exif:GPSLongitude="2,15,36W")");
+    for (const std::string& content : {tinyJpeg(photo), tinyTiff(photo)}) {
+        const PhotoProperties properties = propertiesOf(content);
+        EXPECT_THAT(properties.exif.dateTimeOriginal, Optional(Eq("2021:03:14 15:30:45")));
+        EXPECT_THAT(properties.tiff.make, Optional(Eq("Maker")));
+        EXPECT_THAT(properties.tiff.model, Optional(Eq("XModel")));
+        EXPECT_THAT(properties.exif.dateTimeDigitized, Optional(Eq("2020:02:03 04:05:00")));
+        EXPECT_THAT(properties.tiff.dateTime, Optional(Eq("2020-02-03T04:05:06.78+01:00")));
+        EXPECT_THAT(properties.exif.lensModel, Optional(Eq("XLens")));
+        EXPECT_THAT(properties.gps.latitude, Optional(::testing::DoubleNear(48.51, 1e-9)));
+        EXPECT_THAT(properties.gps.longitude, Optional(::testing::DoubleNear(2.26, 1e-9)));
+        EXPECT_THAT(properties.gps.longitudeRef, Optional(Eq("W")));
+    }
+}
+
+TEST(PhotoReaderTest, givesTheSizeOfARawFilesMainImage) {
+    const TiffMaker tiff;
+    const auto image = [&](std::uint32_t reduced, std::uint32_t width, std::size_t at) {
+        return tiff.directory(
+            {tiff.number32(0x00FE, reduced), tiff.number32(0x0100, width), tiff.number32(0x0101, width / 2)},
+            at);
+    };
+    const TiffMaker::Entry subdirectories{0x014A, 4, 2, tiff.u32(200) + tiff.u32(300)};
+    std::string file = tiff.header() + tiff.directory({tiff.number32(0x00FE, 1), tiff.number32(0x0100, 160),
+                                                       tiff.number32(0x0101, 120), subdirectories},
+                                                      8);
+    file.resize(200);
+    file += image(1, 8'000, 200);
+    file.resize(300);
+    file += image(0, 6'000, 300);
+    const PhotoProperties properties = propertiesOf(file);
+    EXPECT_THAT(properties.pixelWidth, Optional(6'000));
+    EXPECT_THAT(properties.pixelHeight, Optional(3'000));
+}
+
+TEST(PhotoReaderTest, readsOnlyAFewPagesOfALargeFile) {
+    TinyPhoto photo = wholePhoto();
+    photo.makerNote = std::string(50'000, 'x');
+    constexpr std::size_t large = 5'000'000;
+    for (std::string content : {tinyJpeg(photo), tinyTiff(wholePhoto())}) {
+        content.resize(large);
+        MemoryFileSystem memory;
+        memory.addFile(FilePath("/a"), content);
+        CountingFileSystem files(memory);
+        expectWholePhoto(PhotoReader::read(files, FilePath("/a")).value_or(PhotoProperties{}));
+        EXPECT_LT(files.bytesRead, 40'000U);
+    }
+}
+
+TEST(PhotoReaderTest, readsLittleOfAFileThatLeadsAbout) {
+    const TiffMaker tiff;
+    // Every directory claims 65,535 entries, and the subdirectories are the directory itself.
+    TiffMaker::Entry loop{0x014A, 4, 1'000'000, tiff.u32(8)};
+    std::string file = tiff.header() + tiff.u16(0xFFFF);
+    for (int i = 0; i < 300'000; ++i) {
+        file += tiff.u16(loop.tag) + tiff.u16(loop.type) + tiff.u32(loop.count) + loop.value;
+    }
+    MemoryFileSystem memory;
+    memory.addFile(FilePath("/a"), file);
+    CountingFileSystem files(memory);
+    EXPECT_TRUE(PhotoReader::read(files, FilePath("/a")).has_value());
+    EXPECT_LT(files.bytesRead, 1'000'000U);
+}
+
+/// What was read stays read, wherever the file breaks off, and no damage does any harm.
+TEST(PhotoReaderTest, bearsFilesCutAndDamagedAnywhere) {
+    TinyPhoto photo = wholePhoto();
+    photo.width = photo.height = 8;
+    const std::string jpeg = tinyJpeg(photo);
+    const std::string tiff = tinyTiff(photo);
+    for (const std::string& whole : {jpeg, tiff}) {
+        for (std::size_t length = 0; length < whole.size(); ++length) {
+            readBytes(whole.substr(0, length));
+        }
+        for (std::size_t at = 0; at < whole.size(); ++at) {
+            for (const char damage : {'\0', '\xFF', static_cast<char>(whole[at] ^ 1)}) {
+                std::string damaged = whole;
+                damaged[at] = damage;
+                readBytes(damaged);
+            }
+        }
+    }
+    const std::size_t frame = jpeg.find("\xFF\xC0");
+    const PhotoProperties cut = propertiesOf(jpeg.substr(0, frame));
+    expectWholePhoto(cut);
+    EXPECT_FALSE(cut.pixelWidth);
+}
+
+TEST(PhotoReaderTest, knowsWhatIsNoImage) {
+    EXPECT_FALSE(readBytes(""));
+    EXPECT_FALSE(readBytes("This is a text and no photo at all, whatever its name says."));
+    EXPECT_FALSE(readBytes(big(24, 4) + "ftypisom" + big(0, 4) + "isommp42" + big(8, 4) + "moov"));
+    MemoryFileSystem files;
+    EXPECT_FALSE(PhotoReader::read(files, FilePath("/absent.jpg")));
+}
+
+TEST(PhotoReaderTest, readsSizesFromHeaders) {
+    const auto sizeOf = [](const std::string& content) {
+        const PhotoProperties properties = propertiesOf(content);
+        return std::pair(properties.pixelWidth.value_or(-1), properties.pixelHeight.value_or(-1));
+    };
+    using Size = std::pair<std::int64_t, std::int64_t>;
+    EXPECT_EQ(sizeOf("GIF89a" + little(300, 2) + little(200, 2)), Size(300, 200));
+    const std::string bmp = "BM" + std::string(12, '\0') + little(40, 4) + little(300, 4);
+    EXPECT_EQ(sizeOf(bmp + little(200, 4)), Size(300, 200));
+    EXPECT_EQ(sizeOf(bmp + little(0xFFFFFF38, 4)), Size(300, 200)) << "rows from the top";
+    EXPECT_EQ(sizeOf("\0\0\1\0\2\0"s + "\x20\0"s), Size(32, 256));
+    EXPECT_EQ(sizeOf("\xFF\x4F\xFF\x51" + big(41, 2) + big(0, 2) + big(310, 4) + big(205, 4) + big(10, 4) +
+                     big(5, 4)),
+              Size(300, 200));
+    // A damaged image still has its header.
+    EXPECT_EQ(sizeOf("\x89PNG\r\n\x1A\n" + big(13, 4) + "IHDR" + big(300, 4) + big(200, 4)), Size(300, 200));
+    const auto webp = [](const std::string& chunk) { return "RIFF" + little(100, 4) + "WEBP" + chunk; };
+    EXPECT_EQ(sizeOf(webp("VP8X" + little(10, 4) + little(0, 4) + little(299, 3) + little(199, 3))),
+              Size(300, 200));
+    EXPECT_EQ(sizeOf(webp("VP8L" + little(10, 4) + "\x2F" + little(299 | 199 << 14, 4) + little(0, 5))),
+              Size(300, 200));
+    EXPECT_EQ(sizeOf(webp("VP8 " + little(10, 4) + little(0, 3) + "\x9D\x01\x2A" + little(300, 2) +
+                          little(200, 2))),
+              Size(300, 200));
+}
+
+std::string box(const std::string& type, const std::string& content) {
+    return big(content.size() + 8, 4) + type + content;
+}
+
+std::string fullBox(const std::string& type, const std::string& content, int version = 0) {
+    return box(type, std::string{static_cast<char>(version), 0, 0, 0} + content);
+}
+
+/// A photo of two items, tile and grid, of which the second is the primary one; its Exif lies in the
+/// media data, its XMP beside the boxes.
+std::string heic(const TinyPhoto& photo) {
+    const std::string tiff = tiffBlockOf(photo);
+    const std::string exifItem = big(6, 4) + "Exif\0\0"s + tiff;
+    const std::string xmp = photo.xmpPacket.value_or("");
+    const auto info = [](int id, const std::string& type, const std::string& more) {
+        return fullBox("infe", big(static_cast<std::uint64_t>(id), 2) + big(0, 2) + type + more, 2);
+    };
+    const auto extent = [](int id, int method, std::size_t offset, std::size_t length) {
+        return big(static_cast<std::uint64_t>(id), 2) + big(static_cast<std::uint64_t>(method), 2) +
+               big(0, 2) + big(1, 2) + big(offset, 4) + big(length, 4);
+    };
+    const auto size = [](std::uint64_t width, std::uint64_t height) {
+        return fullBox("ispe", big(width, 4) + big(height, 4));
+    };
+    const auto file = [&](std::size_t exifAt) {
+        const std::string properties =
+            box("iprp", box("ipco", size(512, 512) + size(4032, 3024)) +
+                            fullBox("ipma", big(2, 4) + big(1, 2) + "\1\x81" + big(2, 2) + "\1\x82"));
+        return box("ftyp", "heic" + big(0, 4) + "mif1heic") +
+               fullBox("meta", fullBox("pitm", big(2, 2)) +
+                                   fullBox("iinf", big(4, 2) + info(1, "hvc1", "\0"s) +
+                                                       info(2, "grid", "\0"s) + info(3, "Exif", "\0"s) +
+                                                       info(4, "mime", "\0application/rdf+xml\0"s)) +
+                                   properties +
+                                   fullBox("iloc",
+                                           "\x44\0"s + big(2, 2) + extent(3, 0, exifAt, exifItem.size()) +
+                                               extent(4, 1, 0, xmp.size()),
+                                           1) +
+                                   box("idat", xmp)) +
+               box("mdat", exifItem);
+    };
+    return file(file(0).size() - exifItem.size());
+}
+
+TEST(PhotoReaderTest, readsIsoMediaImages) {
+    TinyPhoto photo = wholePhoto();
+    photo.lensModel.reset();
+    photo.xmpPacket = tinyXmp(R"(aux:Lens="Lens 50mm")");
+    const std::string content = heic(photo);
+    const PhotoProperties properties = propertiesOf(content);
+    expectWholePhoto(properties);
+    EXPECT_THAT(properties.pixelWidth, Optional(4032));
+    EXPECT_THAT(properties.pixelHeight, Optional(3024));
+    for (std::size_t at = 0; at < content.size(); ++at) {
+        std::string damaged = content;
+        damaged[at] = '\xFF';
+        readBytes(damaged);
+        readBytes(content.substr(0, at));
+    }
+}
+
+TEST(PhotoReaderTest, readsTheSeparateDirectoriesOfACr3) {
+    const TiffMaker tiff;
+    const std::string uuid = "\x85\xC0\xB6\x87\x82\x0F\x11\xE0\x81\x11\xF4\xCE\x46\x2B\x6A\x48";
+    const std::string camera = tiff.header() + tiff.directory({tiff.text(0x010F, "Maker")}, 8);
+    const std::string exif = tiff.header() + tiff.directory({tiff.text(0x9003, "2021:03:14 15:30:45")}, 8);
+    const std::string gps = tiff.header() + tiff.directory({tiff.text(1, "N"), tiff.degrees(2, 48.5)}, 8);
+    const PhotoProperties properties = propertiesOf(
+        box("ftyp", "crx " + big(1, 4) + "crx isom") +
+        box("moov", box("uuid", uuid + box("CMT1", camera) + box("CMT2", exif) + box("CMT4", gps))));
+    EXPECT_THAT(properties.tiff.make, Optional(Eq("Maker")));
+    EXPECT_THAT(properties.exif.dateTimeOriginal, Optional(Eq("2021:03:14 15:30:45")));
+    EXPECT_THAT(properties.gps.latitude, Optional(48.5));
+}
+
+TEST(PhotoReaderTest, readsTheMetadataOfPreviews) {
+    const std::string jpeg = tinyJpeg(wholePhoto());
+    std::string raf = "FUJIFILMCCD-RAW ";
+    raf.resize(84);
+    raf += big(160, 4) + big(jpeg.size(), 4);
+    raf.resize(160);
+    const PhotoProperties ofRaf = propertiesOf(raf + jpeg);
+    expectWholePhoto(ofRaf);
+    EXPECT_FALSE(ofRaf.pixelWidth) << "the preview's size is not the photo's";
+
+    TiffMaker::Entry preview{0x002E, 7, static_cast<std::uint32_t>(jpeg.size()), jpeg};
+    std::string rw2 = TiffMaker().header() + TiffMaker().directory({preview}, 8);
+    rw2[2] = '\x55';
+    expectWholePhoto(propertiesOf(rw2));
+}
+
+std::string utf16(std::string_view text) {
+    std::string bytes;
+    for (const char character : text) {
+        bytes += std::string{character, '\0'};
+    }
+    return bytes + "\0\0"s;
+}
+
+TEST(PhotoReaderTest, readsThePropertiesOfX3f) {
+    const std::vector<std::string> texts{"TIME", "1615735845", "CAMMANUF", "Maker", "CAMMODEL", "Model 1"};
+    std::string characters;
+    std::string offsets;
+    for (const std::string& text : texts) {
+        offsets += little(characters.size() / 2, 4);
+        characters += utf16(text);
+    }
+    const std::string properties = "SECp" + little(0x20000, 4) + little(texts.size() / 2, 4) + little(0, 8) +
+                                   little(characters.size() / 2, 4) + offsets + characters;
+    std::string file = "FOVb" + little(0x20002, 4);
+    file.resize(28);
+    file += little(2640, 4) + little(1760, 4) + little(0, 4);
+    const std::size_t propertiesAt = file.size();
+    file += properties;
+    const std::size_t directoryAt = file.size();
+    file += "SECd" + little(0x20000, 4) + little(1, 4) + little(propertiesAt, 4) +
+            little(properties.size(), 4) + "PROP" + little(directoryAt, 4);
+    const PhotoProperties read = propertiesOf(file);
+    EXPECT_THAT(read.exif.dateTimeOriginal, Optional(Eq("2021:03:14 15:30:45")));
+    EXPECT_THAT(read.tiff.make, Optional(Eq("Maker")));
+    EXPECT_THAT(read.tiff.model, Optional(Eq("Model 1")));
+    EXPECT_THAT(read.pixelWidth, Optional(2640));
+    EXPECT_THAT(read.pixelHeight, Optional(1760));
+    for (std::size_t at = 0; at < file.size(); ++at) {
+        std::string damaged = file;
+        damaged[at] = '\xFF';
+        readBytes(damaged);
+        readBytes(file.substr(0, at));
+    }
+}
+
+std::string png(const TinyPhoto& photo) {
+    const auto chunk = [](const std::string& type, const std::string& content) {
+        return big(content.size(), 4) + type + content + big(0, 4);
+    };
+    return "\x89PNG\r\n\x1A\n" + chunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s) +
+           chunk("eXIf", tiffBlockOf(photo)) +
+           chunk("iTXt", "XML:com.adobe.xmp\0\0\0\0\0"s + photo.xmpPacket.value_or("")) + chunk("IEND", "");
+}
+
+/// The library keeps global tables that two threads must not touch at once.
+TEST(PhotoReaderTest, readsThroughTheLibraryFromSeveralThreads) {
+    TinyPhoto photo = wholePhoto();
+    photo.lensModel.reset();
+    photo.xmpPacket = tinyXmp(R"(aux:Lens="Lens 50mm")");
+    std::vector<std::thread> threads;
+    for (const std::string& content : {png(photo), tinyJpeg(photo), png(photo)}) {
+        threads.emplace_back([content] {
+            for (int i = 0; i < 30; ++i) {
+                expectWholePhoto(propertiesOf(content));
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_THAT(propertiesOf(png(photo)).pixelWidth, Optional(300));
+}
+
+} // namespace
+} // namespace lumeo
