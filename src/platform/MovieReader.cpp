@@ -32,6 +32,10 @@ std::optional<MovieProperties> MovieReader::read(const FileSystem& fileSystem, c
     }
     std::optional<MovieProperties> movie = readContainer(**file);
     if (movie) {
+        if (movie->videoTrack &&
+            !(movie->videoTrack->naturalWidth > 0 && movie->videoTrack->naturalHeight > 0)) {
+            movie->videoTrack.reset(); // the header leaves the size open
+        }
         static constexpr std::array<std::string_view, 3> dateKeys{"com.apple.quicktime.creationdate", "©day",
                                                                   "creationDate"};
         for (const std::string_view key : dateKeys) {

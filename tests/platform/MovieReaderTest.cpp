@@ -65,11 +65,13 @@ TEST_P(EveryContainer, TellsItsDateDurationAndSize) {
     EXPECT_DOUBLE_EQ(movie.durationSeconds.value_or(0), 61.25);
     EXPECT_EQ(movie.videoTrack, (MovieVideoTrack{1920, 1080}));
 
-    made.hasVideo = false;
     made.durationSeconds = 0;
-    const MovieProperties silent = propertiesOf(GetParam().make(made));
-    EXPECT_EQ(silent.videoTrack, std::nullopt);
-    EXPECT_EQ(silent.durationSeconds, std::nullopt);
+    made.width = 0;
+    EXPECT_EQ(propertiesOf(GetParam().make(made)).videoTrack, std::nullopt) << "a size left open";
+    EXPECT_EQ(propertiesOf(GetParam().make(made)).durationSeconds, std::nullopt);
+    made.width = 64;
+    made.hasVideo = false;
+    EXPECT_EQ(propertiesOf(GetParam().make(made)).videoTrack, std::nullopt);
 }
 
 TEST_P(EveryContainer, TakesAnUnsetClockForNoDate) {
@@ -180,6 +182,10 @@ TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
         ASSERT_EQ(movie.metadata.size(), 1U) << text;
         EXPECT_EQ(movie.metadata.front().dateValue, at(expected)) << text;
     }
+    TinyMovie cutShort;
+    cutShort.wallClock = "2009/10/27 12:14:34";
+    EXPECT_EQ(propertiesOf(tinyAvi(cutShort).replace(4, 4, 4, '\0')).metadata.size(), 1U)
+        << "its length not yet written";
     for (const char* const text : {"", "0000/00/00 00:00:00", "2009/13/27 12:14:34", "2009",
                                    "yesterday at 10:10:10", "99999999999999999999/10/27 12:14:34"}) {
         TinyMovie made;

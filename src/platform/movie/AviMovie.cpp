@@ -13,6 +13,7 @@ namespace lumeo {
 namespace {
 
 constexpr std::int64_t chunkHeadSize = 8;
+constexpr std::int64_t kindSize = 4; // of a list
 
 struct Chunk {
     std::string name;       ///< of a list, the kind of list
@@ -32,15 +33,18 @@ std::optional<Chunk> chunkAt(HeaderBytes& bytes, std::int64_t offset, std::int64
     chunk.end = std::min(end, chunk.begin + static_cast<std::int64_t>(littleEndian(head, 4, 4)));
     if (chunk.isList) {
         chunk.name = head.substr(8);
-        chunk.begin = std::min(chunk.end, chunk.begin + 4);
+        chunk.begin = std::min(chunk.end, chunk.begin + kindSize);
     }
     return chunk;
 }
 
+/// Calls `each` with the chunks up to the first one that `each` answers with false.
 template<class Each>
 void forEachChunk(HeaderBytes& bytes, std::int64_t begin, std::int64_t end, Each each) {
     while (const std::optional<Chunk> found = chunkAt(bytes, begin, end)) {
-        each(*found);
+        if (!each(*found)) {
+            break;
+        }
         begin = found->end + (found->end - found->begin) % 2; // content is padded to whole words
     }
 }
@@ -120,7 +124,11 @@ public:
         if (!file || !file->isList || file->name != "AVI ") {
             return std::nullopt;
         }
-        forEachChunk(bytes_, file->begin, file->end, [this](const Chunk& chunk) { readPart(chunk); });
+        // Up to the end of the file: a recording that was cut short never got its length written.
+        forEachChunk(bytes_, chunkHeadSize + kindSize, bytes_.size(), [this](const Chunk& chunk) {
+            readPart(chunk);
+            return chunk.name != "movi"; // the header ends where the pictures are
+        });
         const double fromFrames = frames_ * secondsPerFrame_;
         if (const double seconds = longestStream_ > 0 ? longestStream_ : fromFrames; seconds > 0) {
             movie_.durationSeconds = seconds;
@@ -130,11 +138,14 @@ public:
 
 private:
     void readPart(const Chunk& chunk) {
-        if (chunk.name == "hdrl" || chunk.name == "odml") {
-            forEachChunk(bytes_, chunk.begin, chunk.end, [this](const Chunk& part) { readHeaderPart(part); });
-        } else {
+        if (chunk.name != "hdrl") {
             readHeaderPart(chunk);
+            return;
         }
+        forEachChunk(bytes_, chunk.begin, chunk.end, [this](const Chunk& part) {
+            readHeaderPart(part);
+            return true;
+        });
     }
 
     void readHeaderPart(const Chunk& part) {
@@ -161,6 +172,7 @@ private:
             } else if (part.name == "strf") {
                 format = bytes_.read(part.begin, 12);
             }
+            return true;
         });
         const auto at = [&](std::size_t offset) {
             return static_cast<double>(littleEndian(header, offset, 4));

@@ -23,8 +23,8 @@ constexpr std::chrono::nanoseconds longestWork = std::chrono::milliseconds(500);
 constexpr std::chrono::nanoseconds longestWait = std::chrono::seconds(5);        // for a slow disk, all told
 
 /// Containers that carry media themselves. Playlists, which name other files, and texts are left out.
-constexpr const char* knownContainers = "mpeg,mpegts,mpegvideo,dv,flv,mxf,ogg,rm,wtv,mp3,wav,w64,aac,ac3,"
-                                        "flac,aiff,amr,caf,ape,wv,au,h264,hevc,m4v,nut,ivf";
+constexpr const char* knownContainers = "mpeg,mpegts,mpegvideo,dv,flv,mxf,ogg,rm,wtv,"
+                                        "mp3,wav,w64,aac,ac3,flac,aiff,amr,caf,ape,wv,au";
 
 /// Whose decoders may look for the size of the pictures; sound is never decoded.
 constexpr const char* knownCodecs = "h264,hevc,mpeg1video,mpeg2video,mpeg4,dvvideo,flv,vp6,vp6f,vp6a";
@@ -147,13 +147,6 @@ MovieVideoTrack videoTrack(const AVStream& stream) {
     if (aspect.num > 0 && aspect.den > 0) {
         track.naturalWidth *= av_q2d(aspect);
     }
-    std::size_t size = 0;
-    const std::uint8_t* data = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
-    if (data != nullptr && size >= 9 * sizeof(std::int32_t)) {
-        const std::span<const std::int32_t> matrix(reinterpret_cast<const std::int32_t*>(data), 9);
-        const auto at = [&](std::size_t index) { return matrix[index] / 65536.0; };
-        track.transform = {at(0), at(1), at(3), at(4), at(6), at(7)};
-    }
     return track;
 }
 
@@ -170,7 +163,7 @@ MovieProperties propertiesOf(const AVFormatContext& movie) {
     const std::span<AVStream* const> streams(movie.streams, movie.nb_streams);
     const auto found =
         std::ranges::find_if(streams, [](const AVStream* stream) { return isMovingPicture(*stream); });
-    if (found != streams.end() && (*found)->codecpar->width > 0 && (*found)->codecpar->height > 0) {
+    if (found != streams.end()) {
         properties.videoTrack = videoTrack(**found);
     }
     return properties;
