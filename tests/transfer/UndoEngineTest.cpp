@@ -8,6 +8,7 @@
 #include "transfer/FileOperationEngine.h"
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -117,8 +118,12 @@ TEST_F(UndoEngineTest, TouchesNothingWithoutProof) {
 TEST_F(UndoEngineTest, AFileEditedDuringOrAfterItsProofStays) {
     for (const int look : {3, 4}) { // of those that are taken at the file: the proof's last, the removal's
         FinishedRun run(OperationMode::copy);
+        // The edit must not fall into the same tick of the file system's clock as the run.
+        fs::last_write_time(run.archived("2021/a.jpg").bytes(),
+                            fs::file_time_type::clock::now() - std::chrono::hours(1));
         FaultyFileSystem device(real);
-        device.beforeEachCall([&, looks = 0](const DiskCall& call) mutable {
+        int looks = 0;
+        device.beforeEachCall([&](const DiskCall& call) {
             if (call.operation == "status" && call.path == run.archived("2021/a.jpg") && ++looks == look) {
                 std::ofstream(call.path.bytes()) << "EDITED OF A!";
             }
