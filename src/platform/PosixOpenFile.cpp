@@ -9,6 +9,7 @@ PosixReadableFile::PosixReadableFile(Descriptor descriptor, FilePath path)
     : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
 
 FileResult<std::size_t> PosixReadableFile::read(std::span<std::byte> buffer) {
+    advise(POSIX_FADV_SEQUENTIAL);
     const ssize_t count = retrying([&] { return ::read(descriptor_.get(), buffer.data(), buffer.size()); });
     if (count < 0) {
         return FileError{FileAction::read, path_, errno};
@@ -17,6 +18,7 @@ FileResult<std::size_t> PosixReadableFile::read(std::span<std::byte> buffer) {
 }
 
 FileResult<std::size_t> PosixReadableFile::readAt(std::int64_t offset, std::span<std::byte> buffer) {
+    advise(POSIX_FADV_RANDOM);
     const ssize_t count =
         retrying([&] { return pread(descriptor_.get(), buffer.data(), buffer.size(), offset); });
     if (count < 0) {
@@ -27,6 +29,13 @@ FileResult<std::size_t> PosixReadableFile::readAt(std::int64_t offset, std::span
 
 FileResult<FileStatus> PosixReadableFile::status() {
     return statusAt(descriptor_.get(), "", AT_EMPTY_PATH, path_);
+}
+
+void PosixReadableFile::advise(int advice) {
+    if (advice != advice_) {
+        posix_fadvise(descriptor_.get(), 0, 0, advice);
+        advice_ = advice;
+    }
 }
 
 PosixWritableFile::PosixWritableFile(Descriptor descriptor, FilePath path)
