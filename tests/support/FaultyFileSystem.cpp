@@ -162,9 +162,9 @@ void FaultyFileSystem::flipBitWhenReading(std::function<bool(const FilePath&)> w
     bitFlips_.push_back({std::move(which), offset});
 }
 
-void FaultyFileSystem::beforeEachCall(std::function<void(const DiskCall&)> hook) {
+void FaultyFileSystem::beforeEachCall(Hook hook) {
     const std::lock_guard guard(mutex_);
-    hook_ = std::move(hook);
+    hook_ = std::make_shared<const Hook>(std::move(hook));
 }
 
 std::optional<FileError> FaultyFileSystem::meet(std::string_view operation, FileAction action,
@@ -186,13 +186,13 @@ std::optional<FileError> FaultyFileSystem::meet(std::string_view operation, File
 }
 
 void FaultyFileSystem::announce(const DiskCall& call) const {
-    std::function<void(const DiskCall&)> hook;
+    std::shared_ptr<const Hook> hook;
     {
         const std::lock_guard guard(mutex_);
         hook = hook_;
     }
-    if (hook) {
-        hook(call); // unlocked: it may wait for a thread that uses this disk
+    if (hook && *hook) {
+        (*hook)(call); // unlocked: it may wait for a thread that uses this disk
     }
 }
 

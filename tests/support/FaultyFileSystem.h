@@ -3,6 +3,7 @@
 #include "support/ForwardingFileSystem.h"
 
 #include <array>
+#include <memory>
 #include <mutex>
 
 namespace lumeo {
@@ -36,6 +37,7 @@ struct DiskCall {
 class FaultyFileSystem final : public ForwardingFileSystem {
 public:
     using ForwardingFileSystem::ForwardingFileSystem;
+    using Hook = std::function<void(const DiskCall&)>;
 
     /// How many calls were made so far.
     [[nodiscard]] std::size_t callCount() const;
@@ -49,7 +51,7 @@ public:
     void flipBitWhenReading(std::function<bool(const FilePath&)> which, std::int64_t offset = 0);
     /// Runs before a call is made or failed, on the thread that makes it. What it does itself to the disk
     /// it should do through the file system below.
-    void beforeEachCall(std::function<void(const DiskCall&)> hook);
+    void beforeEachCall(Hook hook);
 
     FileResult<FileStatus> status(const FilePath& path) const override;
     FileResult<FileStatus> targetStatus(const FilePath& path) const override;
@@ -93,7 +95,7 @@ private:
     std::vector<Fault> faults_;
     std::vector<BitFlip> bitFlips_;
     std::optional<std::int64_t> spaceLeft_;
-    std::function<void(const DiskCall&)> hook_;
+    std::shared_ptr<const Hook> hook_; ///< shared, so that a hook keeps its own counts from call to call
 };
 
 } // namespace lumeo
