@@ -78,7 +78,7 @@ MediaItem itemOf(FilePath path, std::int64_t size, std::size_t index) {
     item.sourceURL = std::move(path);
     item.mediaType = MediaType::video;
     item.fileSize = size;
-    item.resolvedDate = codedEpoch + std::chrono::hours(24) * 5'000 + std::chrono::hours(2) * index;
+    item.resolvedDate = codedEpoch + std::chrono::hours(120'000 + 2 * static_cast<std::int64_t>(index));
     item.dateSource = DateSourceType::exifDateTimeOriginal;
     item.dateConfidence = DateConfidence::high;
     return item;
