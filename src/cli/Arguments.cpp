@@ -31,6 +31,8 @@ struct Texts {
     std::vector<std::string> sources;
     std::string destination;
     std::string manifest;
+    std::string csv;
+    std::string report;
 };
 
 void addSources(CLI::App& command, Texts& texts) {
@@ -56,6 +58,19 @@ void addPlan(CLI::App& command, Texts& texts, OrganizationPlan& plan) {
     addChoice(command, "--unknown-dates", plan.unknownDatePolicy, "What becomes of files without a date");
 }
 
+void addAnalysis(CLI::App& command, Arguments& arguments) {
+    command.add_flag("--analyze-duplicates", arguments.analyzeDuplicates,
+                     "Find byte-identical files by SHA-256 first");
+}
+
+void addFile(CLI::App& command, const std::string& name, std::string& text, const std::string& help) {
+    command.add_option(name, text, help)->type_name("FILE");
+}
+
+std::optional<FilePath> pathFrom(const std::string& text) {
+    return text.empty() ? std::nullopt : std::optional(FilePath::standardized(text));
+}
+
 void addOutput(CLI::App& command, Arguments& arguments, const std::string& jsonHelp) {
     command.add_flag("--json", arguments.json, jsonHelp);
     command.add_flag("-q,--quiet", arguments.quiet, "No progress and no tables, errors only");
@@ -78,20 +93,33 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
 
     CLI::App* scan = app.add_subcommand("scan", "Find media and its dates");
     addSources(*scan, texts);
+    addAnalysis(*scan, arguments);
     addOutput(*scan, arguments, itemsAsJson);
 
     CLI::App* plan = app.add_subcommand("plan", "Show every planned change; write nothing");
     addSources(*plan, texts);
     addPlan(*plan, texts, arguments.plan);
+    addAnalysis(*plan, arguments);
     addOutput(*plan, arguments, itemsAsJson);
 
     CLI::App* organize = app.add_subcommand("organize", "Bring everything into the archive");
     addSources(*organize, texts);
     addPlan(*organize, texts, arguments.plan);
-    organize->add_option("--manifest", texts.manifest, "Write the run's journal there, as JSON")
-        ->type_name("FILE");
+    addAnalysis(*organize, arguments);
+    addFile(*organize, "--manifest", texts.manifest, "Write the run's journal there, as JSON; undo reads it");
+    addFile(*organize, "--csv", texts.csv, "Write a table of what was done there");
+    addFile(*organize, "--report", texts.report, "Write a report for people there");
     organize->add_flag("-y,--yes", arguments.assumeYes, "Move without asking");
     addOutput(*organize, arguments, "Print the run's journal");
+
+    CLI::App* duplicates = app.add_subcommand("duplicates", "Find byte-identical files; write nothing");
+    addSources(*duplicates, texts);
+    addOutput(*duplicates, arguments, "Print the groups and what they waste");
+
+    CLI::App* undo = app.add_subcommand("undo", "Take a run back, as far as its files are unchanged");
+    undo->add_option("MANIFEST", texts.manifest, "The journal that organize --manifest wrote")->required();
+    undo->add_flag("-y,--yes", arguments.assumeYes, "Undo without asking");
+    undo->add_flag("-q,--quiet", arguments.quiet, "Errors only");
 
     try {
         app.parse(argc, argv);
@@ -99,18 +127,21 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
         return app.exit(error) == 0 ? ExitStatus::success : ExitStatus::wrongUsage;
     }
 
-    arguments.command = plan->parsed()       ? Command::plan
-                        : organize->parsed() ? Command::organize
-                                             : Command::scan;
+    for (const auto& [subcommand, command] :
+         {std::pair{scan, Command::scan}, std::pair{plan, Command::plan},
+          std::pair{organize, Command::organize}, std::pair{duplicates, Command::duplicates},
+          std::pair{undo, Command::undo}}) {
+        if (subcommand->parsed()) {
+            arguments.command = command;
+        }
+    }
     for (const std::string& source : texts.sources) {
         arguments.sources.push_back(FilePath::standardized(source));
     }
-    if (!texts.destination.empty()) {
-        arguments.plan.destinationURL = FilePath::standardized(texts.destination);
-    }
-    if (!texts.manifest.empty()) {
-        arguments.manifestFile = FilePath::standardized(texts.manifest);
-    }
+    arguments.plan.destinationURL = pathFrom(texts.destination);
+    arguments.manifestFile = pathFrom(texts.manifest);
+    arguments.csvFile = pathFrom(texts.csv);
+    arguments.reportFile = pathFrom(texts.report);
     return arguments;
 }
 

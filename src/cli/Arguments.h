@@ -19,14 +19,18 @@ enum class ExitStatus {
     interrupted = 130, ///< as after Ctrl-C
 };
 
-enum class Command { scan, plan, organize };
+enum class Command { scan, plan, organize, duplicates, undo };
 
 /// What was asked for on the command line.
 struct Arguments {
     Command command = Command::scan;
-    std::vector<FilePath> sources; ///< absolute, in the order given
+    std::vector<FilePath> sources; ///< absolute, in the order given; none for undo
     OrganizationPlan plan;         ///< with its destination, for plan and organize
-    std::optional<FilePath> manifestFile;
+    bool analyzeDuplicates = false;
+    std::optional<FilePath>
+        manifestFile; ///< organize: where the journal goes; undo: the journal to take back
+    std::optional<FilePath> csvFile;
+    std::optional<FilePath> reportFile;
     bool assumeYes = false;
     bool json = false;
     bool quiet = false;

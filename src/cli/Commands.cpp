@@ -1,8 +1,10 @@
 #include "cli/Commands.h"
 
 #include "cli/Catalogue.h"
+#include "cli/Duplicates.h"
 #include "cli/Organize.h"
 #include "cli/Terminal.h"
+#include "cli/Undo.h"
 #include "planning/DestinationPlanner.h"
 #include "platform/TextFormat.h"
 
@@ -29,16 +31,19 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
             return "the destination is not a folder: " + printable(nearest.bytes());
         }
     }
-    if (arguments.manifestFile) {
-        const FilePath folder = arguments.manifestFile->parent();
-        const FileResult<FileStatus> status = environment.fileSystem.targetStatus(folder);
+    for (const auto& file : {arguments.manifestFile, arguments.csvFile, arguments.reportFile}) {
+        if (!file) {
+            continue;
+        }
+        const FileResult<FileStatus> status = environment.fileSystem.targetStatus(file->parent());
         if (!status || status->kind != FileKind::folder) {
-            return "there is no folder for the journal: " + printable(folder.bytes());
+            return "there is no folder " + printable(file->parent().bytes());
         }
     }
-    if (arguments.command == Command::organize && arguments.plan.operationMode == OperationMode::move &&
-        !arguments.assumeYes && !isTerminal(STDIN_FILENO)) {
-        return "moving removes the sources; without a terminal to ask on, say --yes";
+    const bool isMove =
+        arguments.command == Command::organize && arguments.plan.operationMode == OperationMode::move;
+    if ((isMove || arguments.command == Command::undo) && !arguments.assumeYes && !isTerminal(STDIN_FILENO)) {
+        return "this removes files; without a terminal to ask on, say --yes";
     }
     return std::nullopt;
 }
@@ -63,6 +68,45 @@ void printReport(const Arguments& arguments, const Catalogue& catalogue) {
     }
 }
 
+/// The sources' catalogue, with its duplicates where they are wanted; absent after an interrupt.
+std::optional<Catalogue> takeCatalogue(const Arguments& arguments, const Environment& environment) {
+    Catalogue catalogue = scanSources(arguments, environment);
+    if (catalogue.progress.errorsCount > 0) {
+        printError(TextFormat::number(catalogue.progress.errorsCount) +
+                   " entries of the sources could not be read");
+    }
+    if (!catalogue.progress.isCancelled &&
+        (arguments.analyzeDuplicates || arguments.command == Command::duplicates)) {
+        analyzeDuplicates(arguments, environment, catalogue);
+    }
+    if (environment.interrupt.requested()) {
+        if (arguments.command == Command::scan) {
+            printReport(arguments, catalogue);
+        }
+        printError("interrupted before anything was written");
+        return std::nullopt;
+    }
+    return catalogue;
+}
+
+ExitStatus useCatalogue(const Arguments& arguments, const Environment& environment, Catalogue& catalogue) {
+    if (arguments.command == Command::duplicates) {
+        printDuplicates(arguments, catalogue);
+        return ExitStatus::success;
+    }
+    DestinationPlanner::plan(catalogue.items, arguments.plan, environment.fileSystem,
+                             environment.interrupt.token());
+    if (arguments.command == Command::organize && !environment.interrupt.requested()) {
+        return organize(arguments, environment, catalogue);
+    }
+    if (environment.interrupt.requested()) {
+        printError("interrupted before anything was written");
+        return ExitStatus::interrupted;
+    }
+    printReport(arguments, catalogue);
+    return ExitStatus::success;
+}
+
 } // namespace
 
 ExitStatus runCommand(const Arguments& arguments, const Environment& environment) {
@@ -70,33 +114,17 @@ ExitStatus runCommand(const Arguments& arguments, const Environment& environment
         printError(*problem);
         return ExitStatus::wrongUsage;
     }
-
-    Catalogue catalogue = scanSources(arguments, environment);
-    const auto unreadable = catalogue.progress.errorsCount;
-    if (unreadable > 0) {
-        printError(TextFormat::number(unreadable) + " entries of the sources could not be read");
+    if (arguments.command == Command::undo) {
+        return undo(arguments, environment);
     }
-    if (catalogue.progress.isCancelled) {
-        if (arguments.command == Command::scan) {
-            printReport(arguments, catalogue);
-        }
-        printError("interrupted while scanning; nothing was written");
+    std::optional<Catalogue> catalogue = takeCatalogue(arguments, environment);
+    if (!catalogue) {
         return ExitStatus::interrupted;
     }
-    DestinationPlanner::plan(catalogue.items, arguments.plan, environment.fileSystem,
-                             environment.interrupt.token());
-    ExitStatus status = ExitStatus::success;
-    if (arguments.command == Command::organize) {
-        if (environment.interrupt.requested()) {
-            printError("interrupted while planning; nothing was written");
-            return ExitStatus::interrupted;
-        }
-        status = organize(arguments, environment, catalogue);
-    } else {
-        printReport(arguments, catalogue);
-    }
+    const ExitStatus status = useCatalogue(arguments, environment, *catalogue);
     // An unread folder may hold photos that the archive now lacks: that is not "all well".
-    return status == ExitStatus::success && unreadable > 0 ? ExitStatus::someFailed : status;
+    const bool isIncomplete = catalogue->progress.errorsCount > 0;
+    return status == ExitStatus::success && isIncomplete ? ExitStatus::someFailed : status;
 }
 
 } // namespace lumeo::cli

@@ -5,6 +5,7 @@
 #include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
 #include "transfer/FileOperationEngine.h"
+#include "transfer/ReportExporter.h"
 
 #include <array>
 #include <cmath>
@@ -91,16 +92,24 @@ void printSummary(const OperationManifest& manifest, const OperationProgress& pr
     std::cout << ".\n";
 }
 
-/// False when the journal could not be written, after saying so.
-bool writeManifest(const Arguments& arguments, const Environment& environment, const std::string& journal) {
-    if (!arguments.manifestFile) {
-        return true;
-    }
-    const FileResult<void> written = writeDocument(environment.fileSystem, journal, *arguments.manifestFile);
-    if (!written) {
-        printError("the journal: " + written.error().message());
-    }
-    return written.hasValue();
+/// False when something could not be written, after saying so.
+bool writeDocuments(const Arguments& arguments, const Environment& environment, const Catalogue& catalogue,
+                    const OperationManifest& manifest, const std::string& journal) {
+    bool allWritten = true;
+    const auto write = [&](const std::optional<FilePath>& file, const auto& document) {
+        if (!file) {
+            return;
+        }
+        if (const FileResult<void> written = writeDocument(environment.fileSystem, document(), *file);
+            !written) {
+            printError(written.error().message());
+            allWritten = false;
+        }
+    };
+    write(arguments.manifestFile, [&] { return journal; });
+    write(arguments.csvFile, [&] { return ReportExporter::generateCSV(manifest, catalogue.items); });
+    write(arguments.reportFile, [&] { return ReportExporter::generateTextReport(manifest); });
+    return allWritten;
 }
 
 } // namespace
@@ -140,11 +149,11 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
     } else if (!arguments.quiet) {
         printSummary(manifest, last);
     }
-    const bool journalIsSafe = writeManifest(arguments, environment, journal);
+    const bool allWritten = writeDocuments(arguments, environment, catalogue, manifest, journal);
     if (last.isCancelled) {
         return ExitStatus::interrupted;
     }
-    return last.errorsCount > 0 || !journalIsSafe ? ExitStatus::someFailed : ExitStatus::success;
+    return last.errorsCount > 0 || !allWritten ? ExitStatus::someFailed : ExitStatus::success;
 }
 
 } // namespace lumeo::cli
