@@ -215,8 +215,8 @@ UndoResult UndoEngine::rollback(const OperationManifest& manifest, std::stop_tok
     const std::vector<UnflushedFolder> unflushed = rollback.flushFolders();
     UndoResult result;
     for (auto& [item, outcome] : outcomes) {
-        const auto refused = std::find_if(unflushed.begin(), unflushed.end(), [&](const auto& one) {
-            return one.endangers(item->originalPath) || one.endangers(item->destinationPath);
+        const auto refused = std::find_if(unflushed.begin(), unflushed.end(), [file = item](const auto& one) {
+            return one.endangers(file->originalPath) || one.endangers(file->destinationPath);
         });
         if (outcome.ending == Ending::restored && refused != unflushed.end()) {
             outcome = notRestored(*item, refused->error);
