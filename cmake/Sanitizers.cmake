@@ -1,9 +1,9 @@
-# LUMEO_SANITIZE is a semicolon list handed to -fsanitize, set by the presets asan and tsan.
+# LUMEO_SANITIZE is a semicolon list handed to -fsanitize, set by the presets asan, tsan and fuzz.
 set(LUMEO_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address;undefined or thread")
 if(LUMEO_SANITIZE)
     list(JOIN LUMEO_SANITIZE "," lumeo_sanitizers)
     add_compile_options(-fsanitize=${lumeo_sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     # Under the sanitizers the compiler takes variants that were never filled for uninitialized memory.
-    add_compile_options(-Wno-maybe-uninitialized)
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     add_link_options(-fsanitize=${lumeo_sanitizers})
 endif()
