@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <exception>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -160,11 +161,7 @@ bool undo(const FilePath& journal) {
     return result.warnings.empty();
 }
 
-} // namespace
-} // namespace lumeo::bench
-
-int main(int argc, char** argv) {
-    using lumeo::FilePath;
+int run(int argc, char** argv) {
     std::string folder;
     std::string destination;
     std::string journal;
@@ -172,36 +169,48 @@ int main(int argc, char** argv) {
     bool sameName = false;
     CLI::App app("The pieces of the program's work that bench/run measures.");
     app.require_subcommand(1);
-    CLI::App* scan = app.add_subcommand("scan", "the catalogue of FOLDER");
-    CLI::App* duplicates = app.add_subcommand("duplicates", "the identical files of FOLDER");
-    CLI::App* plan = app.add_subcommand("plan", "the places of COUNT made-up items below DESTINATION");
-    CLI::App* copy = app.add_subcommand("copy", "FOLDER to an archive at DESTINATION");
-    CLI::App* undo = app.add_subcommand("undo", "the run of JOURNAL");
-    for (CLI::App* command : {scan, duplicates, copy}) {
+    CLI::App* scanCommand = app.add_subcommand("scan", "the catalogue of FOLDER");
+    CLI::App* duplicatesCommand = app.add_subcommand("duplicates", "the identical files of FOLDER");
+    CLI::App* planCommand = app.add_subcommand("plan", "the places of COUNT made-up items below DESTINATION");
+    CLI::App* copyCommand = app.add_subcommand("copy", "FOLDER to an archive at DESTINATION");
+    CLI::App* undoCommand = app.add_subcommand("undo", "the run of JOURNAL");
+    for (CLI::App* command : {scanCommand, duplicatesCommand, copyCommand}) {
         command->add_option("FOLDER", folder)->required();
     }
-    plan->add_option("COUNT", count)->required();
-    plan->add_flag("--same-name", sameName);
-    for (CLI::App* command : {plan, copy}) {
+    planCommand->add_option("COUNT", count)->required();
+    planCommand->add_flag("--same-name", sameName);
+    for (CLI::App* command : {planCommand, copyCommand}) {
         command->add_option("DESTINATION", destination)->required();
     }
-    for (CLI::App* command : {copy, undo}) {
+    for (CLI::App* command : {copyCommand, undoCommand}) {
         command->add_option("JOURNAL", journal)->required();
     }
     CLI11_PARSE(app, argc, argv);
 
     bool allWell = true;
-    if (*scan) {
-        lumeo::bench::scan(FilePath::standardized(folder));
-    } else if (*duplicates) {
-        lumeo::bench::duplicates(FilePath::standardized(folder));
-    } else if (*plan) {
-        lumeo::bench::plan(count, sameName, FilePath::standardized(destination));
-    } else if (*copy) {
-        allWell = lumeo::bench::copy(FilePath::standardized(folder), FilePath::standardized(destination),
-                                     FilePath::standardized(journal));
+    if (*scanCommand) {
+        scan(FilePath::standardized(folder));
+    } else if (*duplicatesCommand) {
+        duplicates(FilePath::standardized(folder));
+    } else if (*planCommand) {
+        plan(count, sameName, FilePath::standardized(destination));
+    } else if (*copyCommand) {
+        allWell = copy(FilePath::standardized(folder), FilePath::standardized(destination),
+                       FilePath::standardized(journal));
     } else {
-        allWell = lumeo::bench::undo(FilePath::standardized(journal));
+        allWell = undo(FilePath::standardized(journal));
     }
     return allWell ? 0 : 1;
+}
+
+} // namespace
+} // namespace lumeo::bench
+
+int main(int argc, char** argv) {
+    try {
+        return lumeo::bench::run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
 }

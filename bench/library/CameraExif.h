@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Noise.h"
+#include "library/Noise.h"
 #include "support/TinyPhotos.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "CameraExif.h"
+#include "library/CameraExif.h"
 
-#include "MakerNotes.h"
+#include "library/MakerNotes.h"
 
 #include <ctime>
 #include <iomanip>

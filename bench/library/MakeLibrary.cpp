@@ -1,4 +1,4 @@
-#include "SampleFiles.h"
+#include "library/SampleFiles.h"
 
 #include <CLI/CLI.hpp>
 
@@ -240,11 +240,8 @@ void makeSameSized(const Request& request) {
     }
 }
 
-} // namespace
-} // namespace lumeo::bench
-
-int main(int argc, char** argv) {
-    lumeo::bench::Request request;
+int run(int argc, char** argv) {
+    Request request;
     CLI::App app(
         "Makes a library of photos and movies to measure on. The same seed and count make the same tree.");
     app.add_option("SEED", request.seed)->required();
@@ -256,15 +253,22 @@ int main(int argc, char** argv) {
     app.add_option("--size", request.size, "files of noise, all of this many bytes, every second a copy")
         ->check(CLI::PositiveNumber);
     CLI11_PARSE(app, argc, argv);
+    if (request.size > 0) {
+        makeSameSized(request);
+    } else {
+        Library(request).make();
+    }
+    return 0;
+}
+
+} // namespace
+} // namespace lumeo::bench
+
+int main(int argc, char** argv) {
     try {
-        if (request.size > 0) {
-            lumeo::bench::makeSameSized(request);
-        } else {
-            lumeo::bench::Library(request).make();
-        }
+        return lumeo::bench::run(argc, argv);
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;
     }
-    return 0;
 }

@@ -1,4 +1,4 @@
-#include "Noise.h"
+#include "library/Noise.h"
 
 #include <algorithm>
 #include <cstring>

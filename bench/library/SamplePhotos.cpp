@@ -1,6 +1,6 @@
-#include "SampleFiles.h"
+#include "library/SampleFiles.h"
 
-#include "Boxes.h"
+#include "library/Boxes.h"
 
 #include <algorithm>
 #include <vector>

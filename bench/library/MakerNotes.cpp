@@ -1,4 +1,4 @@
-#include "MakerNotes.h"
+#include "library/MakerNotes.h"
 
 #include <span>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CameraExif.h"
-#include "Noise.h"
+#include "library/CameraExif.h"
+#include "library/Noise.h"
 
 #include <cstdint>
 #include <string>

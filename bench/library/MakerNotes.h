@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CameraExif.h"
+#include "library/CameraExif.h"
 
 #include <string>
 
