@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/photo/ByteOrder.h"
+#include "platform/photo/ChunkReader.h"
 #include "platform/photo/FileWindow.h"
 #include "platform/photo/ImageHeader.h"
 #include "platform/photo/IsoMediaReader.h"
@@ -9,7 +10,7 @@
 #include "platform/photo/LibraryReader.h"
 #include "platform/photo/TiffReader.h"
 #include "platform/photo/X3fReader.h"
-#include "platform/photo/XmpDictionary.h"
+#include "platform/photo/XmpReader.h"
 
 #include <limits>
 #include <utility>
@@ -23,7 +24,7 @@ void fillFromXmpRange(FileWindow& file, const std::optional<FileRange>& range, P
         return;
     }
     if (const auto packet = file.view(range->offset, static_cast<std::size_t>(range->length))) {
-        fillFromXmpPacket(*packet, properties);
+        fillFromXmp(*packet, properties);
     }
 }
 
@@ -102,22 +103,36 @@ PhotoProperties readX3fFile(FileWindow& file) {
     return std::move(x3f.properties);
 }
 
-std::optional<PhotoProperties> readIsoMediaFile(FileWindow& file) {
-    const auto media = readIsoMedia(file);
-    if (!media) {
-        return std::nullopt;
-    }
+PhotoProperties propertiesOf(FileWindow& file, const IsoMediaContents& media) {
     PhotoProperties properties;
-    for (const IsoMediaContents::TiffPart& part : media->exif) {
-        if (auto tiff = readTiff(file, part.range, part.root)) {
+    for (const IsoMediaContents::TiffPart& part : media.exif) {
+        if (const auto tiff = readTiff(file, part.range, part.root)) {
             fillFrom(tiff->properties, properties);
         }
     }
-    if (media->size) {
-        properties.pixelWidth = media->size->width;
-        properties.pixelHeight = media->size->height;
+    if (media.size && media.size->width > 0 && media.size->height > 0) {
+        properties.pixelWidth = media.size->width;
+        properties.pixelHeight = media.size->height;
     }
-    fillFromXmpRange(file, media->xmpPacket, properties);
+    fillFromXmpRange(file, media.xmpPacket, properties);
+    return properties;
+}
+
+std::optional<PhotoProperties> readIsoMediaFile(FileWindow& file) {
+    const auto media = readIsoMedia(file);
+    return media ? std::optional(propertiesOf(file, *media)) : std::nullopt;
+}
+
+PhotoProperties readChunkedFile(FileWindow& file, ImageKind kind) {
+    const ChunkContents chunks = readChunks(file, kind);
+    PhotoProperties properties;
+    if (auto exif = chunks.exif ? readTiff(file, *chunks.exif) : std::nullopt) {
+        properties = std::move(exif->properties);
+    }
+    if (chunks.textProfile) {
+        fillFrom(readPngTextProfile(file, *chunks.textProfile), properties);
+    }
+    fillFromXmpRange(file, chunks.xmpPacket, properties);
     return properties;
 }
 
@@ -135,12 +150,14 @@ std::optional<PhotoProperties> readKind(FileWindow& file, ImageKind kind) {
         return readX3fFile(file);
     case ImageKind::isoMedia:
         return readIsoMediaFile(file);
+    case ImageKind::jp2:
+        return propertiesOf(file, readJp2(file));
     case ImageKind::crw:
+        return readCrw(file);
     case ImageKind::mrw:
     case ImageKind::png:
     case ImageKind::webp:
-    case ImageKind::jp2:
-        return readWithLibrary(file, kind).value_or(PhotoProperties{});
+        return readChunkedFile(file, kind);
     case ImageKind::jpegCodestream:
     case ImageKind::gif:
     case ImageKind::bmp:

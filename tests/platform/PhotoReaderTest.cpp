@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -144,11 +143,13 @@ TEST(PhotoReaderTest, readsEveryFactOfJpegAndTiff) {
 
 TEST(PhotoReaderTest, readsBigEndianBlocksAndTextsUpToTheirNul) {
     const TiffMaker tiff(false);
+    TiffMaker::Entry signedOffset = tiff.number32(0x8769, 100);
+    signedOffset.type = 9;
     const std::string exifDirectory =
         tiff.directory({tiff.number16(0xA002, 4032), tiff.number16(0xA003, 3024)}, 100);
-    std::string block = tiff.header() + tiff.directory({tiff.text(0x010F, "Ma\0ker"s),
-                                                        tiff.text(0x0110, "M1"), tiff.number32(0x8769, 100)},
-                                                       8);
+    std::string block =
+        tiff.header() +
+        tiff.directory({tiff.text(0x010F, "Ma\0ker"s), tiff.text(0x0110, "M1"), signedOffset}, 8);
     block.resize(100);
     const PhotoProperties properties = propertiesOf(jpegWithExif(block + exifDirectory));
     EXPECT_THAT(properties.tiff.make, Optional(Eq("Ma")));
@@ -434,32 +435,57 @@ TEST(PhotoReaderTest, readsThePropertiesOfX3f) {
     }
 }
 
-std::string png(const TinyPhoto& photo) {
-    const auto chunk = [](const std::string& type, const std::string& content) {
-        return big(content.size(), 4) + type + content + big(0, 4);
-    };
-    return "\x89PNG\r\n\x1A\n" + chunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s) +
-           chunk("eXIf", tiffBlockOf(photo)) +
-           chunk("iTXt", "XML:com.adobe.xmp\0\0\0\0\0"s + photo.xmpPacket.value_or("")) + chunk("IEND", "");
+std::string pngOf(const std::string& chunks) {
+    return "\x89PNG\r\n\x1A\n" + chunks;
 }
 
-/// The library keeps global tables that two threads must not touch at once.
-TEST(PhotoReaderTest, readsThroughTheLibraryFromSeveralThreads) {
+std::string pngChunk(const std::string& type, const std::string& content) {
+    return big(content.size(), 4) + type + content + big(0, 4);
+}
+
+TEST(PhotoReaderTest, readsFilesMadeOfChunks) {
     TinyPhoto photo = wholePhoto();
     photo.lensModel.reset();
-    photo.xmpPacket = tinyXmp(R"(aux:Lens="Lens 50mm")");
-    std::vector<std::thread> threads;
-    for (const std::string& content : {png(photo), tinyJpeg(photo), png(photo)}) {
-        threads.emplace_back([content] {
-            for (int i = 0; i < 30; ++i) {
-                expectWholePhoto(propertiesOf(content));
-            }
-        });
+    const std::string xmp = tinyXmp(R"(aux:Lens="Lens 50mm")");
+    const std::string tiff = tiffBlockOf(photo);
+    const std::string header = pngChunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s);
+    const PhotoProperties png =
+        propertiesOf(pngOf(header + pngChunk("IDAT", std::string(50'000, 'x')) + pngChunk("eXIf", tiff) +
+                           pngChunk("iTXt", "XML:com.adobe.xmp\0\0\0\0\0"s + xmp) + pngChunk("IEND", "")));
+    expectWholePhoto(png);
+    EXPECT_THAT(png.pixelWidth, Optional(300));
+
+    const auto riffChunk = [](const std::string& type, const std::string& content) {
+        return type + little(content.size(), 4) + content + std::string(content.size() % 2, '\0');
+    };
+    const std::string canvas = riffChunk("VP8X", little(0, 4) + little(299, 3) + little(199, 3));
+    expectWholePhoto(propertiesOf("RIFF" + little(0, 4) + "WEBP" + canvas + riffChunk("ALPH", "odd") +
+                                  riffChunk("EXIF", "Exif\0\0"s + tiff) + riffChunk("XMP ", xmp)));
+
+    photo.lensModel = "Lens 50mm";
+    const std::string whole = tiffBlockOf(photo);
+    expectWholePhoto(propertiesOf("\0MRM"s + big(0, 4) + "\0PRD"s + big(3, 4) + "abc" + "\0TTW"s +
+                                  big(whole.size(), 4) + whole));
+    expectWholePhoto(propertiesOf(box("jP  ", "\r\n\x87\n") +
+                                  box("jp2h", box("ihdr", big(200, 4) + big(300, 4))) +
+                                  box("uuid", "JpgTiffExif->JP2" + whole)));
+}
+
+TEST(PhotoReaderTest, readsExifThatAPngHoldsAsText) {
+    std::string hex;
+    const std::string exif = "Exif\0\0"s + tiffBlockOf(wholePhoto());
+    for (const char byte : exif) {
+        constexpr std::string_view digits = "0123456789abcdef";
+        hex += digits[static_cast<unsigned char>(byte) >> 4U];
+        hex += digits[static_cast<unsigned char>(byte) & 0xFU];
     }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_THAT(propertiesOf(png(photo)).pixelWidth, Optional(300));
+    const std::string profile =
+        "Raw profile type exif\0\nexif\n"s + std::to_string(exif.size()) + "\n" + hex + "\n";
+    const std::string header = pngChunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s);
+    const PhotoProperties properties =
+        propertiesOf(pngOf(header + pngChunk("tEXt", profile) + pngChunk("IEND", "")));
+    expectWholePhoto(properties);
+    EXPECT_THAT(properties.pixelWidth, Optional(300));
 }
 
 } // namespace

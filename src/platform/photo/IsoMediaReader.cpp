@@ -1,114 +1,18 @@
 #include "platform/photo/IsoMediaReader.h"
 
-#include "platform/photo/ByteOrder.h"
+#include "platform/photo/IsoBoxes.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <limits>
-#include <string>
 #include <string_view>
 
 namespace lumeo {
 
 namespace {
 
-constexpr std::uint32_t fourCC(std::string_view name) {
-    return numberAt<std::uint32_t>(name, 0, std::endian::big);
-}
-
-/// More boxes in one box, or items in one image, are damage: tiled photos have some hundred.
-constexpr std::size_t mostBoxes = 4'096;
-
-/// Reads the fields of a box one after another. Behind its end, or the file's, all is 0 and it has failed.
-class FieldReader {
-public:
-    FieldReader(FileWindow& file, FileRange range) : file_(&file), range_(range) {}
-
-    /// A big-endian number of up to eight bytes; of no bytes it is 0.
-    std::uint64_t number(std::size_t size) {
-        std::uint64_t value = 0;
-        if (const auto bytes = take(size)) {
-            for (const char byte : *bytes) {
-                value = value << 8U | static_cast<unsigned char>(byte);
-            }
-        }
-        return value;
-    }
-    std::uint32_t code() { return static_cast<std::uint32_t>(number(4)); }
-    void skip(std::size_t count) { take(count); }
-
-    std::string textToNul() {
-        std::string text;
-        while (const auto byte = static_cast<char>(number(1))) {
-            text += byte;
-        }
-        return text;
-    }
-
-    [[nodiscard]] bool hasFailed() const { return hasFailed_; }
-    [[nodiscard]] FileRange rest() const { return range_; }
-
-private:
-    std::optional<std::string_view> take(std::size_t count) {
-        const auto bytes = count <= range_.length ? file_->view(range_.offset, count) : std::nullopt;
-        if (!bytes) {
-            hasFailed_ = true;
-            range_.length = 0;
-            return std::nullopt;
-        }
-        range_.offset += count;
-        range_.length -= count;
-        return bytes;
-    }
-
-    FileWindow* file_;
-    FileRange range_;
-    bool hasFailed_ = false;
-};
-
-struct Box {
-    std::uint32_t type = 0;
-    FileRange content;
-};
-
-/// Walks the boxes that lie one behind the other in a stretch of the file.
-class BoxWalk {
-public:
-    BoxWalk(FileWindow& file, FileRange range) : file_(&file), rest_(range) {}
-
-    std::optional<Box> next() {
-        FieldReader fields(*file_, rest_);
-        std::uint64_t size = fields.number(4);
-        const std::uint32_t type = fields.code();
-        if (size == 1) {
-            size = fields.number(8);
-        } else if (size == 0) {
-            size = rest_.length;
-        }
-        const std::uint64_t header = fields.rest().offset - rest_.offset;
-        if (fields.hasFailed() || size < header || ++count_ > mostBoxes) {
-            return std::nullopt;
-        }
-        size = std::min(size, rest_.length);
-        const Box box{type, {rest_.offset + header, size - header}};
-        rest_ = {rest_.offset + size, rest_.length - size};
-        return box;
-    }
-
-    std::optional<FileRange> find(std::uint32_t type) {
-        while (const auto box = next()) {
-            if (box->type == type) {
-                return box->content;
-            }
-        }
-        return std::nullopt;
-    }
-
-private:
-    FileWindow* file_;
-    FileRange rest_;
-    std::size_t count_ = 0;
-};
+constexpr std::string_view xmpUuid("\xBE\x7A\xCF\xCB\x97\xA9\x42\xE8\x9C\x71\x99\x94\x91\xE3\xAF\xAC", 16);
 
 std::optional<FileRange> find(FileWindow& file, const std::optional<FileRange>& parent,
                               std::string_view type) {
@@ -185,8 +89,8 @@ void ImageItems::readInfo() {
         if (type == fourCC("Exif") && !exifId_) {
             exifId_ = id;
         } else if (type == fourCC("mime") && !xmpId_) {
-            info.textToNul();
-            if (info.textToNul() == "application/rdf+xml") {
+            info.text();
+            if (info.text() == "application/rdf+xml") {
                 xmpId_ = id;
             }
         }
@@ -332,8 +236,6 @@ void readMeta(FileWindow& file, FileRange meta, IsoMediaContents& contents) {
 } // namespace
 
 std::optional<IsoMediaContents> readIsoMedia(FileWindow& file) {
-    constexpr std::string_view xmpUuid("\xBE\x7A\xCF\xCB\x97\xA9\x42\xE8\x9C\x71\x99\x94\x91\xE3\xAF\xAC",
-                                       16);
     if (!declaresImage(file)) {
         return std::nullopt;
     }
@@ -344,6 +246,25 @@ std::optional<IsoMediaContents> readIsoMedia(FileWindow& file) {
             readMeta(file, box->content, contents);
         } else if (box->type == fourCC("moov")) {
             readCr3(file, box->content, contents);
+        } else if (hasUuid(file, *box, xmpUuid)) {
+            contents.xmpPacket = behindUuid(box->content);
+        }
+    }
+    return contents;
+}
+
+IsoMediaContents readJp2(FileWindow& file) {
+    IsoMediaContents contents;
+    BoxWalk boxes(file, {0, std::numeric_limits<std::int64_t>::max()});
+    while (const auto box = boxes.next()) {
+        if (box->type == fourCC("jp2h")) {
+            if (const auto header = find(file, box->content, "ihdr")) {
+                FieldReader fields(file, *header);
+                const std::int64_t height = fields.code();
+                contents.size = PixelSize{fields.code(), height};
+            }
+        } else if (hasUuid(file, *box, "JpgTiffExif->JP2")) {
+            contents.exif.push_back({behindUuid(box->content), TiffRoot::image});
         } else if (hasUuid(file, *box, xmpUuid)) {
             contents.xmpPacket = behindUuid(box->content);
         }

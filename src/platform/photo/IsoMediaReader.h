@@ -23,4 +23,7 @@ struct IsoMediaContents {
 /// Absent when the file declares no brand of image: movies are built of the same boxes.
 std::optional<IsoMediaContents> readIsoMedia(FileWindow& file);
 
+/// The same of a JPEG 2000 file, which is made of boxes too.
+IsoMediaContents readJp2(FileWindow& file);
+
 } // namespace lumeo

@@ -1,14 +1,13 @@
 #include "platform/photo/LibraryReader.h"
 
-#include "platform/photo/LibraryInput.h"
-#include "platform/photo/MetadataLibrary.h"
-#include "platform/photo/XmpDictionary.h"
-
+#include <algorithm>
 #include <exception>
 #include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
 
 #include <exiv2/exiv2.hpp>
-#include <exiv2/webpimage.hpp>
 
 namespace lumeo {
 
@@ -67,62 +66,65 @@ void fillFromExif(const Exiv2::ExifData& exif, PhotoProperties& properties) {
                       degrees(exif, "Exif.GPSInfo.GPSLongitude"), text(exif, "Exif.GPSInfo.GPSLongitudeRef")};
 }
 
-/// The library's reader for just this kind. Left to choose by itself, it would also try readers of movies
-/// that damaged files bring down.
-std::unique_ptr<Exiv2::Image> openImage(FileWindow& file, ImageKind kind) {
-    Exiv2::NewInstanceFct open = nullptr;
-    switch (kind) {
-    case ImageKind::crw:
-        open = Exiv2::newCrwInstance;
-        break;
-    case ImageKind::mrw:
-        open = Exiv2::newMrwInstance;
-        break;
-    case ImageKind::png:
-        open = Exiv2::newPngInstance;
-        break;
-    case ImageKind::webp:
-        open = Exiv2::newWebPInstance;
-        break;
-    case ImageKind::jp2:
-        open = Exiv2::newJp2Instance;
-        break;
-    default:
-        return nullptr;
+/// Reads from `bytes` with the reader that `open` makes.
+PhotoProperties readBytes(std::string_view bytes, Exiv2::NewInstanceFct open) {
+    static std::once_flag isMuted;
+    std::call_once(isMuted, [] { Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute); });
+    PhotoProperties properties;
+    std::unique_ptr<Exiv2::Image> image;
+    try {
+        constexpr bool createsFile = false;
+        const auto* const data = reinterpret_cast<const Exiv2::byte*>(bytes.data());
+        Exiv2::BasicIo::AutoPtr io(new Exiv2::MemIo(data, static_cast<long>(bytes.size())));
+        image.reset(open(io, createsFile).release());
+        if (image) {
+            image->readMetadata();
+        }
+    } catch (const std::exception&) {
+        // What was read before stands in the image, if there is one.
     }
-    constexpr bool createsFile = false;
-    return std::unique_ptr<Exiv2::Image>(
-        open(Exiv2::BasicIo::AutoPtr(new LibraryInput(file)), createsFile).release());
+    try {
+        if (image) {
+            fillFromExif(image->exifData(), properties);
+        }
+        if (image && image->pixelWidth() > 0 && image->pixelHeight() > 0) {
+            properties.pixelWidth = image->pixelWidth();
+            properties.pixelHeight = image->pixelHeight();
+        }
+    } catch (const std::exception&) {
+        return properties;
+    }
+    return properties;
 }
 
 } // namespace
 
-std::optional<PhotoProperties> readWithLibrary(FileWindow& file, ImageKind kind) {
-    const auto lock = lockMetadataLibrary();
-    std::unique_ptr<Exiv2::Image> image;
-    try {
-        image = openImage(file, kind);
-        if (!image) {
-            return std::nullopt;
-        }
-        image->readMetadata();
-    } catch (const std::exception&) {
-        // What was read before stands in the image.
-        if (!image) {
-            return std::nullopt;
-        }
+PhotoProperties readCrw(FileWindow& file) {
+    constexpr std::uint64_t largest = 24 * 1024 * 1024;
+    // The library looks for the end of a text behind the end of the file, so zeros stand there.
+    constexpr std::size_t guard = 16;
+    const auto size = static_cast<std::size_t>(std::min(file.size(), largest));
+    std::string bytes(size + guard, '\0');
+    return readBytes(std::string_view(bytes).substr(0, file.copy(0, bytes.data(), size)),
+                     Exiv2::newCrwInstance);
+}
+
+PhotoProperties readPngTextProfile(FileWindow& file, FileRange chunk) {
+    using namespace std::string_view_literals;
+    constexpr std::uint64_t largest = 1024 * 1024;
+    const auto bytes = chunk.length <= largest
+                           ? file.view(chunk.offset, static_cast<std::size_t>(chunk.length))
+                           : std::nullopt;
+    if (!bytes) {
+        return {};
     }
-    PhotoProperties properties;
-    try {
-        fillFromExif(image->exifData(), properties);
-        fillFromXmp(image->xmpData(), properties);
-    } catch (const std::exception&) {
-        return properties;
-    }
-    if (image->pixelWidth() > 0 && image->pixelHeight() > 0) {
-        properties.pixelWidth = image->pixelWidth();
-        properties.pixelHeight = image->pixelHeight();
-    }
+    // An image of one gray pixel around the chunk, so that the library reads nothing else.
+    std::string png("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\1\0\0\0\1\x08\0\0\0\0\x3A\x7E\x9B\x55"sv);
+    png += *bytes;
+    png += "\0\0\0\0IEND\xAE\x42\x60\x82"sv;
+    PhotoProperties properties = readBytes(png, Exiv2::newPngInstance);
+    properties.pixelWidth.reset();
+    properties.pixelHeight.reset();
     return properties;
 }
 

@@ -2,15 +2,17 @@
 
 #include "platform/PhotoReader.h"
 #include "platform/photo/FileWindow.h"
-#include "platform/photo/ImageHeader.h"
-
-#include <optional>
 
 namespace lumeo {
 
-/// Has the metadata library (Exiv2) read a CRW, MRW, PNG, WebP or JPEG 2000 file. What it had
-/// read when it gave up is kept. Absent for other kinds, and when it does not recognise the file. Any
-/// thread may call.
-std::optional<PhotoProperties> readWithLibrary(FileWindow& file, ImageKind kind);
+// Two rare formats are decoded by the metadata library (Exiv2), from memory: handed a path, it would take
+// some names for network addresses or the standard input. What it had read when it gave up is kept. Any
+// thread may call.
+
+/// A CRW file, whose directory of tagged heaps lies at its end.
+PhotoProperties readCrw(FileWindow& file);
+
+/// The Exif block that a PNG's chunk holds as hexadecimal text, perhaps compressed.
+PhotoProperties readPngTextProfile(FileWindow& file, FileRange chunk);
 
 } // namespace lumeo
