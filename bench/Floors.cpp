@@ -59,7 +59,7 @@ public:
     }
 
     void flush() {
-        if (fsync(descriptor_) != 0) {
+        if (fdatasync(descriptor_) != 0) {
             refuse(path_);
         }
     }
