@@ -7,9 +7,7 @@
 #include "transfer/FileOperationEngine.h"
 #include "transfer/ReportExporter.h"
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <iostream>
 #include <stop_token>
 
@@ -19,14 +17,11 @@ namespace {
 /// Hours, minutes and seconds as a clock shows them: "1:02:03", "4:05".
 std::string clockText(double seconds) {
     const auto whole = static_cast<long long>(std::ceil(std::fmin(seconds, 359999.0)));
-    std::array<char, 32> text{};
-    if (whole >= 3600) {
-        std::snprintf(text.data(), text.size(), "%lld:%02lld:%02lld", whole / 3600, whole / 60 % 60,
-                      whole % 60);
-    } else {
-        std::snprintf(text.data(), text.size(), "%lld:%02lld", whole / 60, whole % 60);
-    }
-    return text.data();
+    const auto twoDigits = [](long long number) { return (number < 10 ? "0" : "") + std::to_string(number); };
+    const std::string end = ":" + twoDigits(whole % 60);
+    const long long minutes = whole / 60;
+    return minutes < 60 ? std::to_string(minutes) + end
+                        : std::to_string(minutes / 60) + ":" + twoDigits(minutes % 60) + end;
 }
 
 std::string runFacts(const OperationProgress& progress) {

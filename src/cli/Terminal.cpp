@@ -3,8 +3,6 @@
 #include "platform/FilePath.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <iostream>
 
 #include <sys/ioctl.h>
@@ -59,9 +57,10 @@ std::string printable(std::string_view bytes) {
         } else if (character == '\t') {
             text += "\\t";
         } else if (byte < 0x20U || byte == 0x7FU) {
-            std::array<char, 5> escape{};
-            std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned>(byte));
-            text += escape.data();
+            constexpr std::string_view digits = "0123456789ABCDEF";
+            text += "\\x";
+            text += digits[byte >> 4U];
+            text += digits[byte & 0x0FU];
         } else {
             text += character;
         }
