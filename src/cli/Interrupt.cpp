@@ -37,7 +37,7 @@ Interrupt::Interrupt() {
 Interrupt::~Interrupt() {
     watcher_.request_stop();
     // The watcher sits in sigwait() until a signal comes; this one ends it.
-    pthread_kill(watcher_.native_handle(), SIGTERM);
+    pthread_kill(watcher_.native_handle(), SIGHUP);
 }
 
 } // namespace lumeo::cli

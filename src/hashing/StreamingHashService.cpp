@@ -64,15 +64,15 @@ std::string hexText(const Digest& digest) {
 
 Result<std::string, HashError> StreamingHashService::computeSHA256(const FileSystem& fileSystem,
                                                                    const FilePath& path,
-                                                                   std::size_t chunkSize,
+                                                                   std::size_t bytesPerRead,
                                                                    const CancellationCheck& cancelled) {
-    assert(chunkSize > 0);
+    assert(bytesPerRead > 0);
     const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
     if (!file) {
         return HashError(file.error());
     }
     Sha256 sha256;
-    const std::span<std::byte> chunk = threadChunkBuffer(chunkSize);
+    const std::span<std::byte> chunk = threadChunkBuffer(bytesPerRead);
     while (true) {
         const FileResult<std::size_t> count = file.value()->read(chunk);
         if (!count) {

@@ -25,12 +25,12 @@ using HashError = std::variant<FileError, Cancelled>;
 /// hashed at once.
 struct StreamingHashService {
     /// The number of bytes read at a time, for hashing and copying alike.
-    static constexpr std::size_t chunkSize = 1024 * 1024;
+    static constexpr std::size_t chunkSize = std::size_t{1024} * 1024;
 
     /// The digest as 64 lower-case hexadecimal digits. `cancelled` is asked before each chunk is used
     /// and once more at the end.
     static Result<std::string, HashError> computeSHA256(const FileSystem& fileSystem, const FilePath& path,
-                                                        std::size_t chunkSize,
+                                                        std::size_t bytesPerRead,
                                                         const CancellationCheck& cancelled);
 };
 
