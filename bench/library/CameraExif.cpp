@@ -1,6 +1,6 @@
-#include "library/CameraExif.h"
+#include "CameraExif.h"
 
-#include "library/MakerNotes.h"
+#include "MakerNotes.h"
 
 #include <ctime>
 #include <iomanip>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "library/Noise.h"
+#include "Noise.h"
 #include "support/TinyPhotos.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "library/SampleFiles.h"
+#include "SampleFiles.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,4 +1,4 @@
-#include "library/MakerNotes.h"
+#include "MakerNotes.h"
 
 #include <span>
 #include <vector>

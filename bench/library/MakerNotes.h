@@ -1,6 +1,6 @@
 #pragma once
 
-#include "library/CameraExif.h"
+#include "CameraExif.h"
 
 #include <string>
 

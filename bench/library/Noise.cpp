@@ -1,4 +1,4 @@
-#include "library/Noise.h"
+#include "Noise.h"
 
 #include <algorithm>
 #include <cstring>

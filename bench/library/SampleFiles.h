@@ -1,7 +1,7 @@
 #pragma once
 
-#include "library/CameraExif.h"
-#include "library/Noise.h"
+#include "CameraExif.h"
+#include "Noise.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
-#include "library/SampleFiles.h"
+#include "SampleFiles.h"
 
-#include "library/Boxes.h"
+#include "Boxes.h"
 
 #include <algorithm>
 #include <vector>

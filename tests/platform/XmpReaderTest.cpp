@@ -53,8 +53,10 @@ TEST(XmpReaderTest, readsAttributesAndElementsUnderAnyPrefix) {
         propertiesOf(R"(<?xpacket begin="" id="x"?><!-- <tiff:Make>no</tiff:Make> -->
         <x:xmpmeta xmlns:x="adobe:ns:meta/">
         <r:RDF xmlns:r="http://www.w3.org/1999/02/22-rdf-syntax-ns#">
-          <r:Description r:about="a > b" xmlns:t="http://ns.adobe.com/tiff/1.0/" t:Model = 'M &amp; &quot;1&#xE9;'/>
-          <r:Description xmlns:t="http://ns.adobe.com/tiff/1.0/" xmlns:aux="http://ns.adobe.com/exif/1.0/aux/">
+          <r:Description r:about="a > b" xmlns:t="http://ns.adobe.com/tiff/1.0/"
+            t:Model = 'M &amp; &quot;1&#xE9;'/>
+          <r:Description xmlns:t="http://ns.adobe.com/tiff/1.0/"
+            xmlns:aux="http://ns.adobe.com/exif/1.0/aux/">
             <t:Artist><r:Seq><r:li>t:Make</r:li></r:Seq></t:Artist>
             <t:Make>Ma&lt;ker</t:Make><t:Make>Second</t:Make>
             <aux:LensID>7</aux:LensID><aux:Lens>50mm</aux:Lens>
@@ -67,9 +69,11 @@ TEST(XmpReaderTest, readsAttributesAndElementsUnderAnyPrefix) {
 /// A collage lists its parts with their own dates and cameras.
 TEST(XmpReaderTest, passesOverDescriptionsOfOtherThings) {
     const PhotoProperties properties = propertiesOf(R"(<rdf:RDF
-        xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description><xmpMM:Pantry><rdf:Bag><rdf:li>
-        <rdf:Description tiff:Make="Other" exif:DateTimeOriginal="1999-01-01T00:00:00"><tiff:Model>Other</tiff:Model>
-        </rdf:Description></rdf:li></rdf:Bag></xmpMM:Pantry><tiff:Make>Maker</tiff:Make></rdf:Description></rdf:RDF>
+        xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description>
+        <xmpMM:Pantry><rdf:Bag><rdf:li>
+        <rdf:Description tiff:Make="Other" exif:DateTimeOriginal="1999-01-01T00:00:00">
+        <tiff:Model>Other</tiff:Model></rdf:Description></rdf:li></rdf:Bag></xmpMM:Pantry>
+        <tiff:Make>Maker</tiff:Make></rdf:Description></rdf:RDF>
         <tiff:Model>outside</tiff:Model>)");
     EXPECT_THAT(properties.tiff.make, Optional(Eq("Maker")));
     EXPECT_FALSE(properties.tiff.model);
