@@ -1,0 +1,43 @@
+#pragma once
+
+#include "l10n/AppLanguage.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+class QSettings;
+
+namespace lumeo {
+
+/// The language that the interface speaks now, and its texts. The program has one, which every screen
+/// watches. Main thread only.
+class LocalizationManager : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(lumeo::AppLanguage currentLanguage READ currentLanguage WRITE setLanguage NOTIFY
+                   currentLanguageChanged)
+
+public:
+    /// Starts in the language stored in the settings, which must outlive this object; where none of
+    /// ours is stored, in the one for the preferred languages (best first), without storing it.
+    explicit LocalizationManager(QSettings& settings,
+                                 const QStringList& preferredLanguages = systemPreferredLanguages(),
+                                 QObject* parent = nullptr);
+
+    [[nodiscard]] AppLanguage currentLanguage() const { return currentLanguage_; }
+
+    /// Speaks a language from now on, and stores it as the user's choice, even when it is spoken already.
+    void setLanguage(AppLanguage language);
+
+    /// The text for a key in the current language, or what stands in for it.
+    [[nodiscard]] Q_INVOKABLE QString localized(const QString& key) const;
+
+signals:
+    void currentLanguageChanged();
+
+private:
+    QSettings& settings_;
+    AppLanguage currentLanguage_;
+};
+
+} // namespace lumeo
