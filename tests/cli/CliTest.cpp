@@ -174,5 +174,46 @@ TEST_F(Cli, AFailedFileGivesStatusOneAndItsReason) {
     EXPECT_EQ(contentOf(archive_ / "Archive/2021"), "in the way");
 }
 
+TEST_F(Cli, UndoTakesBackWhatIsUnchangedAndTellsTheRest) {
+    source_.write("copies/again.jpg", "first");
+    const FilePath journal = archive_ / "journal.json";
+    const FilePath csv = archive_ / "table.csv";
+    const FilePath report = archive_ / "report.txt";
+    const Outcome done = run({"organize", "SOURCE", "--to", "DEST", "--analyze-duplicates", "--manifest",
+                              journal.bytes(), "--csv", csv.bytes(), "--report", report.bytes()});
+    ASSERT_EQ(done.status, 0) << done.err;
+    EXPECT_THAT(done.out, HasSubstr("4 verified"));
+    EXPECT_THAT(done.out, HasSubstr("1 skipped"));
+    EXPECT_THAT(contentOf(csv), HasSubstr("Skipped (Exact Duplicate)"));
+    EXPECT_THAT(contentOf(report), HasSubstr("- Verified Transfers: 4"));
+
+    const FilePath undated = archive_ / "Archive/_Unknown Date/undated.mov";
+    archive_.write("Archive/_Unknown Date/undated.mov", "edited meanwhile");
+    EXPECT_EQ(run({"undo", journal.bytes()}).status, 2) << "not without a terminal or --yes";
+    const Outcome undone = run({"undo", journal.bytes(), "--yes"});
+    EXPECT_EQ(undone.status, 1);
+    EXPECT_THAT(undone.out, HasSubstr("3 restored or removed, 0 no longer there, 1 left alone."));
+    EXPECT_THAT(undone.err, HasSubstr("File was modified after transfer."));
+    EXPECT_EQ(contentOf(undated), "edited meanwhile");
+
+    const std::string whole = contentOf(journal);
+    for (const std::string& wrong : {whole.substr(0, whole.size() / 2), std::string("{}"), std::string()}) {
+        const FilePath damaged = archive_.write("damaged.json", wrong);
+        const Outcome refused = run({"undo", damaged.bytes(), "--yes"});
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_THAT(refused.err, HasSubstr("nothing was touched"));
+    }
+}
+
+TEST_F(Cli, DuplicatesTellsGroupsAndWaste) {
+    source_.write("copies/again.jpg", "first");
+    const Outcome outcome = run({"duplicates", "SOURCE", "--json"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    const Json found = Json::parse(outcome.out);
+    ASSERT_EQ(found.at("groups").size(), 1U);
+    EXPECT_EQ(found.at("groups").at(0).at("files").size(), 2U);
+    EXPECT_EQ(found.at("reclaimableBytes"), 5);
+}
+
 } // namespace
 } // namespace lumeo
