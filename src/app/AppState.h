@@ -1,0 +1,174 @@
+#pragma once
+
+#include "app/Desktop.h"
+#include "app/WizardStep.h"
+#include "model/MediaItem.h"
+#include "model/OrganizationPlan.h"
+#include "model/SourceVolume.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "scan/ScanProgress.h"
+#include "transfer/LastOperationSummary.h"
+#include "transfer/OperationManifest.h"
+#include "transfer/OperationProgress.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace lumeo {
+
+class Preferences;
+
+/// How far the planning of the destinations has come.
+struct PlanningProgress {
+    std::int64_t plannedCount = 0;
+    std::int64_t totalCount = 0;
+    friend bool operator==(const PlanningProgress&, const PlanningProgress&) = default;
+};
+
+/// What all parts of the state and its jobs work with; all must outlive the state.
+struct AppEnvironment {
+    FileSystem& fileSystem;
+    const Clock& clock;
+    const Volumes& volumes;
+    Preferences& preferences;
+    Desktop desktop;
+};
+
+/// The one controller of the program: where the wizard stands, what was chosen and found, and the jobs
+/// that are running. Main thread only; every change of a field is announced by its signal once it is
+/// made.
+///
+/// Jobs work on threads of their own and come back through the event loop. Destroying the state stops
+/// them first: a transfer ends at its next chunk and leaves nothing half made.
+class AppState : public QObject {
+    Q_OBJECT
+
+public:
+    /// A catalogue that nobody changes any more: screens may keep it while a newer one takes its place.
+    using Items = std::shared_ptr<const std::vector<MediaItem>>;
+
+    explicit AppState(const AppEnvironment& environment, QObject* parent = nullptr);
+    ~AppState() override;
+
+    [[nodiscard]] WizardStep currentStep() const { return currentStep_; }
+    [[nodiscard]] const std::set<WizardStep>& completedSteps() const { return completedSteps_; }
+    [[nodiscard]] const std::vector<SourceVolume>& sources() const { return sources_; }
+    [[nodiscard]] bool isSelectingFolder() const { return isSelectingFolder_; } ///< a chooser is open
+    [[nodiscard]] const Items& scannedItems() const { return scannedItems_; }   ///< never null
+    [[nodiscard]] bool isScanning() const { return isScanning_; }
+    [[nodiscard]] const ScanProgress& scanProgress() const { return scanProgress_; }
+    [[nodiscard]] const OrganizationPlan& organizationPlan() const { return organizationPlan_; }
+    [[nodiscard]] const std::optional<SourceVolume>& destinationVolume() const { return destinationVolume_; }
+    [[nodiscard]] bool isPlanning() const { return isPlanning_; }
+    [[nodiscard]] const PlanningProgress& planningProgress() const { return planningProgress_; }
+    [[nodiscard]] const OperationProgress& operationProgress() const { return operationProgress_; }
+    [[nodiscard]] bool isProcessing() const { return isProcessing_; }
+    /// The journal of the last run that was not cancelled.
+    [[nodiscard]] const std::shared_ptr<const OperationManifest>& activeManifest() const {
+        return activeManifest_;
+    }
+    [[nodiscard]] const std::optional<LastOperationSummary>& lastOperationSummary() const {
+        return lastOperationSummary_;
+    }
+    [[nodiscard]] bool isDetectingDuplicates() const { return isDetectingDuplicates_; }
+    [[nodiscard]] const QString& selectedFilter() const { return selectedFilter_; }
+
+    /// Counts over `scannedItems`.
+    [[nodiscard]] std::int64_t totalFilesCount() const;
+    [[nodiscard]] std::int64_t photosCount() const;
+    [[nodiscard]] std::int64_t videosCount() const;
+    [[nodiscard]] std::int64_t rawCount() const;
+    [[nodiscard]] std::int64_t exactDuplicatesCount() const; ///< items in a group, the first ones included
+    [[nodiscard]] std::int64_t missingDateCount() const;
+    [[nodiscard]] std::int64_t warningsCount() const; ///< items with at least one warning
+    [[nodiscard]] std::int64_t totalMediaSizeBytes() const;
+    /// What a run would write under the plan's duplicate policy.
+    [[nodiscard]] std::int64_t requiredOutputSizeBytes() const;
+
+    [[nodiscard]] bool canProceedToNextStep() const;
+    void proceedToNextStep();
+    void navigateToStep(WizardStep target); ///< back always; forward only to completed steps
+
+    void promptAddFolderPanel();
+    void addSource(const FilePath& url); ///< a source that is there already is ignored
+    void removeSource(const Uuid& id);
+    void clearSources();
+    void promptDestinationFolderPanel();
+    void setDestination(const FilePath& url);
+
+    /// Takes over the user's settings; the destination stays as it is. Items are dated again when the
+    /// policy for undated files changed, and planned again (startPlanning()) when a place can change.
+    void setOrganizationPlan(OrganizationPlan plan);
+
+    void startScan();
+    void pauseScan();
+    void resumeScan();
+    void cancelScan();
+
+    void runDuplicateDetection();
+
+    /// Gives every item its place, on this thread; nothing happens without a destination.
+    void calculatePlannedDestinations();
+    /// The same as a job, which takes the place of one that is still running. `planningFinished` tells
+    /// its end.
+    void startPlanning();
+    void cancelPlanning(); ///< items keep the places that they had
+
+    /// Refused on the spot when the destination has no room: see `operationProgress.errorsCount`.
+    void startOperation();
+    void pauseOperation();
+    void resumeOperation();
+    void cancelOperation();
+
+    void finishCompletedOperation(); ///< back to the start, with a new plan
+    void restartWorkflow();          ///< back to the start, with the plan and destination as they are
+
+signals:
+    void currentStepChanged();
+    void completedStepsChanged();
+    void sourcesChanged();
+    void isSelectingFolderChanged();
+    void scannedItemsChanged();
+    void isScanningChanged();
+    void scanProgressChanged();
+    void organizationPlanChanged();
+    void destinationVolumeChanged();
+    void isPlanningChanged();
+    void planningProgressChanged();
+    void planningFinished(bool completed); ///< false when cancelled; not sent when replaced by a newer job
+    void operationProgressChanged();
+    void isProcessingChanged();
+    void activeManifestChanged();
+    void lastOperationSummaryChanged();
+    void isDetectingDuplicatesChanged();
+    void selectedFilterChanged();
+
+private:
+    AppEnvironment environment_;
+
+    WizardStep currentStep_ = WizardStep::sources;
+    std::set<WizardStep> completedSteps_;
+    std::vector<SourceVolume> sources_;
+    bool isSelectingFolder_ = false;
+    Items scannedItems_;
+    bool isScanning_ = false;
+    ScanProgress scanProgress_;
+    OrganizationPlan organizationPlan_;
+    std::optional<SourceVolume> destinationVolume_;
+    bool isPlanning_ = false;
+    PlanningProgress planningProgress_;
+    OperationProgress operationProgress_;
+    bool isProcessing_ = false;
+    std::shared_ptr<const OperationManifest> activeManifest_;
+    std::optional<LastOperationSummary> lastOperationSummary_;
+    bool isDetectingDuplicates_ = false;
+    QString selectedFilter_;
+};
+
+} // namespace lumeo

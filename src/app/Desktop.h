@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/FilePath.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace lumeo {
+
+/// What a folder chooser is to offer.
+struct FolderRequest {
+    QString prompt;  ///< the text of the button that confirms
+    QString message; ///< what the folders are for
+    bool allowsSeveral = false;
+    bool allowsCreation = false;
+};
+
+/// Asks the user for folders. Main thread only.
+class FolderChooser {
+public:
+    /// The folders in the order chosen; none when the user cancelled. Called once, on the main thread,
+    /// before choose() returns or later; never when the chooser is destroyed first.
+    using Answer = std::function<void(std::vector<FilePath>)>;
+
+    virtual ~FolderChooser() = default;
+    virtual void choose(const FolderRequest& request, Answer answer) = 0;
+};
+
+/// What a save panel is to offer.
+struct SaveRequest {
+    QString defaultName;
+    QString typeName; ///< the kind of document, for people
+    QString suffix;   ///< without a dot
+};
+
+/// Asks the user where to write a document. Main thread only.
+class SavePanel {
+public:
+    /// Absent when the user cancelled; called as FolderChooser's is.
+    using Answer = std::function<void(std::optional<FilePath>)>;
+
+    virtual ~SavePanel() = default;
+    virtual void choose(const SaveRequest& request, Answer answer) = 0;
+};
+
+/// Shows folders in the desktop's file browser. Main thread only.
+class FileBrowser {
+public:
+    virtual ~FileBrowser() = default;
+    /// Opens the folder; where that is impossible, nothing happens.
+    virtual void reveal(const FilePath& folder) = 0;
+};
+
+/// What the state and the screens ask of the desktop that they run on.
+struct Desktop {
+    FolderChooser& folderChooser;
+    SavePanel& savePanel;
+    FileBrowser& fileBrowser;
+};
+
+} // namespace lumeo

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/FilePath.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace lumeo {
+
+/// What the system tells of a mounted volume; absent where it does not say.
+struct VolumeFacts {
+    std::optional<std::int64_t> totalBytes;
+    std::optional<std::int64_t> availableBytes;                  ///< for files of this user
+    std::optional<std::int64_t> availableBytesForImportantUsage; ///< with what the system would clear away
+    std::optional<std::int64_t> fileSystemTotalBytes;
+    std::optional<std::int64_t> fileSystemFreeBytes;
+    std::optional<std::string> localizedName; ///< label of the file system, else model of the device
+    std::optional<bool> isRemovable;
+    std::optional<bool> isInternal;
+    friend bool operator==(const VolumeFacts&, const VolumeFacts&) = default;
+};
+
+/// The mounted volumes. Any thread may call.
+class Volumes {
+public:
+    virtual ~Volumes() = default;
+
+    /// The path with every link resolved; as far as that goes when it does not exist.
+    [[nodiscard]] virtual FilePath resolved(const FilePath& path) const = 0;
+
+    /// The mount point of the volume that holds the resolved path; absent when the path does not exist.
+    [[nodiscard]] virtual std::optional<FilePath> mountPoint(const FilePath& path) const = 0;
+
+    [[nodiscard]] virtual VolumeFacts facts(const FilePath& mountPoint) const = 0;
+};
+
+/// The system's own figures: mount table, statvfs, and what the kernel and udev know of the device.
+/// Asks no daemon.
+class SystemVolumes final : public Volumes {
+public:
+    [[nodiscard]] FilePath resolved(const FilePath& path) const override;
+    [[nodiscard]] std::optional<FilePath> mountPoint(const FilePath& path) const override;
+    [[nodiscard]] VolumeFacts facts(const FilePath& mountPoint) const override;
+};
+
+} // namespace lumeo

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "transfer/OperationManifest.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lumeo {
+
+/// What the last run did that was not cancelled; outlives the program.
+struct LastOperationSummary {
+    std::string operationType; ///< "copy" or "move"
+    std::int64_t processedCount = 0;
+    std::int64_t verifiedCount = 0;
+    std::int64_t skippedCount = 0;
+    std::int64_t errorCount = 0;
+    std::int64_t bytesTransferred = 0;
+    double duration = 0; ///< seconds
+    std::string destinationDisplayName;
+    Instant completedAt;
+
+    static LastOperationSummary of(const OperationManifest& manifest, Instant completedAt);
+    friend bool operator==(const LastOperationSummary&, const LastOperationSummary&) = default;
+};
+
+/// One JSON object with the field names as keys; the date in seconds since the start of 2001 UTC.
+std::string encode(const LastOperationSummary& summary);
+
+/// Absent when the text is not such an object.
+std::optional<LastOperationSummary> decodeLastOperationSummary(std::string_view json);
+
+} // namespace lumeo
