@@ -1,0 +1,1 @@
+#include "app/AppState.h"

@@ -1,0 +1,4 @@
+#include "ShellModel.h"
+namespace lumeo {
+ShellModel::ShellModel(AppState& state, QObject* parent) : QObject(parent), state_(state) {}
+}
