@@ -192,7 +192,7 @@ FileResult<void> PosixFileSystem::flushFolder(const FilePath& folder) {
         return FileError{FileAction::flush, folder, errno};
     }
     const int result = retrying([&] { return fsync(descriptor.get()); });
-    if (result != 0 && isOneOf(errno, {EINVAL, EBADF, EROFS, ENOSYS, ENOTSUP})) {
+    if (result != 0 && isOneOf(errno, {EINVAL, EBADF, ENOSYS, ENOTSUP})) {
         return {}; // this file system has no such thing
     }
     return outcome(result, FileAction::flush, folder);
