@@ -38,8 +38,8 @@ std::string_view mediaTypeName(MediaType type) {
 
 std::string padded(int number, int width) {
     std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%0*d", width, number);
-    return text.data();
+    const int length = std::snprintf(text.data(), text.size(), "%0*d", width, number);
+    return {text.data(), static_cast<std::size_t>(length)};
 }
 
 std::string cameraText(const std::optional<SharedText>& text, std::string_view otherwise) {
