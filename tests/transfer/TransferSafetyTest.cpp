@@ -20,10 +20,13 @@
 namespace lumeo {
 namespace {
 
-/// Two files and what can make their ways differ: a known digest, new folders, more than one chunk.
-void fill(TransferWorld& world) {
+constexpr std::size_t smallMovie = 1'000;
+constexpr std::size_t twoChunkMovie = 1'048'600;
+
+/// Two files and what can make their ways differ: a known digest, new folders.
+void fill(TransferWorld& world, std::size_t movieSize = smallMovie) {
     world.add("a.jpg", "content of a", "2021/2021-03 March/a.jpg").sha256Hash = digestOf("content of a");
-    world.add("b.mov", std::string(1'048'600, 'b'), "2022/b.mov");
+    world.add("b.mov", std::string(movieSize, 'b'), "2022/b.mov");
 }
 
 OperationManifest run(const TransferWorld& world, OperationMode mode, FileSystem& fileSystem) {
@@ -35,9 +38,9 @@ OperationManifest run(const TransferWorld& world, OperationMode mode, FileSystem
 class TransferSafetyTest : public testing::TestWithParam<OperationMode> {
 protected:
     /// How many calls a run makes that nothing happens to.
-    std::size_t callsOfARun() {
+    std::size_t callsOfARun(std::size_t movieSize = smallMovie) {
         TransferWorld world;
-        fill(world);
+        fill(world, movieSize);
         FaultyFileSystem disk(real);
         run(world, GetParam(), disk);
         return disk.callCount();
@@ -100,7 +103,7 @@ TEST_P(TransferSafetyTest, AnyCallMayFail) {
 TEST_P(TransferSafetyTest, TheDiskMayFillUpAtAnyByte) {
     for (const std::int64_t room : {0, 1, 11, 12, 500'000, 1'048'576 + 12, 1'048'611}) {
         TransferWorld world;
-        fill(world);
+        fill(world, twoChunkMovie);
         FaultyFileSystem disk(real);
         disk.limitSpace(room);
         const OperationManifest manifest = run(world, GetParam(), disk);
@@ -119,10 +122,10 @@ bool isBeingRemoved(const TransferWorld& world, const FilePath& path) {
 }
 
 TEST_P(TransferSafetyTest, ACancelMayComeAtAnyCall) {
-    const std::size_t calls = callsOfARun();
+    const std::size_t calls = callsOfARun(twoChunkMovie);
     for (std::size_t number = 1; number <= calls; ++number) {
         TransferWorld world;
-        fill(world);
+        fill(world, twoChunkMovie);
         FaultyFileSystem disk(real);
         const FakeClock clock;
         FileOperationEngine engine(disk, clock);
@@ -163,27 +166,31 @@ TEST_P(TransferSafetyTest, APowerLossTakesNoContentThatWasMoved) {
     }));
 }
 
-/// Runs `job` in a process of its own until it ends, or is killed after `patience` at the latest.
-void runInDoomedProcess(const std::function<void()>& job, std::optional<std::chrono::microseconds> patience) {
+/// Runs `job` in a process of its own until it ends, or is killed after `patience` at the latest. Gives
+/// whether it was killed.
+bool runInDoomedProcess(const std::function<void()>& job, std::optional<std::chrono::microseconds> patience) {
     const pid_t child = fork();
-    ASSERT_GE(child, 0);
     if (child == 0) {
         job();
         _exit(0);
     }
+    EXPECT_GT(child, 0);
     if (patience) {
         std::this_thread::sleep_for(*patience);
         kill(child, SIGKILL);
     }
-    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    int ending = 0;
+    EXPECT_EQ(waitpid(child, &ending, 0), child);
+    return WIFSIGNALED(ending);
 }
 
-TEST_P(TransferSafetyTest, TheProcessMayBeKilledAtAnyCall) {
-    const std::size_t calls = callsOfARun();
-    for (std::size_t number = 1; number <= calls; ++number) {
+TEST(TransferKillTest, AMoveMayBeKilledAtAnyCall) {
+    PosixFileSystem real;
+    bool isKilled = true;
+    for (std::size_t number = 1; isKilled; ++number) {
         TransferWorld world;
         fill(world);
-        runInDoomedProcess(
+        isKilled = runInDoomedProcess(
             [&] {
                 FaultyFileSystem disk(real);
                 disk.beforeEachCall([&](const DiskCall& call) {
@@ -191,12 +198,12 @@ TEST_P(TransferSafetyTest, TheProcessMayBeKilledAtAnyCall) {
                         raise(SIGKILL);
                     }
                 });
-                run(world, GetParam(), disk);
+                run(world, OperationMode::move, disk);
             },
             std::nullopt);
         SCOPED_TRACE("call " + std::to_string(number));
         world.expectNothingLost();
-        run(world, GetParam(), real);
+        run(world, OperationMode::move, real);
         world.expectNothingLost();
         EXPECT_EQ(world.archiveFiles(), (std::vector<std::string>{"2021/2021-03 March/a.jpg", "2022/b.mov"}));
     }

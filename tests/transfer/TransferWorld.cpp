@@ -98,7 +98,7 @@ void TransferWorld::expectAllMoved() const {
 }
 
 std::string digestOf(std::string_view content) {
-    const TempFolder folder;
+    const TempFolder folder(memoryFolder());
     return *StreamingHashService::computeSHA256(PosixFileSystem(), folder.write("content", content),
                                                 StreamingHashService::chunkSize, [] { return false; });
 }
