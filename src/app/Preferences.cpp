@@ -1,1 +1,111 @@
 #include "app/Preferences.h"
+
+#include <QByteArray>
+#include <QSettings>
+#include <QString>
+
+namespace lumeo {
+namespace {
+
+// The keys are stored on the user's disk and stay as they are.
+constexpr const char* appearanceKey = "appearanceMode";
+constexpr const char* defaultOperationKey = "defaultOperation";
+constexpr const char* verifyTransfersKey = "verifyTransfers";
+constexpr const char* performanceProfileKey = "performanceProfile";
+constexpr const char* lastOperationSummaryKey = "lastOperationSummary.v1";
+
+QString keyText(const char* key) {
+    return QString::fromLatin1(key);
+}
+
+/// Empty for what is no single text, such as a list.
+QString storedText(const QSettings& settings, const char* key) {
+    return settings.value(keyText(key)).toString();
+}
+
+template<class Enum>
+std::optional<Enum> storedCase(const QSettings& settings, const char* key) {
+    return fromRawValue<Enum>(storedText(settings, key).toStdString());
+}
+
+template<class Enum>
+void store(QSettings& settings, const char* key, Enum value) {
+    const std::string_view text = rawValue(value);
+    settings.setValue(keyText(key), QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+} // namespace
+
+Preferences::Preferences(QSettings& settings, QObject* parent) : QObject(parent), settings_(settings) {
+    if (!storedCase<AppAppearance>(settings_, appearanceKey)) {
+        store(settings_, appearanceKey, AppAppearance::light);
+    }
+}
+
+AppAppearance Preferences::appearance() const {
+    return storedCase<AppAppearance>(settings_, appearanceKey).value_or(AppAppearance::light);
+}
+
+void Preferences::setAppearance(AppAppearance appearance) {
+    const bool changes = appearance != this->appearance();
+    store(settings_, appearanceKey, appearance);
+    if (changes) {
+        emit appearanceChanged();
+    }
+}
+
+OperationMode Preferences::defaultOperation() const {
+    return storedCase<OperationMode>(settings_, defaultOperationKey).value_or(OperationMode::copy);
+}
+
+void Preferences::setDefaultOperation(OperationMode mode) {
+    const bool changes = mode != defaultOperation();
+    store(settings_, defaultOperationKey, mode);
+    if (changes) {
+        emit defaultOperationChanged();
+    }
+}
+
+bool Preferences::verifyTransfers() const {
+    // Not QVariant's own reading, for which an empty text or a list means false.
+    return storedText(settings_, verifyTransfersKey) != QLatin1String("false");
+}
+
+void Preferences::setVerifyTransfers(bool verify) {
+    const bool changes = verify != verifyTransfers();
+    settings_.setValue(keyText(verifyTransfersKey), verify);
+    if (changes) {
+        emit verifyTransfersChanged();
+    }
+}
+
+PerformanceProfile Preferences::performanceProfile() const {
+    return storedCase<PerformanceProfile>(settings_, performanceProfileKey)
+        .value_or(PerformanceProfile::autoProfile);
+}
+
+void Preferences::setPerformanceProfile(PerformanceProfile profile) {
+    const bool changes = profile != performanceProfile();
+    store(settings_, performanceProfileKey, profile);
+    if (changes) {
+        emit performanceProfileChanged();
+    }
+}
+
+std::optional<LastOperationSummary> Preferences::lastOperationSummary() const {
+    return decodeLastOperationSummary(
+        settings_.value(keyText(lastOperationSummaryKey)).toByteArray().toStdString());
+}
+
+void Preferences::setLastOperationSummary(const LastOperationSummary& summary) {
+    settings_.setValue(keyText(lastOperationSummaryKey), QByteArray::fromStdString(encode(summary)));
+}
+
+OrganizationPlan Preferences::newPlan() const {
+    OrganizationPlan plan;
+    plan.operationMode = defaultOperation();
+    plan.verifyTransfers = verifyTransfers();
+    return plan;
+}
+
+} // namespace lumeo

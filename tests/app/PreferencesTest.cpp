@@ -1,0 +1,124 @@
+#include "app/Preferences.h"
+
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <QSettings>
+#include <QStringList>
+
+#include <memory>
+
+namespace lumeo {
+namespace {
+
+/// A settings file of its own; restart() is the next life of the program.
+class PreferencesTest : public testing::Test {
+protected:
+    void restart() {
+        preferences_.reset();
+        settings_ = std::make_unique<QSettings>(QString::fromStdString(file().bytes()), QSettings::IniFormat);
+        preferences_ = std::make_unique<Preferences>(*settings_);
+    }
+    void startWith(const std::string& content) {
+        folder_.write("settings.ini", content);
+        restart();
+    }
+    [[nodiscard]] FilePath file() const { return folder_ / "settings.ini"; }
+    [[nodiscard]] Preferences& preferences() { return *preferences_; }
+    [[nodiscard]] QSettings& settings() { return *settings_; }
+
+    void expectDefaults() const {
+        EXPECT_EQ(preferences_->appearance(), AppAppearance::light);
+        EXPECT_EQ(preferences_->defaultOperation(), OperationMode::copy);
+        EXPECT_TRUE(preferences_->verifyTransfers());
+        EXPECT_EQ(preferences_->performanceProfile(), PerformanceProfile::autoProfile);
+        EXPECT_EQ(preferences_->lastOperationSummary(), std::nullopt);
+        EXPECT_EQ(preferences_->newPlan(), OrganizationPlan());
+    }
+
+private:
+    TempFolder folder_;
+    std::unique_ptr<QSettings> settings_;
+    std::unique_ptr<Preferences> preferences_;
+};
+
+TEST_F(PreferencesTest, StartWithTheDefaultsAndStoreTheLightAppearance) {
+    restart();
+    expectDefaults();
+    EXPECT_EQ(settings().allKeys(), QStringList{QStringLiteral("appearanceMode")});
+    EXPECT_EQ(settings().value(QStringLiteral("appearanceMode")), QStringLiteral("light"));
+}
+
+TEST_F(PreferencesTest, AreKeptFromOneLifeToTheNext) {
+    LastOperationSummary summary;
+    summary.operationType = "move";
+    summary.processedCount = 3;
+    summary.destinationDisplayName = "Été 写真 \"2021\", \\1";
+    restart();
+    preferences().setAppearance(AppAppearance::dark);
+    preferences().setDefaultOperation(OperationMode::move);
+    preferences().setVerifyTransfers(false);
+    preferences().setPerformanceProfile(PerformanceProfile::fastSSD);
+    preferences().setLastOperationSummary(summary);
+
+    restart();
+    EXPECT_EQ(preferences().appearance(), AppAppearance::dark);
+    EXPECT_EQ(preferences().performanceProfile(), PerformanceProfile::fastSSD);
+    EXPECT_EQ(preferences().lastOperationSummary(), summary);
+    EXPECT_EQ(preferences().newPlan().operationMode, OperationMode::move);
+    EXPECT_FALSE(preferences().newPlan().verifyTransfers);
+    EXPECT_EQ(settings().value(QStringLiteral("performanceProfile")), QStringLiteral("fastSSD"));
+    EXPECT_EQ(settings().value(QStringLiteral("verifyTransfers")), QStringLiteral("false"));
+}
+
+TEST_F(PreferencesTest, ReadWhatIsNoneOfTheirValuesAsTheDefault) {
+    const std::string damagedSummary = "lastOperationSummary.v1=@ByteArray({)\n";
+    startWith("[General]\nappearanceMode=system\ndefaultOperation=MOVE\nverifyTransfers=\n"
+              "performanceProfile=a, b\n" +
+              damagedSummary);
+    expectDefaults();
+    EXPECT_EQ(settings().value(QStringLiteral("appearanceMode")), QStringLiteral("light"));
+    settings().sync();
+    EXPECT_NE(contentOf(file()).find(damagedSummary), std::string::npos);
+
+    preferences().setLastOperationSummary({});
+    restart();
+    EXPECT_EQ(preferences().lastOperationSummary(), LastOperationSummary());
+}
+
+TEST_F(PreferencesTest, SurviveADamagedFileAndWriteAWholeOne) {
+    using namespace std::string_literals;
+    startWith("\0\xFF[[[=\n@Invalid(%%\nappearanceMode\n\""s);
+    expectDefaults();
+    preferences().setAppearance(AppAppearance::dark);
+    EXPECT_EQ(preferences().appearance(), AppAppearance::dark);
+    restart();
+    EXPECT_EQ(preferences().appearance(), AppAppearance::dark);
+}
+
+TEST_F(PreferencesTest, AnnounceWhatChangesAndNothingElse) {
+    restart();
+    QStringList announced;
+    const auto note = [&](const char* name) {
+        return [&announced, name] { announced.append(QString::fromLatin1(name)); };
+    };
+    QObject::connect(&preferences(), &Preferences::appearanceChanged, note("appearance"));
+    QObject::connect(&preferences(), &Preferences::defaultOperationChanged, note("operation"));
+    QObject::connect(&preferences(), &Preferences::verifyTransfersChanged, note("verify"));
+    QObject::connect(&preferences(), &Preferences::performanceProfileChanged, note("profile"));
+
+    preferences().setAppearance(AppAppearance::light);
+    preferences().setVerifyTransfers(true);
+    EXPECT_TRUE(announced.isEmpty());
+    EXPECT_TRUE(settings().contains(QStringLiteral("verifyTransfers")));
+
+    preferences().setPerformanceProfile(PerformanceProfile::conservative);
+    preferences().setVerifyTransfers(false);
+    preferences().setDefaultOperation(OperationMode::move);
+    preferences().setAppearance(AppAppearance::dark);
+    EXPECT_EQ(announced.join(u' '), QStringLiteral("profile verify operation appearance"));
+}
+
+} // namespace
+} // namespace lumeo
