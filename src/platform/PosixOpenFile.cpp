@@ -49,8 +49,21 @@ FileResult<void> PosixWritableFile::write(std::span<const std::byte> bytes) {
             return FileError{FileAction::write, path_, errno};
         }
         bytes = bytes.subspan(static_cast<std::size_t>(count));
+        written_ += count;
     }
+    beginWriteBack();
     return {};
+}
+
+void PosixWritableFile::beginWriteBack() {
+    // Left alone, the kernel begins when the flush waits for it. So the device works while the program
+    // reads and hashes, and memory does not fill with unwritten pages.
+    constexpr std::int64_t stride = std::int64_t{8} << 20;
+    if (written_ - writeBackBegun_ >= stride) {
+        sync_file_range(descriptor_.get(), writeBackBegun_, written_ - writeBackBegun_,
+                        SYNC_FILE_RANGE_WRITE);
+        writeBackBegun_ = written_;
+    }
 }
 
 FileResult<void> PosixWritableFile::flush() {

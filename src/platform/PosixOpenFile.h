@@ -34,8 +34,12 @@ public:
     FileResult<void> close() override;
 
 private:
+    void beginWriteBack();
+
     Descriptor descriptor_;
     FilePath path_;
+    std::int64_t written_ = 0;
+    std::int64_t writeBackBegun_ = 0; ///< the bytes before it are on their way to the device
 };
 
 } // namespace lumeo

@@ -179,6 +179,9 @@ TransferResult<void> Rollback::moveAcross(const FileTransactionItem& item, HeldF
     if (TransferResult<void> written = copy.write(archived.content()); !written) {
         return written;
     }
+    if (TransferResult<void> flushed = copy.flush(); !flushed) {
+        return flushed;
+    }
     const TransferResult<std::string> digest = copy.digest();
     if (!digest) {
         return digest.error();

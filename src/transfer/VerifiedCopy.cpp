@@ -67,22 +67,6 @@ TransferResult<void> VerifiedCopy::removeLeftOver(const FilePath& source) {
 }
 
 TransferResult<void> VerifiedCopy::write(ReadableFile& source) {
-    if (const TransferResult<void> copied = copyContent(source); !copied) {
-        return copied;
-    }
-    if (const FileResult<void> flushed = file_->flush(); !flushed) {
-        return TransferError(flushed.error());
-    }
-    file_->evict();
-    const FileResult<void> closed = file_->close();
-    file_.reset();
-    if (!closed) {
-        return TransferError(closed.error());
-    }
-    return {};
-}
-
-TransferResult<void> VerifiedCopy::copyContent(ReadableFile& source) {
     const std::span<std::byte> chunk = threadChunkBuffer(StreamingHashService::chunkSize);
     while (true) {
         const FileResult<std::size_t> count = source.read(chunk);
@@ -99,6 +83,19 @@ TransferResult<void> VerifiedCopy::copyContent(ReadableFile& source) {
             return TransferError(written.error());
         }
     }
+}
+
+TransferResult<void> VerifiedCopy::flush() {
+    if (const FileResult<void> flushed = file_->flush(); !flushed) {
+        return TransferError(flushed.error());
+    }
+    file_->evict();
+    const FileResult<void> closed = file_->close();
+    file_.reset();
+    if (!closed) {
+        return TransferError(closed.error());
+    }
+    return {};
 }
 
 TransferResult<std::string> VerifiedCopy::digest() const {

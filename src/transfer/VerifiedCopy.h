@@ -27,8 +27,11 @@ public:
     /// that name stays where it is, above all `source` itself.
     TransferResult<void> create(const FilePath& source);
 
-    /// Copies the content, brings it to the device and drops it from memory.
+    /// Copies the content.
     TransferResult<void> write(ReadableFile& source);
+
+    /// Waits until the content is on the device, and drops it from memory.
+    TransferResult<void> flush();
 
     /// SHA-256 of the copy, as the device gives it back.
     TransferResult<std::string> digest() const;
@@ -42,7 +45,6 @@ public:
 
 private:
     TransferResult<void> removeLeftOver(const FilePath& source);
-    TransferResult<void> copyContent(ReadableFile& source);
 
     FileSystem& fileSystem_;
     FilePath destination_;

@@ -87,14 +87,18 @@ TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item
     return {};
 }
 
-TransferResult<void> VerifiedTransfer::proveCopy(const MediaItem& item, const VerifiedCopy& copy,
+TransferResult<void> VerifiedTransfer::proveCopy(const MediaItem& item, VerifiedCopy& copy,
                                                  const CancellationCheck& cancelled,
                                                  FileTransactionItem& record) const {
+    // Before the flush, so that the device writes meanwhile.
     TransferResult<std::string> wanted = sourceHash(item, cancelled);
     if (!wanted) {
         return wanted.error();
     }
     record.sourceHash = *std::move(wanted);
+    if (TransferResult<void> flushed = copy.flush(); !flushed) {
+        return flushed;
+    }
     TransferResult<std::string> found = copy.digest();
     if (!found) {
         return found.error();

@@ -68,7 +68,7 @@ private:
                                           TransferCancellationToken& token, FileTransactionItem& record);
     TransferResult<void> compareWithExisting(const MediaItem& item, const CancellationCheck& cancelled,
                                              FileTransactionItem& record) const;
-    TransferResult<void> proveCopy(const MediaItem& item, const VerifiedCopy& copy,
+    TransferResult<void> proveCopy(const MediaItem& item, VerifiedCopy& copy,
                                    const CancellationCheck& cancelled, FileTransactionItem& record) const;
     TransferResult<std::string> sourceHash(const MediaItem& item, const CancellationCheck& cancelled) const;
     TransferResult<void> removeSource(HeldFile& source, const FilePath& destinationFolder,

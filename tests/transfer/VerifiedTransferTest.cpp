@@ -168,8 +168,12 @@ TEST_F(VerifiedTransferTest, NamesNoCopyThatDiffersFromItsSource) {
     world.expectSourcesIntact();
 
     const MediaItem& growing = world.add("growing.jpg", "beginning", "growing.jpg");
-    once("flush",
-         [&](const DiskCall&) { std::ofstream(growing.sourceURL.bytes(), std::ios::app) << " and more"; });
+    disk.beforeEachCall([&, isCopied = false](const DiskCall& call) mutable {
+        isCopied = isCopied || call.operation == "write";
+        if (isCopied && call.operation == "openForReading" && call.path == growing.sourceURL) {
+            std::ofstream(growing.sourceURL.bytes(), std::ios::app) << " and more";
+        }
+    });
     expectFailed(transfer(growing, OperationMode::move), mismatch);
     EXPECT_EQ(contentOf(growing.sourceURL), "beginning and more");
     EXPECT_EQ(world.archiveFiles(), std::vector<std::string>{});
