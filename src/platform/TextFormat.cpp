@@ -1,5 +1,6 @@
 #include "platform/TextFormat.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -8,7 +9,9 @@
 
 #include <unicode/datefmt.h>
 #include <unicode/locid.h>
+#include <unicode/measfmt.h>
 #include <unicode/measunit.h>
+#include <unicode/measure.h>
 #include <unicode/numberformatter.h>
 #include <unicode/timezone.h>
 
@@ -53,6 +56,18 @@ icu::DateFormat::EStyle libraryStyle(DateStyle style) {
     return icu::DateFormat::kNone;
 }
 
+std::unique_ptr<icu::DateFormat> makeDateFormat(DateStyle dateStyle, DateStyle timeStyle,
+                                                const icu::Locale& locale) {
+    return std::unique_ptr<icu::DateFormat>(
+        icu::DateFormat::createDateTimeInstance(libraryStyle(dateStyle), libraryStyle(timeStyle), locale));
+}
+
+std::string formatted(const icu::DateFormat& format, Instant instant) {
+    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(instant).time_since_epoch();
+    icu::UnicodeString text;
+    return utf8(format.format(static_cast<UDate>(milliseconds.count()), text));
+}
+
 /// One thread's date formatters, made as they are asked for.
 class DateFormats {
 public:
@@ -64,8 +79,7 @@ public:
         follow(environmentLocale("LC_TIME"));
         auto& format = formats_[static_cast<std::size_t>(dateStyle)][static_cast<std::size_t>(timeStyle)];
         if (!format) {
-            format.reset(icu::DateFormat::createDateTimeInstance(
-                libraryStyle(dateStyle), libraryStyle(timeStyle), localeNamed(localeName_)));
+            format = makeDateFormat(dateStyle, timeStyle, localeNamed(localeName_));
         }
         return format.get();
     }
@@ -88,10 +102,12 @@ private:
     std::string localeName_;
 };
 
+using LibraryUnit = icu::MeasureUnit (*)();
+
 struct ByteUnit {
     std::uint64_t bytes;
     std::uint64_t stepsPerUnit; ///< 10 for one decimal, 100 for two
-    icu::MeasureUnit (*unit)();
+    LibraryUnit unit;
 };
 
 /// In rising order. The library knows no unit above the petabyte; 64 bits of bytes are 9,223 of them.
@@ -132,10 +148,27 @@ public:
         return utf8(text.findAndReplace(u"kB", u"KB"));
     }
 
+    /// Two units, largest first, or the one of them that is not zero.
+    [[nodiscard]] std::string duration(std::int64_t larger, LibraryUnit largerUnit, std::int64_t smaller,
+                                       LibraryUnit smallerUnit) const {
+        UErrorCode status = U_ZERO_ERROR;
+        const icu::Measure measures[] = {
+            {icu::Formattable(larger), new icu::MeasureUnit(largerUnit()), status},
+            {icu::Formattable(smaller), new icu::MeasureUnit(smallerUnit()), status},
+        };
+        const int first = larger == 0 ? 1 : 0;
+        const int count = first == 0 && smaller != 0 ? 2 : 1;
+        icu::UnicodeString text;
+        icu::FieldPosition nowhere(icu::FieldPosition::DONT_CARE);
+        return utf8(durations_->formatMeasures(measures + first, count, text, nowhere, status));
+    }
+
 private:
     void make(const icu::Locale& locale) {
         isEnglish_ = locale.getLanguage() == std::string_view("en");
         number_ = icu::number::NumberFormatter::withLocale(locale);
+        UErrorCode status = U_ZERO_ERROR;
+        durations_ = std::make_unique<icu::MeasureFormat>(locale, UMEASFMT_WIDTH_NARROW, status);
         for (std::size_t i = 0; i < byteUnits.size(); ++i) {
             // Only the whole word has a plural for "999 bytes".
             const UNumberUnitWidth width = i == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT;
@@ -149,6 +182,7 @@ private:
     bool isEnglish_ = false;
     icu::number::LocalizedNumberFormatter number_;
     std::array<icu::number::LocalizedNumberFormatter, byteUnits.size()> quantities_;
+    std::unique_ptr<icu::MeasureFormat> durations_;
 };
 
 NumberFormats& numberFormats() {
@@ -161,12 +195,29 @@ NumberFormats& numberFormats() {
 std::string TextFormat::date(Instant instant, DateStyle dateStyle, DateStyle timeStyle) {
     thread_local DateFormats formats;
     const icu::DateFormat* const format = formats.get(dateStyle, timeStyle);
-    if (format == nullptr) {
+    return format != nullptr ? formatted(*format, instant) : std::string();
+}
+
+std::string TextFormat::date(Instant instant, DateStyle dateStyle, DateStyle timeStyle,
+                             std::string_view localeTag) {
+    if (dateStyle == DateStyle::none && timeStyle == DateStyle::none) {
         return {};
     }
-    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(instant).time_since_epoch();
-    icu::UnicodeString text;
-    return utf8(format->format(static_cast<UDate>(milliseconds.count()), text));
+    const std::unique_ptr<icu::DateFormat> format =
+        makeDateFormat(dateStyle, timeStyle, localeNamed(localeTag));
+    return format ? formatted(*format, instant) : std::string();
+}
+
+std::string TextFormat::duration(double seconds) {
+    constexpr double longest = 1e15;
+    constexpr std::int64_t perMinute = 60;
+    constexpr std::int64_t perHour = 3600;
+    const auto whole = seconds > 0 ? static_cast<std::int64_t>(std::min(seconds, longest)) : 0;
+    const NumberFormats& formats = numberFormats();
+    return whole >= perHour ? formats.duration(whole / perHour, icu::MeasureUnit::getHour,
+                                               whole % perHour / perMinute, icu::MeasureUnit::getMinute)
+                            : formats.duration(whole / perMinute, icu::MeasureUnit::getMinute,
+                                               whole % perMinute, icu::MeasureUnit::getSecond);
 }
 
 std::string TextFormat::byteCount(std::int64_t bytes) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace lumeo {
 
@@ -16,6 +17,14 @@ enum class DateStyle { none, shortStyle, mediumStyle };
 struct TextFormat {
     /// The instant in the given styles; `none` leaves that half out. Both `none` gives no text.
     static std::string date(Instant instant, DateStyle dateStyle, DateStyle timeStyle);
+
+    /// The same in the words and order of another locale ("tr", "zh-Hans"), the zone staying the user's.
+    static std::string date(Instant instant, DateStyle dateStyle, DateStyle timeStyle,
+                            std::string_view localeTag);
+
+    /// A span of time in whole hours and minutes from an hour on, else in whole minutes and seconds,
+    /// abbreviated; a unit of which there are none is left out, and nothing at all is "0s".
+    static std::string duration(double seconds);
 
     /// A file's size in decimal units: whole bytes below 1 KB, whole KB below 1 MB, at most one decimal
     /// for MB and two from GB on, halves rounded up. 0 is "Zero KB" in English, "0 KB" elsewhere.

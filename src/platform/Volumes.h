@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace lumeo {
 
@@ -15,9 +16,9 @@ struct VolumeFacts {
     std::optional<std::int64_t> availableBytesForImportantUsage; ///< with what the system would clear away
     std::optional<std::int64_t> fileSystemTotalBytes;
     std::optional<std::int64_t> fileSystemFreeBytes;
-    std::optional<std::string> localizedName; ///< label of the file system, else model of the device
-    std::optional<bool> isRemovable;
-    std::optional<bool> isInternal;
+    std::optional<std::string> localizedName; ///< label of the file system, else model of the disk
+    std::optional<bool> isRemovable;          ///< the medium can be taken out of its drive
+    std::optional<bool> isInternal;           ///< the disk is built into the machine
     friend bool operator==(const VolumeFacts&, const VolumeFacts&) = default;
 };
 
@@ -35,13 +36,23 @@ public:
     [[nodiscard]] virtual VolumeFacts facts(const FilePath& mountPoint) const = 0;
 };
 
-/// The system's own figures: mount table, statvfs, and what the kernel and udev know of the device.
-/// Asks no daemon.
+/// The system's own figures: mount table, statvfs, and what kernel and udev know of the device. Asks no
+/// daemon.
+///
+/// The system has one figure each for total and available, given as the volume's own; room that only
+/// the administrator may fill is not available. A drive whose medium stays in it leaves `isRemovable`
+/// absent, so that a disk on a cable counts by its connection. A share is named after its last folder.
 class SystemVolumes final : public Volumes {
 public:
+    /// `systemRoot` is where "proc", "sys" and "dev" are looked for.
+    explicit SystemVolumes(FilePath systemRoot = FilePath("/")) : systemRoot_(std::move(systemRoot)) {}
+
     [[nodiscard]] FilePath resolved(const FilePath& path) const override;
     [[nodiscard]] std::optional<FilePath> mountPoint(const FilePath& path) const override;
     [[nodiscard]] VolumeFacts facts(const FilePath& mountPoint) const override;
+
+private:
+    FilePath systemRoot_;
 };
 
 } // namespace lumeo

@@ -108,6 +108,35 @@ TEST_F(TextFormatTest, datesShowTheHalvesAskedForInTheZoneOfTheMoment) {
     EXPECT_THAT(full(), AllOf(HasSubstr("Mar 15, 2021"), HasSubstr("12:30:45"), HasSubstr("AM")));
 }
 
+TEST_F(TextFormatTest, datesFollowAnotherLocaleWhenOneIsNamed) {
+    const ScopedLocale english("en_US.UTF-8");
+    const auto shortDate = [](std::string_view locale) {
+        return TextFormat::date(moment, DateStyle::shortStyle, DateStyle::shortStyle, locale);
+    };
+    EXPECT_THAT(shortDate("tr"), AllOf(HasSubstr("14.03.2021"), HasSubstr("15:30")));
+    EXPECT_THAT(shortDate("zh-Hans"), AllOf(HasSubstr("2021/3/14"), HasSubstr("15:30")));
+    EXPECT_THAT(shortDate("zh-Hant"), AllOf(HasSubstr("2021/3/14"), HasSubstr("下午")));
+    EXPECT_EQ(TextFormat::date(moment, DateStyle::none, DateStyle::none, "tr"), "");
+}
+
+TEST_F(TextFormatTest, durationsAreInTwoUnitsAtMost) {
+    {
+        const ScopedLocale english("en_US.UTF-8");
+        constexpr std::pair<double, std::string_view> expected[] = {
+            {0, "0s"},           {0.9, "0s"},
+            {61.25, "1m 1s"},    {120, "2m"},
+            {3599.9, "59m 59s"}, {3600, "1h"},
+            {3659, "1h"},        {90'061, "25h 1m"},
+            {-5, "0s"},          {std::numeric_limits<double>::quiet_NaN(), "0s"},
+        };
+        for (const auto& [seconds, text] : expected) {
+            EXPECT_EQ(TextFormat::duration(seconds), text) << seconds;
+        }
+    }
+    const ScopedLocale german("de_DE.UTF-8");
+    EXPECT_EQ(TextFormat::duration(3725), "1 Std., 2 Min.");
+}
+
 TEST_F(TextFormatTest, threadsFormatSideBySide) {
     const ScopedLocale english("en_US.UTF-8");
     const std::string date = TextFormat::date(moment, DateStyle::mediumStyle, DateStyle::mediumStyle);
