@@ -130,6 +130,15 @@ void hashFolder(const fs::path& folder) {
     }
 }
 
+/// Hashes each file and removes it.
+void removeFolder(const fs::path& folder) {
+    std::vector<unsigned char> buffer(chunkSize);
+    for (const fs::path& path : filesBelow(folder)) {
+        hashFile(path, buffer);
+        fs::remove(path);
+    }
+}
+
 /// Reads and hashes the source, writes, flushes and evicts the copy, and hashes that.
 void copyFile(const fs::path& from, const fs::path& to, std::vector<unsigned char>& buffer) {
     Sha256 sourceHash;
@@ -170,13 +179,15 @@ int run(const std::vector<std::string>& arguments) {
         scanFolder(arguments[1]);
     } else if (arguments.size() == 2 && arguments[0] == "hash") {
         hashFolder(arguments[1]);
+    } else if (arguments.size() == 2 && arguments[0] == "remove") {
+        removeFolder(arguments[1]);
     } else if (arguments.size() == 3 && arguments[0] == "copy") {
         copyFolder(arguments[1], arguments[2], false);
     } else if (arguments.size() == 3 && arguments[0] == "copy-with-names") {
         copyFolder(arguments[1], arguments[2], true);
     } else {
-        std::cerr << "usage: lumeo-floor scan FOLDER | hash FOLDER | copy FOLDER DESTINATION |"
-                     " copy-with-names FOLDER DESTINATION\n";
+        std::cerr << "usage: lumeo-floor scan FOLDER | hash FOLDER | remove FOLDER |"
+                     " copy FOLDER DESTINATION | copy-with-names FOLDER DESTINATION\n";
         return 2;
     }
     return 0;
