@@ -2,6 +2,9 @@
 
 #include "platform/Uuid.h"
 
+#include <cerrno>
+#include <utility>
+
 namespace lumeo {
 namespace {
 
@@ -19,15 +22,43 @@ FileResult<void> writeWhole(FileSystem& fileSystem, std::string_view document, c
     return (*file)->close();
 }
 
+/// The name that the document is to have in the end: of what a link leads to, which may not exist yet.
+/// Refuses what is no regular file: a device or a pipe would be replaced by one.
+FileResult<FilePath> behindLinks(const FileSystem& fileSystem, FilePath path) {
+    constexpr int mostLinks = 40; // as many as the system follows
+    for (int links = 0; links <= mostLinks; ++links) {
+        const FileResult<FileStatus> found = fileSystem.status(path);
+        if (!found) {
+            return found.error().errnoValue == ENOENT ? FileResult<FilePath>(std::move(path)) : found.error();
+        }
+        if (found->kind == FileKind::regular) {
+            return path;
+        }
+        if (found->kind != FileKind::symbolicLink) {
+            return FileError{FileAction::create, path, found->kind == FileKind::folder ? EISDIR : ENOTSUP};
+        }
+        FileResult<FilePath> target = fileSystem.linkTarget(path);
+        if (!target) {
+            return target;
+        }
+        path = *std::move(target);
+    }
+    return FileError{FileAction::create, path, ELOOP};
+}
+
 } // namespace
 
 FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
-    const FilePath folder = path.parent().empty() ? FilePath(".") : path.parent();
+    const FileResult<FilePath> target = behindLinks(fileSystem, path);
+    if (!target) {
+        return target.error();
+    }
+    const FilePath folder = target->parent().empty() ? FilePath(".") : target->parent();
     // A name of its own length: with the document's name in it, it could be too long for the folder.
     const FilePath temporary = folder.appending(".lumeo-" + Uuid::random().text() + ".tmp");
     FileResult<void> done = writeWhole(fileSystem, document, temporary);
     if (done) {
-        done = fileSystem.renameReplacing(temporary, path);
+        done = fileSystem.renameReplacing(temporary, *target);
     }
     if (!done) {
         const FileResult<void> removed = fileSystem.removeFile(temporary); // the first error tells more

@@ -139,6 +139,10 @@ public:
     /// The status of what the path leads to, links followed.
     virtual FileResult<FileStatus> targetStatus(const FilePath& path) const = 0;
 
+    /// Where a symbolic link leads, seen from its own folder when it does not say from the root. Fails
+    /// with EINVAL for anything else.
+    virtual FileResult<FilePath> linkTarget(const FilePath& link) const = 0;
+
     /// True when something has this name, be it a dangling link. An entry that cannot be examined for
     /// another reason than its absence counts as existing: nobody may plan to take its place.
     [[nodiscard]] bool exists(const FilePath& path) const;

@@ -4,6 +4,7 @@
 #include "platform/PosixOpenFile.h"
 
 #include <algorithm>
+#include <climits>
 #include <limits>
 
 #include <fcntl.h>
@@ -98,6 +99,18 @@ FileResult<FileStatus> PosixFileSystem::status(const FilePath& path) const {
 
 FileResult<FileStatus> PosixFileSystem::targetStatus(const FilePath& path) const {
     return statusOf(path, 0);
+}
+
+FileResult<FilePath> PosixFileSystem::linkTarget(const FilePath& link) const {
+    std::string target(PATH_MAX, '\0'); // the system makes no link with more in it
+    const int length = callAt(link, [&](int folder, const char* name) {
+        return static_cast<int>(readlinkat(folder, name, target.data(), target.size()));
+    });
+    if (length < 0) {
+        return FileError{FileAction::examine, link, errno};
+    }
+    target.resize(static_cast<std::size_t>(length));
+    return target.starts_with('/') ? FilePath(std::move(target)) : link.parent().appending(target);
 }
 
 FileResult<std::unique_ptr<DirectoryEnumerator>>

@@ -9,6 +9,7 @@ class PosixFileSystem final : public FileSystem {
 public:
     FileResult<FileStatus> status(const FilePath& path) const override;
     FileResult<FileStatus> targetStatus(const FilePath& path) const override;
+    FileResult<FilePath> linkTarget(const FilePath& link) const override;
     FileResult<std::unique_ptr<DirectoryEnumerator>>
     enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const override;
     FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override;

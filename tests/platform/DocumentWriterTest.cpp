@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace lumeo {
 namespace {
@@ -35,7 +36,7 @@ TEST(DocumentWriterTest, whicheverCallFailsTheOldDocumentOrTheNewOneIsThereWhole
         EXPECT_EQ(entriesIn(folder.path()), 1U) << "call " << failing;
         calls = isLastCall ? failing : failing + 1;
     }
-    EXPECT_EQ(calls, 6U); // create, write, flush, close, rename, flush the folder
+    EXPECT_EQ(calls, 7U); // look, create, write, flush, close, rename, flush the folder
 }
 
 TEST(DocumentWriterTest, aFullDiskLeavesTheOldDocument) {
@@ -51,15 +52,34 @@ TEST(DocumentWriterTest, aFullDiskLeavesTheOldDocument) {
     EXPECT_EQ(entriesIn(folder.path()), 1U);
 }
 
-TEST(DocumentWriterTest, theLongestNameIsWrittenButNoFolderReplaced) {
+TEST(DocumentWriterTest, onlyFilesAreReplacedAndLinksLeadToThem) {
     const TempFolder folder;
     PosixFileSystem disk;
     const FilePath longest = folder / std::string(255, 'n');
     EXPECT_TRUE(writeDocument(disk, "text", longest));
     EXPECT_EQ(contentOf(longest), "text");
-    ASSERT_TRUE(disk.createFolders(folder / "taken"));
-    EXPECT_FALSE(writeDocument(disk, "text", folder / "taken"));
-    EXPECT_EQ(entriesIn(folder.path()), 2U);
+
+    const FilePath file = folder.write("elsewhere/report.txt", "old");
+    std::filesystem::create_symlink("elsewhere/report.txt", (folder / "relative").bytes());
+    std::filesystem::create_symlink((folder / "relative").bytes(), (folder / "absolute").bytes());
+    std::filesystem::create_symlink("elsewhere/new.txt", (folder / "dangling").bytes());
+    EXPECT_TRUE(writeDocument(disk, "new", folder / "absolute"));
+    EXPECT_TRUE(writeDocument(disk, "new", folder / "dangling"));
+    EXPECT_EQ(contentOf(file), "new");
+    EXPECT_EQ(contentOf(folder / "elsewhere/new.txt"), "new");
+    EXPECT_EQ(disk.status(folder / "relative")->kind, FileKind::symbolicLink);
+
+    const FilePath pipe = folder / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::filesystem::create_symlink("loop", (folder / "loop").bytes());
+    for (const auto& [path, reason] : std::initializer_list<std::pair<FilePath, int>>{
+             {folder / "elsewhere", EISDIR}, {pipe, ENOTSUP}, {folder / "loop", ELOOP}}) {
+        const FileResult<void> written = writeDocument(disk, "text", path);
+        ASSERT_FALSE(written);
+        EXPECT_EQ(written.error().errnoValue, reason);
+    }
+    EXPECT_EQ(disk.status(pipe)->kind, FileKind::other);
+    EXPECT_EQ(entriesIn(folder.path()), 7U);
 }
 
 } // namespace

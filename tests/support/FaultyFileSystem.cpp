@@ -230,6 +230,13 @@ FileResult<FileStatus> FaultyFileSystem::targetStatus(const FilePath& path) cons
     return ForwardingFileSystem::targetStatus(path);
 }
 
+FileResult<FilePath> FaultyFileSystem::linkTarget(const FilePath& link) const {
+    if (auto error = meet("linkTarget", FileAction::examine, link)) {
+        return *error;
+    }
+    return ForwardingFileSystem::linkTarget(link);
+}
+
 FileResult<std::unique_ptr<DirectoryEnumerator>>
 FaultyFileSystem::enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const {
     if (auto error = meet("enumerate", FileAction::list, folder)) {

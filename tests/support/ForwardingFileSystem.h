@@ -14,6 +14,7 @@ public:
     FileResult<FileStatus> targetStatus(const FilePath& path) const override {
         return target_.targetStatus(path);
     }
+    FileResult<FilePath> linkTarget(const FilePath& link) const override { return target_.linkTarget(link); }
     FileResult<std::unique_ptr<DirectoryEnumerator>>
     enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const override {
         return target_.enumerate(folder, std::move(onError));

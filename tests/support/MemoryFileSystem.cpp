@@ -69,6 +69,14 @@ FileResult<FileStatus> MemoryFileSystem::targetStatus(const FilePath& path) cons
     return status(isLink ? FilePath(found->second.content) : path);
 }
 
+FileResult<FilePath> MemoryFileSystem::linkTarget(const FilePath& link) const {
+    const auto found = entries_.find(link);
+    if (found == entries_.end() || found->second.kind != FileKind::symbolicLink) {
+        return FileError{FileAction::examine, link, found == entries_.end() ? ENOENT : EINVAL};
+    }
+    return FilePath(found->second.content);
+}
+
 FileResult<std::unique_ptr<DirectoryEnumerator>>
 MemoryFileSystem::enumerate(const FilePath& folder, std::function<void(const FileError&)>) const {
     return FileError{FileAction::list, folder, ENOTSUP};
