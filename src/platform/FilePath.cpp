@@ -149,6 +149,26 @@ std::string replacingInvalidUtf8(std::string_view bytes) {
     return text;
 }
 
+std::string printable(std::string_view bytes) {
+    std::string text;
+    for (const char character : replacingInvalidUtf8(bytes)) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (character == '\n') {
+            text += "\\n";
+        } else if (character == '\t') {
+            text += "\\t";
+        } else if (byte < 0x20U || byte == 0x7FU) {
+            constexpr std::string_view digits = "0123456789ABCDEF";
+            text += "\\x";
+            text += digits[byte >> 4U];
+            text += digits[byte & 0x0FU];
+        } else {
+            text += character;
+        }
+    }
+    return text;
+}
+
 bool isValidUtf8(std::string_view bytes) noexcept {
     bool valid = true;
     walkUtf8(bytes, [&](std::string_view, bool wellFormed) { valid = valid && wellFormed; });

@@ -71,6 +71,10 @@ std::string_view deletingPathExtension(std::string_view fileName) noexcept;
 /// `bytes` as UTF-8 text, each ill-formed sequence replaced by U+FFFD.
 std::string replacingInvalidUtf8(std::string_view bytes);
 
+/// A file's name or path as one line of text for a person: what is not UTF-8 shows as U+FFFD, control
+/// characters as \n, \t or \xHH, so that no name can pass for a line of its own.
+std::string printable(std::string_view bytes);
+
 /// True when `bytes` is well-formed UTF-8.
 bool isValidUtf8(std::string_view bytes) noexcept;
 

@@ -37,7 +37,7 @@ std::string_view couldNotBe(FileAction action) {
 } // namespace
 
 std::string FileError::message() const {
-    std::string text = "“" + replacingInvalidUtf8(path.lastComponent()) + "” ";
+    std::string text = "“" + printable(path.lastComponent()) + "” ";
     text += couldNotBe(action);
     text += ": " + std::generic_category().message(errnoValue) + ".";
     return text;

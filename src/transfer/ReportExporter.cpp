@@ -31,20 +31,6 @@ std::string_view mediaTypeText(MediaType type) {
     return "Other Media";
 }
 
-std::string_view confidenceText(DateConfidence confidence) {
-    switch (confidence) {
-    case DateConfidence::low:
-        return "Low";
-    case DateConfidence::medium:
-        return "Medium";
-    case DateConfidence::high:
-        return "High";
-    case DateConfidence::unknown:
-        break;
-    }
-    return "Unknown";
-}
-
 std::string_view textOr(const std::optional<std::string>& text, std::string_view fallback) {
     return text ? std::string_view(*text) : fallback;
 }
@@ -114,7 +100,7 @@ void appendRow(std::string& document, const FileTransactionItem& record, const M
         .field(item != nullptr ? mediaTypeText(item->mediaType) : "Media")
         .field(LUMEODateFormatters::formattedFully(record.dateResolved))
         .field(textOr(record.dateSource, "Unknown"))
-        .field(confidenceText(item != nullptr ? item->dateConfidence : DateConfidence::unknown))
+        .field(userFriendlyLabel(item != nullptr ? item->dateConfidence : DateConfidence::unknown))
         .field(item != nullptr && item->exactDuplicateGroupID ? "Duplicate" : "Unique")
         .field(operation)
         .field(textOr(record.verificationResult, "Unverified"))
@@ -123,11 +109,11 @@ void appendRow(std::string& document, const FileTransactionItem& record, const M
         .end();
 }
 
-/// Lines of a label and its text.
+/// Lines of a label and its text. A file's name may hold line feeds, and must not write records of its own.
 class TextLines {
 public:
     TextLines& line(std::string_view label, std::string_view text = {}) {
-        document_.append(label).append(text) += '\n';
+        document_.append(label).append(printable(text)) += '\n';
         return *this;
     }
     TextLines& rule() { return line(std::string(80, '=')); }
@@ -170,9 +156,6 @@ void appendBlock(TextLines& report, std::size_t number, const FileTransactionIte
 
 } // namespace
 
-// Both documents are put together from the paths' own bytes and made UTF-8 as a whole at the end: all
-// separators are ASCII, so no ill-formed sequence can swallow one.
-
 std::string ReportExporter::generateCSV(const OperationManifest& manifest, std::span<const MediaItem> items) {
     const ItemsByPath byPath = itemsByPath(items);
     std::string document(csvHeader);
@@ -180,6 +163,7 @@ std::string ReportExporter::generateCSV(const OperationManifest& manifest, std::
         const auto found = byPath.find(record.originalPath.bytes());
         appendRow(document, record, found == byPath.end() ? nullptr : found->second, manifest.operationType);
     }
+    // As a whole: all separators are ASCII, so no ill-formed sequence can swallow one.
     return replacingInvalidUtf8(document);
 }
 
@@ -197,7 +181,7 @@ std::string ReportExporter::generateTextReport(const OperationManifest& manifest
     for (std::size_t i = 0; i < manifest.items.size(); ++i) {
         appendBlock(report, i + 1, manifest.items[i]);
     }
-    return replacingInvalidUtf8(std::move(report).take());
+    return std::move(report).take();
 }
 
 std::string ReportExporter::defaultCSVName(Instant now) {

@@ -15,7 +15,7 @@ struct ReportExporter {
     /// columns that the journal does not hold.
     static std::string generateCSV(const OperationManifest& manifest, std::span<const MediaItem> items);
 
-    /// A summary and one block for each record.
+    /// A summary and one block for each record. Control characters in names are written out ("\n").
     static std::string generateTextReport(const OperationManifest& manifest);
 
     /// "LUMEO_Organization_Report_" and the moment in ISO 8601, with its ending.

@@ -109,8 +109,9 @@ TEST(ReportExporterCsv, CarriageReturnAloneIsNotQuoted) {
 TEST(ReportExporterText, TellsSummaryAndEveryRecord) {
     const std::string rule = std::string(80, '=') + "\n";
     const std::string date = LUMEODateFormatters::formattedFully(codedEpoch);
-    std::vector records{verifiedRecord(), failedRecord(),
-                        record("/card/\xff.jpg", "/archive/\xff.jpg", TransactionStatus::skipped)};
+    std::vector records{
+        verifiedRecord(), failedRecord(),
+        record("/card/\xff\n[4] VERIFIED: x", "/archive/\xff.jpg", TransactionStatus::skipped)};
 
     EXPECT_EQ(ReportExporter::generateTextReport(manifestOf(std::move(records))),
               rule + "LUMEO. - Media Organization Report\n" + rule + "Timestamp: " + date +
@@ -145,8 +146,8 @@ TEST(ReportExporterText, TellsSummaryAndEveryRecord) {
                   "    Verification: Half\n"
                   "    Error: No, no\n"
                   "\n"
-                  "[3] SKIPPED: \uFFFD.jpg\n"
-                  "    From: /card/\uFFFD.jpg\n"
+                  "[3] SKIPPED: \uFFFD\\n[4] VERIFIED: x\n"
+                  "    From: /card/\uFFFD\\n[4] VERIFIED: x\n"
                   "    To:   /archive/\uFFFD.jpg\n"
                   "    Date: Unknown (Unknown)\n");
 }
