@@ -1,5 +1,7 @@
 #include "transfer/VerifiedTransfer.h"
 
+#include <cerrno>
+
 namespace lumeo {
 namespace {
 
@@ -39,8 +41,13 @@ TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, O
     if (const FileResult<void> created = folders_.createFolders(folder); !created) {
         return TransferError(created.error());
     }
-    if (fileSystem_.exists(destination)) {
+    const FileResult<FileStatus> found = fileSystem_.status(destination);
+    if (found) {
         return compareWithExisting(item, cancelled, record);
+    }
+    // Such as a name too long: better told now than once all of the content was copied.
+    if (found.error().errnoValue != ENOENT) {
+        return TransferError(found.error());
     }
     VerifiedCopy copy(fileSystem_, destination, cancelled);
     if (TransferResult<void> created = copy.create(item.sourceURL); !created) {

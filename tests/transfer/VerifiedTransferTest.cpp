@@ -85,6 +85,10 @@ TEST_F(VerifiedTransferTest, TakesEveryNameThatAFileSystemTakes) {
         EXPECT_EQ(transfer(item, OperationMode::move).status, TransactionStatus::verified);
     }
     world.expectAllMoved();
+    // A numbered name may be too long: that is told before anything is copied.
+    disk.failAction(FileAction::create, EIO);
+    expectFailed(transfer(world.add("b.jpg", "b", std::string(256, 'b')), OperationMode::move),
+                 "“" + std::string(256, 'b') + "” could not be examined: File name too long.");
     for (std::size_t cut = 240; cut <= 255; ++cut) {
         const FilePath path("/archive/" + std::string(cut - 5, 'a') + "\xE2\x82\xAC" + "bb");
         const FilePath temporary = VerifiedCopy::temporaryPath(path);
