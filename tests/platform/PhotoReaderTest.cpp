@@ -147,11 +147,18 @@ TEST(PhotoReaderTest, readsBigEndianBlocksAndTextsUpToTheirNul) {
     signedOffset.type = 9;
     const std::string exifDirectory =
         tiff.directory({tiff.number16(0xA002, 4032), tiff.number16(0xA003, 3024)}, 100);
+    // Some phones sign what the reference signs already.
+    const TiffMaker::Entry signedDegrees{2, 10, 1, tiff.u32(0xFFFFFFD0) + tiff.u32(1)};
     std::string block =
-        tiff.header() +
-        tiff.directory({tiff.text(0x010F, "Ma\0ker"s), tiff.text(0x0110, "M1"), signedOffset}, 8);
+        tiff.header() + tiff.directory({tiff.text(0x010F, "Ma\0ker"s), tiff.text(0x0110, "M1"), signedOffset,
+                                        tiff.number32(0x8825, 200)},
+                                       8);
     block.resize(100);
-    const PhotoProperties properties = propertiesOf(jpegWithExif(block + exifDirectory));
+    block += exifDirectory;
+    block.resize(200);
+    const PhotoProperties properties =
+        propertiesOf(jpegWithExif(block + tiff.directory({signedDegrees, tiff.text(1, "S")}, 200)));
+    EXPECT_THAT(properties.gps.latitude, Optional(48.0));
     EXPECT_THAT(properties.tiff.make, Optional(Eq("Ma")));
     EXPECT_THAT(properties.tiff.model, Optional(Eq("M1"))); // fits into the entry itself
     EXPECT_THAT(properties.exif.pixelXDimension, Optional(4032));

@@ -43,7 +43,7 @@ TEST(XmpReaderTest, readsPositionsWholeOrNotAtAll) {
     EXPECT_THAT(gps.latitude, Optional(DoubleNear(48.51, 1e-9)));
     EXPECT_THAT(gps.longitude, Optional(DoubleNear(2.26, 1e-9)));
     EXPECT_THAT(gps.longitudeRef, Optional(Eq("W")));
-    for (const char* const wrong : {"", "N", "48", "48,x N", "48,1,2,3N", "-48,1N", "48,nanN", "48,30.6E"}) {
+    for (const char* const wrong : {"", "N", "48", "48,x N", "48,1,2,3N", "-48,1N", "48,nanN", "infN", "48,30.6E"}) {
         EXPECT_EQ(gpsOf(wrong, "2,15,36W"), PhotoProperties::Gps{}) << wrong;
     }
 }

@@ -136,7 +136,6 @@ std::optional<std::uint64_t> TiffStructure::integer(const TiffEntry* entry, std:
 }
 
 std::optional<double> TiffStructure::degrees(const TiffEntry* entry) {
-    // Some phones sign their fractions, though a coordinate's sign is told by its reference.
     if (entry == nullptr || (entry->type != rationalType && entry->type != signedRationalType) ||
         entry->count == 0 || entry->count > 3) {
         return std::nullopt;
@@ -146,11 +145,16 @@ std::optional<double> TiffStructure::degrees(const TiffEntry* entry) {
     if (!bytes) {
         return std::nullopt;
     }
+    // Some phones sign their fractions, though it is the reference that tells a coordinate's sign.
+    const auto magnitude = [entry](std::uint32_t part) {
+        const bool isNegative = entry->type == signedRationalType && part >> 31U != 0;
+        return isNegative ? 0 - part : part;
+    };
     double degrees = 0;
     double unit = 1;
     for (std::size_t i = 0; i < parts; ++i, unit /= 60) {
-        const auto numerator = number<std::uint32_t>(*bytes, i * 8);
-        const auto denominator = number<std::uint32_t>(*bytes, i * 8 + 4);
+        const std::uint32_t numerator = magnitude(number<std::uint32_t>(*bytes, i * 8));
+        const std::uint32_t denominator = magnitude(number<std::uint32_t>(*bytes, i * 8 + 4));
         if (denominator == 0) {
             return std::nullopt;
         }

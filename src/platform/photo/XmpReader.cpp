@@ -68,7 +68,7 @@ std::optional<Coordinate> coordinate(const std::optional<std::string>& text, std
     for (int part = 0; part < 3; ++part, unit /= 60) {
         double number = 0;
         const auto [next, error] = std::from_chars(at, end, number, std::chars_format::fixed);
-        if (error != std::errc{} || !(number >= 0)) {
+        if (error != std::errc{} || !(number >= 0 && number <= 180)) { // "nan" and "inf" are numbers too
             return std::nullopt;
         }
         degrees += unit * number;
