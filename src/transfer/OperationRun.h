@@ -46,7 +46,6 @@ public:
     OperationManifest takeManifest() && { return std::move(manifest_); }
 
 private:
-    [[nodiscard]] double secondsSince(std::chrono::nanoseconds moment) const;
     void updateRates(std::chrono::nanoseconds now);
 
     const Clock& clock_;

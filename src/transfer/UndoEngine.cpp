@@ -1,6 +1,8 @@
 #include "transfer/UndoEngine.h"
 
 #include "hashing/StreamingHashService.h"
+#include "model/OrganizationPlan.h"
+#include "platform/AsciiCase.h"
 #include "transfer/FolderFlusher.h"
 #include "transfer/HeldFile.h"
 #include "transfer/VerifiedCopy.h"
@@ -44,10 +46,7 @@ Outcome notRestored(const FileTransactionItem& item, const TransferError& error)
 }
 
 bool isMoveRun(const OperationManifest& manifest) {
-    const auto lowerCase = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    std::string type = manifest.operationType;
-    std::transform(type.begin(), type.end(), type.begin(), lowerCase);
-    return type == "move";
+    return equalIgnoringAsciiCase(manifest.operationType, rawValue(OperationMode::move));
 }
 
 /// Takes back the files of one run.
