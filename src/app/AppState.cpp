@@ -1,10 +1,265 @@
 #include "app/AppState.h"
 
+#include "app/Preferences.h"
+#include "dates/FilesystemDates.h"
+#include "planning/OutputSize.h"
+
+#include <algorithm>
+#include <utility>
+
 namespace lumeo {
+namespace {
+
+template<class Condition>
+std::int64_t countOf(const std::vector<MediaItem>& items, Condition condition) {
+    return std::ranges::count_if(items, condition);
+}
+
+std::int64_t countOfType(const std::vector<MediaItem>& items, MediaType type) {
+    return countOf(items, [type](const MediaItem& item) { return item.mediaType == type; });
+}
+
+} // namespace
 
 AppState::AppState(const AppEnvironment& environment, QObject* parent)
-    : QObject(parent), environment_(environment) {}
+    : QObject(parent),
+      environment_(environment),
+      organizationPlan_(environment.preferences.newPlan()),
+      lastOperationSummary_(environment.preferences.lastOperationSummary()) {}
 
 AppState::~AppState() = default;
+
+template<class Value>
+void AppState::change(Value& field, Value value, void (AppState::*changed)()) {
+    if (field != value) {
+        field = std::move(value);
+        emit(this->*changed)();
+    }
+}
+
+std::int64_t AppState::totalFilesCount() const {
+    return static_cast<std::int64_t>(scannedItems_->size());
+}
+
+std::int64_t AppState::photosCount() const {
+    return countOfType(*scannedItems_, MediaType::photo);
+}
+
+std::int64_t AppState::videosCount() const {
+    return countOfType(*scannedItems_, MediaType::video);
+}
+
+std::int64_t AppState::rawCount() const {
+    return countOfType(*scannedItems_, MediaType::rawPhoto);
+}
+
+std::int64_t AppState::exactDuplicatesCount() const {
+    return countOf(*scannedItems_,
+                   [](const MediaItem& item) { return item.exactDuplicateGroupID.has_value(); });
+}
+
+std::int64_t AppState::missingDateCount() const {
+    return countOf(*scannedItems_, [](const MediaItem& item) { return !item.resolvedDate; });
+}
+
+std::int64_t AppState::warningsCount() const {
+    return countOf(*scannedItems_, [](const MediaItem& item) { return !item.scanWarnings.empty(); });
+}
+
+std::int64_t AppState::totalMediaSizeBytes() const {
+    return lumeo::requiredOutputSizeBytes(*scannedItems_, DuplicatePolicy::keepAll);
+}
+
+std::int64_t AppState::requiredOutputSizeBytes() const {
+    return lumeo::requiredOutputSizeBytes(*scannedItems_, organizationPlan_.duplicatePolicy);
+}
+
+bool AppState::canProceedToNextStep() const {
+    switch (currentStep_) {
+    case WizardStep::sources:
+        return !sources_.empty();
+    case WizardStep::scanResults:
+        return !scannedItems_->empty();
+    case WizardStep::processing:
+        return false;
+    case WizardStep::organization:
+    case WizardStep::preview:
+    case WizardStep::report:
+        break;
+    }
+    return true;
+}
+
+void AppState::proceedToNextStep() {
+    if (!canProceedToNextStep()) {
+        return;
+    }
+    complete({currentStep_});
+    if (currentStep_ != WizardStep::report) {
+        goTo(static_cast<WizardStep>(static_cast<int>(currentStep_) + 1));
+    }
+}
+
+void AppState::navigateToStep(WizardStep target) {
+    if (target > currentStep_ && !completedSteps_.contains(target)) {
+        return;
+    }
+    if (target == WizardStep::preview && !isPlanCurrent_ && !isPlanning_) {
+        startPlanning();
+    }
+    goTo(target);
+}
+
+void AppState::goTo(WizardStep step) {
+    change(currentStep_, step, &AppState::currentStepChanged);
+}
+
+void AppState::complete(std::initializer_list<WizardStep> steps) {
+    std::set<WizardStep> completed = completedSteps_;
+    completed.insert(steps);
+    change(completedSteps_, std::move(completed), &AppState::completedStepsChanged);
+}
+
+void AppState::promptAddFolderPanel() {
+    promptFolders({.prompt = QStringLiteral("Select"),
+                   .message = QStringLiteral("Choose photo & video folders or external drives to organize"),
+                   .allowsSeveral = true},
+                  [this](const std::vector<FilePath>& folders) {
+                      for (const FilePath& folder : folders) {
+                          addSource(folder);
+                      }
+                  });
+}
+
+void AppState::promptDestinationFolderPanel() {
+    promptFolders({.prompt = QStringLiteral("Select Destination"),
+                   .message = QStringLiteral("Choose destination directory for your organized media archive"),
+                   .allowsCreation = true},
+                  [this](const std::vector<FilePath>& folders) {
+                      if (!folders.empty()) {
+                          setDestination(folders.front());
+                      }
+                  });
+}
+
+void AppState::promptFolders(const FolderRequest& request, FolderChooser::Answer answer) {
+    if (isSelectingFolder_) {
+        return;
+    }
+    change(isSelectingFolder_, true, &AppState::isSelectingFolderChanged);
+    environment_.desktop.folderChooser.choose(
+        request, [state = QPointer(this), answer = std::move(answer)](std::vector<FilePath> folders) {
+            if (state) {
+                state->change(state->isSelectingFolder_, false, &AppState::isSelectingFolderChanged);
+                answer(std::move(folders));
+            }
+        });
+}
+
+void AppState::addSource(const FilePath& url) {
+    const FilePath standardized = FilePath::standardized(url.bytes());
+    if (std::ranges::find(sources_, standardized, &SourceVolume::url) != sources_.end()) {
+        return;
+    }
+    sources_.push_back(SourceVolume::measure(Uuid::random(), standardized, environment_.volumes));
+    emit sourcesChanged();
+}
+
+void AppState::removeSource(const Uuid& id) {
+    if (std::erase_if(sources_, [&id](const SourceVolume& source) { return source.id == id; }) > 0) {
+        emit sourcesChanged();
+    }
+}
+
+void AppState::clearSources() {
+    change(sources_, {}, &AppState::sourcesChanged);
+}
+
+void AppState::setDestination(const FilePath& url) {
+    organizationPlan_.destinationURL = FilePath::standardized(url.bytes());
+    destinationVolume_ = measureDestination();
+    emit organizationPlanChanged();
+    emit destinationVolumeChanged();
+    isPlanCurrent_ = false;
+    startPlanning();
+}
+
+/// A folder that is yet to be made has the room of the one that it will lie in.
+SourceVolume AppState::measureDestination() const {
+    const FilePath& folder = *organizationPlan_.destinationURL;
+    SourceVolume volume = SourceVolume::measure(Uuid::random(), folder, environment_.volumes);
+    const FilePath nearest = environment_.fileSystem.nearestExisting(folder);
+    if (nearest != folder) {
+        const SourceVolume around = SourceVolume::measure(volume.id, nearest, environment_.volumes);
+        volume.volumeRootURL = around.volumeRootURL;
+        volume.isVolumeRoot = false;
+        volume.isRemovable = around.isRemovable;
+        volume.totalCapacityBytes = around.totalCapacityBytes;
+        volume.freeSpaceBytes = around.freeSpaceBytes;
+        volume.usedSpaceBytes = around.usedSpaceBytes;
+    }
+    return volume;
+}
+
+void AppState::setOrganizationPlan(OrganizationPlan plan) {
+    plan.destinationURL = organizationPlan_.destinationURL;
+    const OrganizationPlan before = std::exchange(organizationPlan_, std::move(plan));
+    if (before == organizationPlan_) {
+        return;
+    }
+    emit organizationPlanChanged();
+    if (before.unknownDatePolicy != organizationPlan_.unknownDatePolicy) {
+        std::vector<MediaItem> items = *scannedItems_;
+        if (organizationPlan_.unknownDatePolicy == UnknownDatePolicy::useFilesystemDate) {
+            FilesystemDates::apply(items, environment_.clock);
+        } else {
+            FilesystemDates::remove(items);
+        }
+        replaceItems(std::move(items));
+    }
+    outdatePlan();
+    if (before.preset != organizationPlan_.preset && !isPlanning_) {
+        startPlanning();
+    }
+}
+
+void AppState::previewChanges() {
+    if (currentStep_ != WizardStep::organization || !organizationPlan_.destinationURL) {
+        return;
+    }
+    startPlanning();
+    proceedToNextStep();
+}
+
+void AppState::replaceItems(std::vector<MediaItem> items) {
+    scannedItems_ = std::make_shared<const std::vector<MediaItem>>(std::move(items));
+    emit scannedItemsChanged();
+}
+
+void AppState::replaceCatalogue(std::vector<MediaItem> items) {
+    cancelPlanning();
+    ++catalogueNumber_;
+    isPlanCurrent_ = false;
+    replaceItems(std::move(items));
+}
+
+void AppState::goBackToTheStart() {
+    goTo(WizardStep::sources);
+    change(completedSteps_, {}, &AppState::completedStepsChanged);
+    replaceCatalogue({});
+}
+
+void AppState::finishCompletedOperation() {
+    goBackToTheStart();
+    change(operationProgress_, {}, &AppState::operationProgressChanged);
+    change(isProcessing_, false, &AppState::isProcessingChanged);
+    change(organizationPlan_, environment_.preferences.newPlan(), &AppState::organizationPlanChanged);
+    change(destinationVolume_, {}, &AppState::destinationVolumeChanged);
+    change(selectedFilter_, QStringLiteral("all"), &AppState::selectedFilterChanged);
+}
+
+void AppState::restartWorkflow() {
+    goBackToTheStart();
+}
 
 } // namespace lumeo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/BackgroundJobs.h"
 #include "app/Desktop.h"
 #include "app/WizardStep.h"
 #include "model/MediaItem.h"
@@ -7,17 +8,22 @@
 #include "model/SourceVolume.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "scan/MediaScanner.h"
 #include "scan/ScanProgress.h"
+#include "transfer/FileOperationEngine.h"
 #include "transfer/LastOperationSummary.h"
 #include "transfer/OperationManifest.h"
 #include "transfer/OperationProgress.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <set>
+#include <stop_token>
 #include <vector>
 
 namespace lumeo {
@@ -69,7 +75,7 @@ public:
     [[nodiscard]] const PlanningProgress& planningProgress() const { return planningProgress_; }
     [[nodiscard]] const OperationProgress& operationProgress() const { return operationProgress_; }
     [[nodiscard]] bool isProcessing() const { return isProcessing_; }
-    /// The journal of the last run that was not cancelled.
+    /// The journal of the last run that was not cancelled; null when there is none.
     [[nodiscard]] const std::shared_ptr<const OperationManifest>& activeManifest() const {
         return activeManifest_;
     }
@@ -93,7 +99,8 @@ public:
 
     [[nodiscard]] bool canProceedToNextStep() const;
     void proceedToNextStep();
-    void navigateToStep(WizardStep target); ///< back always; forward only to completed steps
+    /// Back always; forward only to completed steps. Entering the preview plans again.
+    void navigateToStep(WizardStep target);
 
     void promptAddFolderPanel();
     void addSource(const FilePath& url); ///< a source that is there already is ignored
@@ -103,7 +110,8 @@ public:
     void setDestination(const FilePath& url);
 
     /// Takes over the user's settings; the destination stays as it is. Items are dated again when the
-    /// policy for undated files changed, and planned again (startPlanning()) when a place can change.
+    /// policy for undated files changed, and planned again (startPlanning()) when the preset changed;
+    /// other changes reach their places with the next planning.
     void setOrganizationPlan(OrganizationPlan plan);
 
     void startScan();
@@ -112,6 +120,7 @@ public:
     void cancelScan();
 
     void runDuplicateDetection();
+    void stopDuplicateDetection(); ///< what it found so far is kept
 
     /// Gives every item its place, on this thread; nothing happens without a destination.
     void calculatePlannedDestinations();
@@ -120,7 +129,11 @@ public:
     void startPlanning();
     void cancelPlanning(); ///< items keep the places that they had
 
-    /// Refused on the spot when the destination has no room: see `operationProgress.errorsCount`.
+    /// Leaves the organization step for the preview, where the places appear once they are planned.
+    void previewChanges();
+
+    /// Begins once every item has its place under the present plan: while that is not so it is planned
+    /// first. Refused when the destination has no room: see `operationProgress.errorsCount`.
     void startOperation();
     void pauseOperation();
     void resumeOperation();
@@ -146,17 +159,44 @@ signals:
     void isProcessingChanged();
     void activeManifestChanged();
     void lastOperationSummaryChanged();
+    /// A run has come back, with its journal, which the state itself keeps of completed runs only.
+    void operationFinished(std::shared_ptr<const lumeo::OperationManifest> journal, bool cancelled);
     void isDetectingDuplicatesChanged();
     void selectedFilterChanged();
 
 private:
+    /// Stores a value and announces it, if it is a new one.
+    template<class Value>
+    void change(Value& field, Value value, void (AppState::*changed)());
+
+    void goTo(WizardStep step);
+    void complete(std::initializer_list<WizardStep> steps);
+    void promptFolders(const FolderRequest& request, FolderChooser::Answer answer);
+    void replaceItems(std::vector<MediaItem> items);
+    /// The same with other files: what jobs still have to say about the old ones no longer counts.
+    void replaceCatalogue(std::vector<MediaItem> items);
+    void goBackToTheStart();
+    [[nodiscard]] SourceVolume measureDestination() const;
+    [[nodiscard]] std::vector<FilePath> sourceRoots() const;
+
+    void setScanPaused(bool paused);
+    void finishScan(std::vector<MediaItem> items);
+    void finishDuplicateDetection(const Items& analyzed, std::vector<MediaItem> found);
+    void outdatePlan();
+    void endPlanning(bool isComplete);
+    void startAwaitedOperation();
+    void runOperation();
+    void finishOperation(const std::shared_ptr<const OperationManifest>& journal);
+    void recordLastOperationSummary(const OperationManifest& manifest);
+    void setOperationPaused(bool paused);
+
     AppEnvironment environment_;
 
     WizardStep currentStep_ = WizardStep::sources;
     std::set<WizardStep> completedSteps_;
     std::vector<SourceVolume> sources_;
     bool isSelectingFolder_ = false;
-    Items scannedItems_;
+    Items scannedItems_ = std::make_shared<const std::vector<MediaItem>>();
     bool isScanning_ = false;
     ScanProgress scanProgress_;
     OrganizationPlan organizationPlan_;
@@ -168,7 +208,22 @@ private:
     std::shared_ptr<const OperationManifest> activeManifest_;
     std::optional<LastOperationSummary> lastOperationSummary_;
     bool isDetectingDuplicates_ = false;
-    QString selectedFilter_;
+    QString selectedFilter_ = QStringLiteral("all");
+
+    // Jobs are told apart by number: what an older one still has to say is not listened to.
+    int scanNumber_ = 0;
+    int catalogueNumber_ = 0;
+    int planningNumber_ = 0;
+    bool isPlanCurrent_ = false;   ///< the items have their places under the present plan
+    bool operationAwaits_ = false; ///< to be started once planning, or a cancelled run, has ended
+    bool isRunEnding_ = false;     ///< a cancelled run has not come back yet
+    std::stop_source scanStop_{std::nostopstate};
+    std::stop_source detectionStop_{std::nostopstate};
+    std::stop_source planningStop_{std::nostopstate};
+    std::stop_source operationStop_{std::nostopstate};
+    std::shared_ptr<PauseSwitch<MediaScanner>> scanPause_;
+    std::shared_ptr<PauseSwitch<FileOperationEngine>> operationPause_;
+    BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with
 };
 
 } // namespace lumeo

@@ -92,6 +92,9 @@ struct CollisionResolver::Memory {
     Folder& folderOf(const FilePath& desired, std::string_view text);
     Place& placeOf(Folder& folder, const WantedPath& wanted, Counter counter);
     const std::string* digestOf(Place& place, const FilePath& path, const std::stop_token& stop) const;
+    /// The row of names behind `first`, which is taken, known up to its first free name.
+    NumberedNames& rowOf(Folder& folder, const WantedPath& wanted, Place& first);
+    void indexFiles(Folder& folder, const WantedPath& wanted, NumberedNames& names);
     std::optional<Counter> findIdentical(Folder& folder, const WantedPath& wanted, NumberedNames& names,
                                          std::int64_t size, const std::string& hash,
                                          const std::stop_token& stop);
@@ -142,17 +145,32 @@ const std::string* CollisionResolver::Memory::digestOf(Place& place, const FileP
     return place.digest.get();
 }
 
-/// The first name in the row, before the first free one, with a file of this content.
-std::optional<Counter> CollisionResolver::Memory::findIdentical(Folder& folder, const WantedPath& wanted,
-                                                                NumberedNames& names, std::int64_t size,
-                                                                const std::string& hash,
-                                                                const std::stop_token& stop) {
+NumberedNames& CollisionResolver::Memory::rowOf(Folder& folder, const WantedPath& wanted, Place& first) {
+    if (!first.numberedNames) {
+        first.numberedNames = std::make_unique<NumberedNames>();
+    }
+    NumberedNames& names = *first.numberedNames;
+    while (placeOf(folder, wanted, names.firstFree).isTaken()) {
+        ++names.firstFree;
+    }
+    return names;
+}
+
+void CollisionResolver::Memory::indexFiles(Folder& folder, const WantedPath& wanted, NumberedNames& names) {
     for (; names.indexed < names.firstFree; ++names.indexed) {
         Place& place = placeOf(folder, wanted, names.indexed);
         if (place.fileSize != Place::noFile) {
             names.filesBySize[place.fileSize].files.emplace_back(&place, names.indexed);
         }
     }
+}
+
+/// The first name in the row, before the first free one, with a file of this content.
+std::optional<Counter> CollisionResolver::Memory::findIdentical(Folder& folder, const WantedPath& wanted,
+                                                                NumberedNames& names, std::int64_t size,
+                                                                const std::string& hash,
+                                                                const std::stop_token& stop) {
+    indexFiles(folder, wanted, names);
     const auto found = names.filesBySize.find(size);
     if (found == names.filesBySize.end()) {
         return std::nullopt;
@@ -194,14 +212,7 @@ FilePath CollisionResolver::resolveUniqueDestination(const FilePath& desired, st
             return desired;
         }
     }
-    if (!first.numberedNames) {
-        first.numberedNames = std::make_unique<NumberedNames>();
-    }
-    NumberedNames& names = *first.numberedNames;
-    Place* free = &memory_->placeOf(folder, wanted, names.firstFree);
-    while (free->isTaken()) {
-        free = &memory_->placeOf(folder, wanted, ++names.firstFree);
-    }
+    NumberedNames& names = memory_->rowOf(folder, wanted, first);
     if (sourceHash) {
         const std::optional<Counter> identical =
             memory_->findIdentical(folder, wanted, names, size, *sourceHash, stop);
@@ -209,8 +220,20 @@ FilePath CollisionResolver::resolveUniqueDestination(const FilePath& desired, st
             return wanted.path(*identical);
         }
     }
-    free->isPlanned = true;
+    memory_->placeOf(folder, wanted, names.firstFree).isPlanned = true;
     return wanted.path(names.firstFree);
+}
+
+bool CollisionResolver::meetsFileOfSize(const FilePath& desired, std::int64_t size) {
+    const WantedPath wanted(desired.bytes());
+    Folder& folder = memory_->folderOf(desired, wanted.folder);
+    Place& first = memory_->placeOf(folder, wanted, 1);
+    if (!first.isOnDisk) {
+        return false;
+    }
+    NumberedNames& names = memory_->rowOf(folder, wanted, first);
+    memory_->indexFiles(folder, wanted, names);
+    return names.filesBySize.contains(size);
 }
 
 } // namespace lumeo

@@ -33,6 +33,10 @@ public:
                                       const std::optional<std::string>& sourceHash,
                                       const std::stop_token& stop = {});
 
+    /// True when a file of this size stands where `desired` or one of its numbered names would lead, so
+    /// that the source's digest is worth making before it is given a place.
+    [[nodiscard]] bool meetsFileOfSize(const FilePath& desired, std::int64_t size);
+
 private:
     struct Memory;
 
