@@ -6,3 +6,10 @@ target_compile_options(lumeo_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
     -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wundef
     $<$<BOOL:${LUMEO_WERROR}>:-Werror>)
+
+# What is generated from a target's QML files is not ours to mend.
+function(lumeo_silence_generated target)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/\\.rcc/")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
+endfunction()

@@ -1,0 +1,8 @@
+import QtQuick.Dialogs
+
+FolderDialog {
+    signal answered(url chosen)
+
+    onAccepted: answered(selectedFolder)
+    onRejected: answered("")
+}

@@ -1,0 +1,104 @@
+#include "ui/desktop/PortalRequest.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <utility>
+
+namespace lumeo {
+namespace {
+
+QString service() {
+    return QStringLiteral("org.freedesktop.portal.Desktop");
+}
+
+/// How the portal knows the window that its dialog belongs to; empty where that cannot be told.
+QString identifier(const QWindow* window) {
+    const bool isX11 = QGuiApplication::platformName() == QLatin1String("xcb");
+    return window != nullptr && isX11 ? QStringLiteral("x11:") + QString::number(window->winId(), 16)
+                                      : QString();
+}
+
+QString newToken() {
+    static int count = 0;
+    return QStringLiteral("lumeo%1").arg(++count);
+}
+
+/// Where the answer will come from: known before the call, so that no answer can be missed.
+QString expectedHandle(const QString& token) {
+    const QString sender =
+        QDBusConnection::sessionBus().baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
+    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
+}
+
+} // namespace
+
+void PortalRequest::ask(const QString& method, const QString& title, QVariantMap options,
+                        const QWindow* window, Answer answer, Refusal refused, QObject* parent) {
+    auto* const request = new PortalRequest(std::move(answer), std::move(refused), parent);
+    request->call(method, title, std::move(options), window);
+}
+
+PortalRequest::PortalRequest(Answer answer, Refusal refused, QObject* parent)
+    : QObject(parent), answer_(std::move(answer)), refused_(std::move(refused)) {}
+
+void PortalRequest::call(const QString& method, const QString& title, QVariantMap options,
+                         const QWindow* window) {
+    const QString token = newToken();
+    options[QStringLiteral("handle_token")] = token;
+    listen(expectedHandle(token));
+    // A portal that dies takes its dialog along: the user must be able to ask for another one.
+    const auto* const watcher = new QDBusServiceWatcher(service(), QDBusConnection::sessionBus(),
+                                                        QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish({}); });
+
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(service(), QStringLiteral("/org/freedesktop/portal/desktop"),
+                                       QStringLiteral("org.freedesktop.portal.FileChooser"), method);
+    message << identifier(window) << title << options;
+    auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, &PortalRequest::called);
+}
+
+void PortalRequest::listen(const QString& handle) {
+    handle_ = handle;
+    QDBusConnection::sessionBus().connect(service(), handle, QStringLiteral("org.freedesktop.portal.Request"),
+                                          QStringLiteral("Response"), this, SLOT(respond(uint, QVariantMap)));
+}
+
+void PortalRequest::called(QDBusPendingCallWatcher* watcher) {
+    watcher->deleteLater();
+    const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
+    if (reply.isError()) {
+        if (answer_) {
+            answer_ = nullptr;
+            deleteLater();
+            std::exchange(refused_, nullptr)();
+        }
+        return;
+    }
+    if (reply.value().path() != handle_) {
+        listen(reply.value().path()); // as old portals answer
+    }
+}
+
+void PortalRequest::respond(uint response, const QVariantMap& results) {
+    constexpr uint confirmed = 0;
+    finish(response == confirmed ? results.value(QStringLiteral("uris")).toStringList() : QStringList());
+}
+
+void PortalRequest::finish(const QStringList& uris) {
+    if (answer_) {
+        refused_ = nullptr;
+        deleteLater();
+        std::exchange(answer_, nullptr)(uris);
+    }
+}
+
+} // namespace lumeo

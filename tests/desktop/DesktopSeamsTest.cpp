@@ -1,0 +1,185 @@
+#include "support/EventLoop.h"
+#include "ui/desktop/DesktopFileBrowser.h"
+#include "ui/desktop/DesktopFolderChooser.h"
+#include "ui/desktop/DesktopSavePanel.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace lumeo::testing {
+namespace {
+
+/// Stands for the desktop: a portal that answers as it is told, and a file browser that notes what it
+/// is asked for.
+class FakeDesktop : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
+
+public:
+    FakeDesktop()
+        : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("desktop"))) {
+        EXPECT_TRUE(bus_.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+                                        QDBusConnection::ExportAllSlots));
+        EXPECT_TRUE(bus_.registerService(service()));
+    }
+    ~FakeDesktop() override {
+        bus_.unregisterService(service());
+        QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
+    }
+
+    static QString service() { return QStringLiteral("org.freedesktop.portal.Desktop"); }
+
+    QStringList uris;
+    uint response = 0;
+    bool dies = false;
+    QString askedMethod;
+    QString askedTitle;
+    QVariantMap askedOptions;
+
+public slots:
+    QDBusObjectPath OpenFile(const QString&, const QString& title, const QVariantMap& options,
+                             const QDBusMessage& message) {
+        return answer(QStringLiteral("OpenFile"), title, options, message);
+    }
+    QDBusObjectPath SaveFile(const QString&, const QString& title, const QVariantMap& options,
+                             const QDBusMessage& message) {
+        return answer(QStringLiteral("SaveFile"), title, options, message);
+    }
+
+private:
+    QDBusObjectPath answer(const QString& method, const QString& title, const QVariantMap& options,
+                           const QDBusMessage& message) {
+        askedMethod = method;
+        askedTitle = title;
+        askedOptions = options;
+        const QString sender = message.service().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
+        const QString handle = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
+                                   .arg(sender, options.value(QStringLiteral("handle_token")).toString());
+        QTimer::singleShot(0, this, [this, handle] {
+            if (dies) {
+                bus_.unregisterService(service());
+                return;
+            }
+            QDBusMessage signal = QDBusMessage::createSignal(
+                handle, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"));
+            signal << response << QVariantMap{{QStringLiteral("uris"), uris}};
+            bus_.send(signal);
+        });
+        return QDBusObjectPath(handle);
+    }
+
+    QDBusConnection bus_;
+};
+
+/// The answers that a chooser gave.
+struct Answers {
+    int count = 0;
+    std::vector<FilePath> folders;
+
+    FolderChooser::Answer listener() {
+        return [this](std::vector<FilePath> chosen) {
+            ++count;
+            folders = std::move(chosen);
+        };
+    }
+};
+
+const FolderRequest request{
+    .prompt = QStringLiteral("Select"), .message = QStringLiteral("Choose folders"), .allowsSeveral = true};
+
+TEST(DesktopFolderChooserTest, GivesSeveralFoldersWithEveryByteOfTheirNames) {
+    FakeDesktop desktop;
+    desktop.uris = {QStringLiteral("file:///media/card%20one"), QStringLiteral("file:///home/caf%E9"),
+                    QStringLiteral("https://elsewhere/")};
+    QQmlEngine engine;
+    DesktopFolderChooser chooser(engine);
+    Answers answers;
+    chooser.choose(request, answers.listener());
+    ASSERT_TRUE(waitUntil([&] { return answers.count > 0; }));
+    EXPECT_EQ(answers.folders, (std::vector{FilePath("/media/card one"), FilePath("/home/caf\xe9")}));
+    EXPECT_EQ(desktop.askedMethod, QStringLiteral("OpenFile"));
+    EXPECT_EQ(desktop.askedTitle, request.message);
+    EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("accept_label")), request.prompt);
+    EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("directory")), true);
+    EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("multiple")), true);
+}
+
+TEST(DesktopFolderChooserTest, AnswersOnceWhenTheUserCancelsOrThePortalDies) {
+    QQmlEngine engine;
+    DesktopFolderChooser chooser(engine);
+    for (const bool dies : {false, true}) {
+        FakeDesktop desktop;
+        desktop.uris = {QStringLiteral("file:///tmp")};
+        desktop.response = 1;
+        desktop.dies = dies;
+        Answers answers;
+        chooser.choose(request, answers.listener());
+        ASSERT_TRUE(waitUntil([&] { return answers.count > 0; }));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(answers.count, 1);
+        EXPECT_TRUE(answers.folders.empty());
+    }
+}
+
+TEST(DesktopFolderChooserTest, SaysNothingMoreOnceItIsGone) {
+    FakeDesktop desktop;
+    QQmlEngine engine;
+    Answers answers;
+    {
+        DesktopFolderChooser chooser(engine);
+        chooser.choose(request, answers.listener());
+    }
+    ASSERT_TRUE(waitUntil([&] { return !desktop.askedMethod.isEmpty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(answers.count, 0);
+}
+
+TEST(DesktopFolderChooserTest, ShowsTheToolkitsDialogWhereThereIsNoPortal) {
+    QQmlEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    QQuickWindow window;
+    window.show();
+    DesktopFolderChooser chooser(engine);
+    chooser.setWindow(&window);
+    Answers answers;
+    chooser.choose(request, answers.listener());
+    QObject* dialog = nullptr;
+    ASSERT_TRUE(waitUntil([&] {
+        for (QObject* const child : chooser.findChildren<QObject*>()) {
+            if (child->property("selectedFolder").isValid() && child->property("visible").toBool()) {
+                dialog = child;
+            }
+        }
+        return dialog != nullptr;
+    }));
+    EXPECT_EQ(dialog->property("title"), request.message);
+    QMetaObject::invokeMethod(dialog, "reject");
+    ASSERT_TRUE(waitUntil([&] { return answers.count > 0; }));
+    EXPECT_TRUE(answers.folders.empty());
+}
+
+TEST(DesktopSavePanelTest, TakesTheNameThatTheUserConfirmed) {
+    FakeDesktop desktop;
+    desktop.uris = {QStringLiteral("file:///home/report%0A")};
+    QQmlEngine engine;
+    DesktopSavePanel panel(engine);
+    std::optional<FilePath> chosen;
+    panel.choose({.defaultName = QStringLiteral("report.csv"),
+                  .typeName = QStringLiteral("CSV table"),
+                  .suffix = QStringLiteral("csv")},
+                 [&](std::optional<FilePath> file) { chosen = std::move(file); });
+    ASSERT_TRUE(waitUntil([&] { return chosen.has_value(); }));
+    EXPECT_EQ(*chosen, FilePath("/home/report\n"));
+    EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("current_name")), QStringLiteral("report.csv"));
+}
+
+} // namespace
+} // namespace lumeo::testing
+
+#include "DesktopSeamsTest.moc"
