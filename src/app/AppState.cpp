@@ -29,14 +29,6 @@ AppState::AppState(const AppEnvironment& environment, QObject* parent)
 
 AppState::~AppState() = default;
 
-template<class Value>
-void AppState::change(Value& field, Value value, void (AppState::*changed)()) {
-    if (field != value) {
-        field = std::move(value);
-        emit(this->*changed)();
-    }
-}
-
 std::int64_t AppState::totalFilesCount() const {
     return static_cast<std::int64_t>(scannedItems_->size());
 }

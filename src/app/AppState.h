@@ -24,6 +24,7 @@
 #include <optional>
 #include <set>
 #include <stop_token>
+#include <utility>
 #include <vector>
 
 namespace lumeo {
@@ -225,5 +226,13 @@ private:
     std::shared_ptr<PauseSwitch<FileOperationEngine>> operationPause_;
     BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with
 };
+
+template<class Value>
+void AppState::change(Value& field, Value value, void (AppState::*changed)()) {
+    if (field != value) {
+        field = std::move(value);
+        emit(this->*changed)();
+    }
+}
 
 } // namespace lumeo

@@ -41,7 +41,8 @@ public:
             QMetaObject::invokeMethod(
                 &context_,
                 [this, thread, outcome = std::move(outcome), finish = std::move(finish)] {
-                    threads_.erase(thread); // it has nothing left to do: joining it does not wait
+                    thread->join(); // it has nothing left to do; left unjoined it would be told to stop
+                    threads_.erase(thread);
                     finish(std::move(*outcome));
                 },
                 Qt::QueuedConnection);
