@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/FilePath.h"
+#include "platform/TextFormat.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lumeo {
+
+/// Texts and figures of the core as the screens show them, in the user's locale. What is not UTF-8 shows
+/// as U+FFFD. Any thread may call.
+inline QString shownText(std::string_view bytes) {
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+inline QString shownNumber(std::int64_t value) {
+    return shownText(TextFormat::number(value));
+}
+
+inline QString shownByteCount(std::int64_t bytes) {
+    return shownText(TextFormat::byteCount(bytes));
+}
+
+inline QString shownPath(const FilePath& path) {
+    return shownText(path.displayText());
+}
+
+/// Seconds with one decimal, such as "12.4s".
+inline QString shownSeconds(double seconds) {
+    return QString::number(seconds, 'f', 1) + QLatin1Char('s');
+}
+
+} // namespace lumeo

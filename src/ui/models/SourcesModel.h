@@ -1,0 +1,61 @@
+#pragma once
+
+#include "LastOperationTexts.h"
+#include "SourceCards.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace lumeo {
+
+class AppState;
+class LocalizationManager;
+
+/// The first screen: the folders to scan, and what the last run did.
+class SourcesModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the program")
+    Q_PROPERTY(lumeo::SourceCards* cards READ cards CONSTANT)
+    Q_PROPERTY(int count READ count NOTIFY sourcesChanged)
+    Q_PROPERTY(QString countText READ countText NOTIFY sourcesChanged)
+    Q_PROPERTY(bool canScan READ canScan NOTIFY sourcesChanged)
+    Q_PROPERTY(lumeo::LastOperationTexts lastOperation READ lastOperation NOTIFY lastOperationChanged)
+
+public:
+    /// Both must outlive the model.
+    SourcesModel(AppState& state, const LocalizationManager& localization, QObject* parent = nullptr);
+
+    [[nodiscard]] SourceCards* cards() { return &cards_; }
+    [[nodiscard]] int count() const { return cards_.rowCount(); }
+    [[nodiscard]] QString countText() const;
+    [[nodiscard]] bool canScan() const { return count() > 0; }
+    [[nodiscard]] const LastOperationTexts& lastOperation() const { return lastOperation_; }
+
+    /// True when the list names at least one file or folder of this machine. `uriList` is a dragged
+    /// "text/uri-list" byte by byte, since paths need not be text.
+    Q_INVOKABLE [[nodiscard]] bool takes(const QByteArray& uriList) const;
+    /// Adds every file and folder that the list names; all else in it is ignored.
+    Q_INVOKABLE void drop(const QByteArray& uriList);
+    Q_INVOKABLE void chooseFolders();
+    Q_INVOKABLE void remove(int row);
+    Q_INVOKABLE void clear();
+    Q_INVOKABLE void scan();
+
+signals:
+    void sourcesChanged();
+    void lastOperationChanged();
+
+private:
+    void showSources();
+    void showLastOperation();
+
+    AppState& state_;
+    const LocalizationManager& localization_;
+    SourceCards cards_;
+    LastOperationTexts lastOperation_;
+};
+
+} // namespace lumeo
