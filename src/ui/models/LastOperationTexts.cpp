@@ -1,9 +1,9 @@
-#include "LastOperationTexts.h"
+#include "ui/models/LastOperationTexts.h"
 
-#include "ShownText.h"
 #include "l10n/AppLanguage.h"
 #include "l10n/LocalizationManager.h"
 #include "platform/AsciiCase.h"
+#include "ui/models/ShownText.h"
 
 #include <QStringList>
 

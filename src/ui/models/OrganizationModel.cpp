@@ -1,10 +1,10 @@
-#include "OrganizationModel.h"
+#include "ui/models/OrganizationModel.h"
 
-#include "ShownText.h"
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
 #include "planning/DestinationPlanner.h"
 #include "planning/PathTemplateEngine.h"
+#include "ui/models/ShownText.h"
 
 #include <QRegularExpression>
 
@@ -231,7 +231,7 @@ void OrganizationModel::showItems() {
     const auto& items = *state_.scannedItems();
     // A file without a date would hide what the pattern does.
     const auto dated =
-        std::ranges::find_if(items, [](const MediaItem& item) { return item.resolvedDate.has_value(); });
+        std::ranges::find_if(items, [](const MediaItem& item) { return item.resolvedDate.hasValue(); });
     exampleItem_.reset();
     if (!items.empty()) {
         exampleItem_ = dated != items.end() ? *dated : items.front();

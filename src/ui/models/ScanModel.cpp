@@ -1,8 +1,8 @@
-#include "ScanModel.h"
+#include "ui/models/ScanModel.h"
 
-#include "ShownText.h"
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
+#include "ui/models/ShownText.h"
 
 namespace lumeo {
 

@@ -1,6 +1,6 @@
-#include "SourceCards.h"
+#include "ui/models/SourceCards.h"
 
-#include "ShownText.h"
+#include "ui/models/ShownText.h"
 
 #include <algorithm>
 

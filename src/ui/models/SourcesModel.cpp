@@ -1,8 +1,8 @@
-#include "SourcesModel.h"
+#include "ui/models/SourcesModel.h"
 
-#include "ShownText.h"
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
+#include "ui/models/ShownText.h"
 
 #include <string_view>
 #include <vector>

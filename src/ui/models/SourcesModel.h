@@ -1,7 +1,7 @@
 #pragma once
 
-#include "LastOperationTexts.h"
-#include "SourceCards.h"
+#include "ui/models/LastOperationTexts.h"
+#include "ui/models/SourceCards.h"
 
 #include <QByteArray>
 #include <QObject>

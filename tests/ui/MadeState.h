@@ -1,0 +1,96 @@
+#pragma once
+
+#include "app/AppState.h"
+#include "app/Preferences.h"
+#include "l10n/LocalizationManager.h"
+#include "platform/PosixFileSystem.h"
+#include "platform/Volumes.h"
+#include "support/EventLoop.h"
+#include "support/TempFolder.h"
+#include "support/TinyPhotos.h"
+
+#include <QSettings>
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lumeo::testing {
+
+/// Volumes whose facts a test sets; every folder is on the volume that was set for the longest path
+/// above it.
+class MadeVolumes final : public Volumes {
+public:
+    std::map<FilePath, VolumeFacts> all{{FilePath("/"), VolumeFacts{}}};
+
+    void add(const FilePath& mountPoint, std::optional<std::int64_t> total,
+             std::optional<std::int64_t> available, bool isRemovable = false) {
+        VolumeFacts facts;
+        facts.totalBytes = total;
+        facts.availableBytes = available;
+        facts.isRemovable = isRemovable;
+        all[mountPoint] = facts;
+    }
+
+    [[nodiscard]] FilePath resolved(const FilePath& path) const override { return path; }
+    [[nodiscard]] std::optional<FilePath> mountPoint(const FilePath& path) const override {
+        for (FilePath folder = path; folder != folder.parent(); folder = folder.parent()) {
+            if (all.contains(folder)) {
+                return folder;
+            }
+        }
+        return FilePath("/");
+    }
+    [[nodiscard]] VolumeFacts facts(const FilePath& mountPoint) const override { return all.at(mountPoint); }
+};
+
+/// Answers at once with what the test has laid out, and remembers what was asked.
+class MadeDesktop final : public FolderChooser, public SavePanel, public FileBrowser {
+public:
+    std::vector<FilePath> folders;
+    std::optional<FilePath> document;
+    std::vector<FolderRequest> requests;
+    std::vector<FilePath> revealed;
+
+    void choose(const FolderRequest& request, FolderChooser::Answer answer) override {
+        requests.push_back(request);
+        answer(folders);
+    }
+    void choose(const SaveRequest&, SavePanel::Answer answer) override { answer(document); }
+    void reveal(const FilePath& folder) override { revealed.push_back(folder); }
+};
+
+/// The whole state of a program whose settings, sources and archive lie in one folder of its own.
+struct MadeState {
+    TempFolder folder;
+    QSettings settings{QString::fromStdString((folder / "settings.ini").bytes()), QSettings::IniFormat};
+    Preferences preferences{settings};
+    LocalizationManager localization{settings, {QStringLiteral("en")}};
+    PosixFileSystem fileSystem;
+    SystemClock clock;
+    MadeVolumes volumes;
+    MadeDesktop desktop;
+    AppState state{{.fileSystem = fileSystem,
+                    .clock = clock,
+                    .volumes = volumes,
+                    .preferences = preferences,
+                    .desktop = {desktop, desktop, desktop}}};
+
+    /// Writes a photo that carries its own date.
+    FilePath writePhoto(std::string_view relative, const std::string& date = "2021:03:14 15:30:45") const {
+        TinyPhoto photo;
+        photo.dateTimeOriginal = date;
+        photo.model = "Camera";
+        return folder.write(relative, tinyJpeg(photo));
+    }
+
+    /// Scans "source" below the folder; false when that does not end.
+    [[nodiscard]] bool scan() {
+        state.addSource(folder / "source");
+        state.startScan();
+        return waitUntil([this] { return !state.isScanning(); });
+    }
+};
+
+} // namespace lumeo::testing

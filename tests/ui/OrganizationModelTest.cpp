@@ -1,0 +1,128 @@
+#include "ui/models/OrganizationModel.h"
+
+#include "app/AppState.h"
+#include "l10n/AppLanguage.h"
+#include "ui/MadeState.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+
+namespace lumeo {
+namespace {
+
+using testing::MadeState;
+
+class OrganizationModelTest : public ::testing::Test {
+protected:
+    [[nodiscard]] const OrganizationPlan& plan() const { return made_.state.organizationPlan(); }
+
+    /// A destination on a volume of 100 MB with that many bytes free.
+    void setDestination(std::optional<std::int64_t> freeBytes) {
+        made_.volumes.add(FilePath("/"), 100'000'000, freeBytes);
+        made_.desktop.folders = {made_.folder / "archive"};
+        model_.chooseDestination();
+    }
+
+    MadeState made_;
+    OrganizationModel model_{made_.state, made_.localization};
+};
+
+TEST_F(OrganizationModelTest, EditsThePlanAndKeepsTheRestOfIt) {
+    setDestination(std::nullopt);
+    model_.setPreset(3);
+    EXPECT_TRUE(model_.isCustom());
+    model_.setCustomTemplate(QStringLiteral("{YYYY}/Ünïcode"));
+    model_.setMove(true);
+    model_.setDuplicatePolicy(1);
+    model_.setUnknownDatePolicy(1);
+    model_.setVerifyTransfers(false);
+
+    const OrganizationPlan expected{.preset = OrganizationPreset::custom,
+                                    .customTemplate = "{YYYY}/Ünïcode",
+                                    .destinationURL = made_.folder / "archive",
+                                    .operationMode = OperationMode::move,
+                                    .duplicatePolicy = DuplicatePolicy::copyToDuplicatesFolder,
+                                    .unknownDatePolicy = UnknownDatePolicy::useFilesystemDate,
+                                    .verifyTransfers = false};
+    EXPECT_EQ(plan(), expected);
+    EXPECT_EQ(model_.preset(), 3);
+    EXPECT_EQ(model_.duplicatePolicy(), 1);
+    EXPECT_EQ(model_.unknownDatePolicy(), 1);
+    EXPECT_EQ(model_.duplicatePolicies().at(1), QStringLiteral("Organize duplicates into _Duplicates/"));
+}
+
+TEST_F(OrganizationModelTest, ShowsWhereTheCustomTemplateWouldPutAScannedFile) {
+    EXPECT_EQ(model_.exampleAfter(), QString());
+    made_.folder.write("source/a.png", "no picture");
+    made_.writePhoto("source/b.jpg");
+    ASSERT_TRUE(made_.scan());
+    const QSignalSpy changed(&model_, &OrganizationModel::exampleChanged);
+    model_.setCustomTemplate(QStringLiteral("{YYYY}/{MM} {Month}/{CameraModel}"));
+    EXPECT_FALSE(changed.isEmpty());
+    EXPECT_EQ(model_.exampleBefore(), QStringLiteral("b.jpg"));
+    EXPECT_EQ(model_.exampleAfter(), QStringLiteral("2021/03 March/Camera/b.jpg"));
+    model_.setCustomTemplate(QStringLiteral("../.."));
+    EXPECT_FALSE(model_.exampleAfter().contains(QStringLiteral("..")));
+    model_.setCustomTemplate({});
+    EXPECT_EQ(model_.exampleAfter(), QStringLiteral("b.jpg"));
+}
+
+TEST_F(OrganizationModelTest, OffersTheSameTagsInEveryLanguage) {
+    const QStringList tags{
+        QStringLiteral("{YYYY}"),       QStringLiteral("{YY}"),          QStringLiteral("{MM}"),
+        QStringLiteral("{DD}"),         QStringLiteral("{Month}"),       QStringLiteral("{MonthShort}"),
+        QStringLiteral("{CameraMake}"), QStringLiteral("{CameraModel}"), QStringLiteral("{MediaType}")};
+    for (const auto language : allCases<AppLanguage>()) {
+        made_.localization.setLanguage(language);
+        EXPECT_EQ(model_.tags(), tags) << languageCode(language).toStdString();
+        EXPECT_FALSE(model_.tagsLabel().isEmpty());
+    }
+}
+
+TEST_F(OrganizationModelTest, TellsWhetherTheDestinationHasRoom) {
+    EXPECT_FALSE(model_.hasDestination());
+    EXPECT_EQ(model_.capacityLine(), QString());
+    made_.folder.write("source/a.jpg", std::string(1'000'000, 'a'));
+    ASSERT_TRUE(made_.scan());
+
+    setDestination(1'000'001);
+    EXPECT_FALSE(model_.lacksRoom());
+    EXPECT_DOUBLE_EQ(model_.addedShare(), 0.01);
+    EXPECT_DOUBLE_EQ(model_.usedShare(), 0.98999999);
+    setDestination(1'000'000);
+    EXPECT_TRUE(model_.lacksRoom());
+    EXPECT_EQ(model_.capacityLine(), QStringLiteral("1 MB free space (Estimated archive size: 1 MB)"));
+    setDestination(std::nullopt);
+    EXPECT_FALSE(model_.lacksRoom());
+    EXPECT_FALSE(model_.hasCapacity());
+    EXPECT_EQ(model_.capacityLine(), QStringLiteral("Unknown free space (Estimated archive size: 1 MB)"));
+}
+
+TEST_F(OrganizationModelTest, EstimatesWhatTheDuplicatePolicyWouldWrite) {
+    made_.folder.write("source/a.jpg", std::string(1'000'000, 'a'));
+    made_.folder.write("source/b.jpg", std::string(1'000'000, 'a'));
+    ASSERT_TRUE(made_.scan());
+    setDestination(1'500'000);
+    EXPECT_TRUE(model_.lacksRoom());
+    made_.state.runDuplicateDetection();
+    ASSERT_TRUE(testing::waitUntil([&] { return !made_.state.isDetectingDuplicates(); }));
+    EXPECT_FALSE(model_.lacksRoom());
+    model_.setDuplicatePolicy(2);
+    EXPECT_TRUE(model_.lacksRoom());
+}
+
+TEST_F(OrganizationModelTest, LeadsOnOnlyWithADestination) {
+    made_.writePhoto("source/a.jpg");
+    ASSERT_TRUE(made_.scan());
+    made_.state.proceedToNextStep();
+    model_.previewChanges();
+    EXPECT_EQ(made_.state.currentStep(), WizardStep::organization);
+    setDestination(std::nullopt);
+    model_.previewChanges();
+    EXPECT_EQ(made_.state.currentStep(), WizardStep::preview);
+    ASSERT_TRUE(testing::waitUntil([&] { return !model_.isPlanning(); }));
+}
+
+} // namespace
+} // namespace lumeo

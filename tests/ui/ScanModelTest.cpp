@@ -1,0 +1,91 @@
+#include "ui/models/ScanModel.h"
+
+#include "ui/MadeState.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+
+namespace lumeo {
+namespace {
+
+using testing::MadeState;
+using testing::waitUntil;
+
+class ScanModelTest : public ::testing::Test {
+protected:
+    MadeState made_;
+    ScanModel model_{made_.state, made_.localization};
+};
+
+TEST_F(ScanModelTest, TellsWhatAScanMetAndWhatItFound) {
+    made_.writePhoto("source/a.jpg");
+    made_.writePhoto("source/b.jpg", "2020:01:01 10:00:00");
+    made_.folder.write("source/undated.png", "no picture");
+    made_.folder.write("source/c.mp4", "no movie");
+    made_.folder.write("source/notes.txt", "text");
+    made_.folder.write("source/sheet.doc", "text");
+    ASSERT_TRUE(made_.scan());
+
+    EXPECT_EQ(model_.photos(), QStringLiteral("3"));
+    EXPECT_EQ(model_.videos(), QStringLiteral("1"));
+    EXPECT_EQ(model_.supported(), QStringLiteral("4"));
+    EXPECT_EQ(model_.unsupported(), QStringLiteral("2"));
+    EXPECT_EQ(model_.inspected(), QStringLiteral("6"));
+    EXPECT_FALSE(model_.hasErrors());
+
+    EXPECT_EQ(model_.foundLine(), QStringLiteral("4 media files found across 1"));
+    EXPECT_TRUE(model_.scannedInLine().startsWith(QStringLiteral("Scanned in 0.")));
+    EXPECT_EQ(model_.photosFound(), QStringLiteral("3"));
+    EXPECT_EQ(model_.photosShare(), 0.75);
+    EXPECT_EQ(model_.rawShare(), 0);
+    EXPECT_EQ(model_.missingDates(), QStringLiteral("2"));
+    EXPECT_TRUE(model_.hasItems());
+    model_.organize();
+    EXPECT_EQ(made_.state.currentStep(), WizardStep::organization);
+}
+
+TEST_F(ScanModelTest, AnEmptyScanLeadsBackOnly) {
+    made_.folder.write("source/notes.txt", "text");
+    ASSERT_TRUE(made_.scan());
+    EXPECT_FALSE(model_.hasItems());
+    EXPECT_EQ(model_.photosShare(), 0);
+    model_.organize();
+    EXPECT_EQ(made_.state.currentStep(), WizardStep::scanResults);
+    model_.changeSources();
+    EXPECT_EQ(made_.state.currentStep(), WizardStep::sources);
+}
+
+TEST_F(ScanModelTest, PausesAndGoesOnAndCancelsBackToTheSources) {
+    for (int i = 0; i < 300; ++i) {
+        made_.writePhoto("source/" + std::to_string(i) + ".jpg");
+    }
+    made_.state.addSource(made_.folder / "source");
+    made_.state.startScan();
+    model_.pause();
+    ASSERT_TRUE(waitUntil([&] { return model_.isPaused(); }));
+    EXPECT_TRUE(model_.isScanning());
+    model_.resume();
+    ASSERT_TRUE(waitUntil([&] { return !model_.isPaused(); }));
+    model_.cancel();
+    EXPECT_FALSE(model_.isScanning());
+    EXPECT_EQ(made_.state.currentStep(), WizardStep::sources);
+}
+
+TEST_F(ScanModelTest, CountsDuplicatesOnceTheyAreAnalyzed) {
+    made_.writePhoto("source/a.jpg");
+    made_.writePhoto("source/b.jpg");
+    made_.writePhoto("source/c.jpg", "2020:01:01 10:00:00");
+    ASSERT_TRUE(made_.scan());
+    EXPECT_EQ(model_.duplicates(), QStringLiteral("0"));
+
+    const QSignalSpy results(&model_, &ScanModel::resultsChanged);
+    model_.analyzeDuplicates();
+    EXPECT_TRUE(model_.isAnalyzing());
+    ASSERT_TRUE(waitUntil([&] { return !model_.isAnalyzing(); }));
+    EXPECT_EQ(model_.duplicates(), QStringLiteral("2"));
+    EXPECT_FALSE(results.isEmpty());
+}
+
+} // namespace
+} // namespace lumeo
