@@ -6,6 +6,7 @@
 #include "platform/PosixFileSystem.h"
 #include "platform/Volumes.h"
 #include "support/EventLoop.h"
+#include "support/SystemSettings.h"
 #include "support/TempFolder.h"
 #include "support/TinyPhotos.h"
 
@@ -63,6 +64,7 @@ public:
 
 /// The whole state of a program whose settings, sources and archive lie in one folder of its own.
 struct MadeState {
+    ScopedEnvironment locale{"LC_ALL", "en_US.UTF-8"};
     TempFolder folder;
     QSettings settings{QString::fromStdString((folder / "settings.ini").bytes()), QSettings::IniFormat};
     Preferences preferences{settings};

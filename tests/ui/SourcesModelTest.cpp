@@ -97,7 +97,7 @@ TEST(LastOperationTextsTest, TellTheLastRunInTheLanguageOfTheInterface) {
                                        .completedAt = Instant(std::chrono::seconds(1'600'000'000))};
     auto texts = LastOperationTexts::of(summary, made.localization);
     EXPECT_EQ(texts.line.toStdString(),
-              "Operation: Move  •  Destination: Archive  •  Completed: 9/13/20, 12:26 PM");
+              "Operation: Move  •  Destination: Archive  •  Completed: 9/13/20, 12:26\u202FPM");
     EXPECT_EQ(texts.files, QStringLiteral("12,345"));
     EXPECT_EQ(texts.transferred, QStringLiteral("1.5 GB"));
     EXPECT_TRUE(texts.hasErrors);
