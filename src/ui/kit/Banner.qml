@@ -1,0 +1,44 @@
+import QtQuick
+import QtQuick.Layouts
+
+/// Something to know before going on, in a sentence.
+Rectangle {
+    id: banner
+
+    property string symbol
+    property alias text: label.text
+    property string tint: "orange"
+
+    implicitWidth: 400
+    implicitHeight: row.implicitHeight + 2 * Theme.s8
+    radius: Theme.radiusControl
+    color: Theme.soft(Theme.tint(tint))
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: text
+
+    RowLayout {
+        id: row
+
+        anchors.fill: parent
+        anchors.leftMargin: Theme.s12
+        anchors.rightMargin: Theme.s12
+        spacing: Theme.s8
+
+        Symbol {
+            visible: banner.symbol !== ""
+            name: banner.symbol
+            size: 16
+            color: Theme.tint(banner.tint)
+        }
+
+        RoleText {
+            id: label
+
+            Layout.fillWidth: true
+            font.pixelSize: Theme.tableSize
+            wrapMode: Text.Wrap
+            verticalAlignment: Text.AlignVCenter
+            Accessible.ignored: true
+        }
+    }
+}

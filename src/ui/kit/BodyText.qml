@@ -1,0 +1,6 @@
+import QtQuick
+
+/// Running text.
+RoleText {
+    wrapMode: Text.Wrap
+}

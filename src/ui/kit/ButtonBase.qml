@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// What all buttons have in common: a role and a name, the ring of the keyboard's focus, Space and
+/// Return, the pointer's shape. What it looks like is for the types on top of it.
+T.AbstractButton {
+    id: control
+
+    property string symbol
+    property real radius: Theme.radiusControl
+
+    /// What a click does, for keys and assistive programs.
+    function activate() {
+        if (checkable)
+            toggle();
+        clicked();
+    }
+
+    implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)
+    implicitHeight: Math.max(implicitBackgroundHeight, implicitContentHeight + topPadding + bottomPadding)
+    font.pixelSize: Theme.bodySize
+    opacity: enabled ? 1 : 0.45
+
+    Accessible.role: checkable ? Accessible.CheckBox : Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: control.activate()
+
+    Keys.onReturnPressed: control.activate()
+    Keys.onEnterPressed: control.activate()
+
+    HoverHandler {
+        cursorShape: Qt.PointingHandCursor
+    }
+
+    FocusRing {
+        target: control
+        radius: control.radius + 3
+    }
+}

@@ -1,0 +1,20 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// A surface for things that belong together; as tall as they are.
+T.Pane {
+    property color color: Theme.surface
+    property color lineColor: Theme.line
+    property real radius: Theme.radiusCard
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    padding: Theme.s16
+    focusPolicy: Qt.NoFocus
+
+    background: Rectangle {
+        color: parent.color
+        border.color: parent.lineColor
+        radius: parent.radius
+    }
+}

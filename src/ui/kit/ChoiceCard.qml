@@ -1,0 +1,58 @@
+import QtQuick
+import QtQuick.Layouts
+
+/// One choice of a few that deserve a picture and a sentence each, side by side.
+ExclusiveButton {
+    id: control
+
+    property string detail
+
+    implicitWidth: 200
+    padding: Theme.s16
+    radius: Theme.radiusCard
+    Accessible.description: detail
+
+    contentItem: ColumnLayout {
+        spacing: Theme.s4
+
+        RowLayout {
+            spacing: Theme.s8
+
+            Symbol {
+                name: control.symbol
+                color: control.checked ? Theme.tint(Theme.accent) : Theme.textSecondary
+            }
+
+            BodyText {
+                Layout.fillWidth: true
+                text: control.text
+                font.weight: Font.DemiBold
+            }
+
+            Symbol {
+                // Keeps its place, so that the text beside it does not move when the choice does.
+                opacity: control.checked ? 1 : 0
+                name: "checkmark.circle.fill"
+                color: Theme.tint(Theme.accent)
+            }
+        }
+
+        CaptionText {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            text: control.detail
+            wrapMode: Text.Wrap
+        }
+    }
+
+    background: Rectangle {
+        radius: control.radius
+        color: control.checked ? Theme.soft(Theme.tint(Theme.accent)) : Theme.surface
+        border.width: control.checked ? 2 : 1
+        border.color: control.checked ? Theme.tint(Theme.accent) : Theme.line
+
+        ControlOverlay {
+            control: control
+        }
+    }
+}

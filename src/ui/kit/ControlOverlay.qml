@@ -1,0 +1,18 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// Darkens or lightens what a control is drawn on while the pointer is over it or holds it down.
+Rectangle {
+    required property T.AbstractButton control
+
+    anchors.fill: parent
+    radius: control.radius
+    color: control.down ? Theme.press : control.hovered ? Theme.hover : "transparent"
+
+    Behavior on color {
+        ColorAnimation {
+            duration: Theme.quick
+            easing.type: Easing.OutCubic
+        }
+    }
+}

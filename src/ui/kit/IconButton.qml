@@ -1,0 +1,38 @@
+import QtQuick
+
+/// A button that shows its symbol only; its text is its name and its tooltip.
+ButtonBase {
+    id: control
+
+    property int size: 28
+    property int symbolSize: 18
+    property color color: Theme.textSecondary
+    property color cutOut: Theme.surface
+
+    implicitWidth: size
+    implicitHeight: size
+
+    contentItem: Item {
+        Symbol {
+            anchors.centerIn: parent
+            name: control.symbol
+            size: control.symbolSize
+            color: control.hovered ? Theme.textPrimary : control.color
+            cutOut: control.cutOut
+        }
+    }
+
+    background: Rectangle {
+        radius: control.radius
+        color: "transparent"
+
+        ControlOverlay {
+            control: control
+        }
+    }
+
+    ToolTip {
+        text: control.text
+        visible: text !== "" && (control.hovered || control.visualFocus)
+    }
+}

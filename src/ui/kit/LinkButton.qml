@@ -1,0 +1,28 @@
+import QtQuick
+
+/// A small thing to do, said in the running text's own size and without a frame.
+ButtonBase {
+    id: control
+
+    property color color: Theme.tint(Theme.accent)
+
+    implicitHeight: 28
+    leftPadding: Theme.s8
+    rightPadding: Theme.s8
+
+    contentItem: ButtonLabel {
+        text: control.text
+        symbol: control.symbol
+        color: control.color
+        font: control.font
+    }
+
+    background: Rectangle {
+        radius: control.radius
+        color: "transparent"
+
+        ControlOverlay {
+            control: control
+        }
+    }
+}

@@ -1,0 +1,28 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// A list of things to choose or do, opened by a button. The arrow keys walk through it.
+T.Menu {
+    id: menu
+
+    implicitWidth: 220
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    padding: Theme.s4
+    margins: Theme.s8
+    focus: true
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: menu.contentModel
+        currentIndex: menu.currentIndex
+        interactive: contentHeight > height
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+
+        T.ScrollBar.vertical: ScrollBar {
+        }
+    }
+
+    background: PopupSurface {
+    }
+}

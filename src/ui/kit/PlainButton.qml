@@ -1,0 +1,31 @@
+import QtQuick
+
+/// Any other thing to do.
+ButtonBase {
+    id: control
+
+    property bool trailingSymbol: false
+    property color color: Theme.textPrimary
+
+    implicitHeight: Theme.controlHeight
+    leftPadding: Theme.s12
+    rightPadding: Theme.s12
+
+    contentItem: ButtonLabel {
+        text: control.text
+        symbol: control.symbol
+        symbolTrails: control.trailingSymbol
+        color: control.color
+        font: control.font
+    }
+
+    background: Rectangle {
+        radius: control.radius
+        color: Theme.surface
+        border.color: Theme.line
+
+        ControlOverlay {
+            control: control
+        }
+    }
+}

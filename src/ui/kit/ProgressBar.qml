@@ -1,0 +1,53 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// How much is done, from 0 to 1, or that something is being done whose end cannot be told.
+T.ProgressBar {
+    id: control
+
+    property string tint: Theme.accent
+
+    implicitWidth: 200
+    implicitHeight: 6
+    Accessible.role: Accessible.ProgressBar
+
+    background: Rectangle {
+        color: Theme.sunken
+        border.color: Theme.dark ? Theme.line : "transparent"
+        radius: height / 2
+    }
+
+    contentItem: Item {
+        clip: true
+
+        Rectangle {
+            visible: !control.indeterminate && width > 0
+            width: control.visualPosition > 0 ? Math.max(height, control.visualPosition * parent.width) : 0
+            height: parent.height
+            radius: height / 2
+            color: Theme.tint(control.tint)
+        }
+
+        Rectangle {
+            id: runner
+
+            visible: control.indeterminate
+            // With reduced motion the whole bar says it, at rest.
+            width: Theme.reducedMotion ? parent.width : parent.width * 0.3
+            height: parent.height
+            radius: height / 2
+            color: Theme.tint(control.tint)
+            opacity: Theme.reducedMotion ? 0.5 : 1
+
+            XAnimator on x {
+                running: runner.visible && !Theme.reducedMotion
+                loops: Animation.Infinite
+                from: -runner.width
+                to: control.width
+                duration: 1400
+                easing.type: Easing.InOutSine
+                onRunningChanged: if (!running) runner.x = 0
+            }
+        }
+    }
+}

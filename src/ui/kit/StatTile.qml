@@ -1,0 +1,61 @@
+import QtQuick
+import QtQuick.Layouts
+
+/// One number of several, with what it counts. Keeps its size whatever the number.
+Card {
+    id: tile
+
+    property string symbol
+    property string tint: Theme.accent
+    property string value
+    property string caption
+    property string detail
+
+    implicitWidth: 160
+    padding: Theme.s12
+    Accessible.role: Accessible.Grouping
+    Accessible.name: caption + ": " + value
+
+    contentItem: RowLayout {
+        spacing: Theme.s12
+
+        Rectangle {
+            Layout.preferredWidth: 36
+            Layout.preferredHeight: 36
+            visible: tile.symbol !== ""
+            radius: Theme.radiusControl
+            color: Theme.soft(Theme.tint(tile.tint))
+
+            Symbol {
+                anchors.centerIn: parent
+                name: tile.symbol
+                color: Theme.tint(tile.tint)
+            }
+        }
+
+        ColumnLayout {
+            spacing: 0
+
+            FigureText {
+                Layout.fillWidth: true
+                text: tile.value
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 13
+            }
+
+            CaptionText {
+                Layout.fillWidth: true
+                text: tile.caption
+                elide: Text.ElideRight
+            }
+
+            CaptionText {
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: tile.detail
+                color: Theme.textTertiary
+                elide: Text.ElideRight
+            }
+        }
+    }
+}
