@@ -1,0 +1,23 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// What a long job may do to the machine meanwhile.
+Sheet {
+    title: qsTrId("performance.title")
+    symbol: "exclamationmark.triangle.fill"
+    tint: "orange"
+    doneText: qsTrId("common.done")
+
+    BodyText {
+        Layout.fillWidth: true
+        text: qsTrId("performance.message")
+        wrapMode: Text.Wrap
+        lineHeight: 1.35
+    }
+    InfoRow {
+        symbol: "checkmark.circle.fill"
+        tint: "green"
+        title: qsTrId("performance.expected")
+    }
+}
