@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// The choices that a new archive starts with, and how the program looks.
 ColumnLayout {
@@ -17,6 +18,7 @@ ColumnLayout {
         rowSpacing: Theme.s12
 
         BodyText {
+            Layout.fillWidth: true
             text: "Appearance:"
         }
         MenuPicker {
@@ -28,6 +30,7 @@ ColumnLayout {
         }
 
         BodyText {
+            Layout.fillWidth: true
             text: "Default Action:"
         }
         MenuPicker {
@@ -39,6 +42,7 @@ ColumnLayout {
         }
 
         BodyText {
+            Layout.fillWidth: true
             text: "Performance Profile:"
         }
         MenuPicker {
