@@ -42,7 +42,7 @@ constexpr LocalizedText supplementaryTexts[] = {
 constexpr LocalizedText mainTexts[] = {
     {u"step.sources", u"स्रोत"},
     {u"step.scanResults", u"स्कैन के परिणाम"},
-    {u"step.organization", u"व्यवस्थापन"},
+    {u"step.organization", u"व्यवस्था"},
     {u"step.preview", u"पूर्वावलोकन"},
     {u"step.processing", u"प्रोसेसिंग"},
     {u"step.report", u"रिपोर्ट"},
@@ -58,7 +58,7 @@ constexpr LocalizedText mainTexts[] = {
     {u"org.copyTitle", u"कॉपी करें (अनुशंसित)"},
     {u"org.moveTitle", u"मूव करें"},
 
-    {u"report.title", u"व्यवस्थापन पूरा हुआ"},
+    {u"report.title", u"मीडिया व्यवस्थित हो गया"},
     {u"report.openInFinder", u"Finder में खोलें"},
 };
 

@@ -21,8 +21,8 @@ constexpr LocalizedText supplementaryTexts[] = {
     {u"performance.expected",
      u"Bu, yoğun medya işleme sırasında beklenen bir durumdur ve bir soruna işaret etmez."},
     {u"performance.inline",
-     u"LUMEO. bu işlem sırasında depolama bant genişliğini ve sistem belleğini/önbelleğini etkin biçimde "
-     u"kullanacaktır. Mac’iniz veya harici sürücünüz geçici olarak yavaşlamış gibi gelebilir."},
+     u"LUMEO. bu işlem sırasında depolama bant genişliğini, sistem belleğini ve önbelleği yoğun biçimde "
+     u"kullanır. Mac’iniz veya harici sürücünüz geçici olarak yavaşlamış gibi gelebilir."},
 
     {u"last.title", u"Son Tamamlanan İşlem"},
     {u"last.filesProcessed", u"Dosyalar"},
@@ -64,7 +64,7 @@ constexpr LocalizedText mainTexts[] = {
                                 u"penceresine sürükleyin. Birden fazla kaynak ekleyebilirsiniz."},
     {u"help.step2.title", u"2. Medyayı Tarayın (%100 Güvenli)"},
     {u"help.step2.description", u"LUMEO. çekim tarihlerini EXIF, QuickTime ve dosya adlarından okur. Tarama, "
-                                u"özgün dosyaları asla değiştirmez veya taşımaz."},
+                                u"orijinal dosyaları asla değiştirmez veya taşımaz."},
     {u"help.step3.title", u"3. Sonuçları ve Yinelenenleri Gözden Geçirin"},
     {u"help.step3.description", u"Fotoğrafları, videoları, RAW dosyalarını, SHA-256 ile saptanan birebir "
                                 u"yinelenenleri ve güvenilir tarihi olmayan dosyaları gözden geçirin."},
@@ -89,16 +89,16 @@ constexpr LocalizedText mainTexts[] = {
     {u"privacy.account.description", u"Hesap, kayıt, e-posta veya API anahtarı gerekmez."},
     {u"privacy.telemetry.title", u"Telemetri veya İzleme Yok"},
     {u"privacy.telemetry.description",
-     u"Analiz, kullanım telemetrisi veya üçüncü taraf çökme raporlaması yoktur."},
+     u"Analitik, kullanım telemetrisi veya üçüncü taraf çökme raporlaması yoktur."},
     {u"privacy.offline.title", u"Tamamen Çevrimdışı Çalışır"},
     {u"privacy.offline.description", u"LUMEO. internet bağlantısı olmadan eksiksiz çalışır."},
     {u"privacy.safety.title", u"KORUMALI ALAN VE KAYNAK GÜVENLİĞİ"},
     {u"privacy.safety.description",
      u"LUMEO. yalnızca sizin seçtiğiniz klasörlere ve disklere erişir. Kaynak klasörlerde asla gizli "
-     u"yardımcı dosyalar oluşturmaz ve özgün çekim tarihlerini değiştirmez."},
+     u"yardımcı dosyalar oluşturmaz ve orijinal çekim tarihlerini değiştirmez."},
 
     {u"about.version", u"Sürüm"},
-    {u"about.tagline", u"macOS için gizliliği koruyan, yerel bir medya arşivi düzenleyici."},
+    {u"about.tagline", u"macOS için gizliliğinizi koruyan, yerel bir medya arşivleme uygulaması."},
     {u"about.developer", u"LUMEO geliştiricileri tarafından yapıldı"},
     {u"about.privacy", u"Gizlilik: Medyanız Mac’inizde kalır."},
 
@@ -121,7 +121,7 @@ constexpr LocalizedText mainTexts[] = {
 
     {u"scan.title", u"Medyanız Taranıyor"},
     {u"scan.pausedTitle", u"Tarama Duraklatıldı"},
-    {u"scan.subtitle", u"Klasör içerikleri çözümleniyor ve medya dosyaları kataloglanıyor…"},
+    {u"scan.subtitle", u"Klasör içerikleri analiz ediliyor ve medya dosyaları kataloglanıyor…"},
     {u"scan.photos", u"Fotoğraflar"},
     {u"scan.videos", u"Videolar"},
     {u"scan.raw", u"RAW Dosyaları"},
@@ -144,8 +144,8 @@ constexpr LocalizedText mainTexts[] = {
     {u"results.warnings", u"Üst Veri Uyarıları"},
     {u"results.warningsSubtitle", u"Şüpheli veya saati sıfırlanmış"},
     {u"results.totalSize", u"Toplam Medya Boyutu"},
-    {u"results.analyzeDuplicates", u"Yinelenenleri Çözümle (SHA-256)"},
-    {u"results.analyzingDuplicates", u"Yinelenenlerin karma değerleri çözümleniyor…"},
+    {u"results.analyzeDuplicates", u"Yinelenenleri Analiz Et (SHA-256)"},
+    {u"results.analyzingDuplicates", u"Yinelenenlerin karma değerleri analiz ediliyor…"},
     {u"results.changeSources", u"Kaynakları Değiştir"},
     {u"results.organize", u"Düzenlemeye Geç"},
 
@@ -167,9 +167,9 @@ constexpr LocalizedText mainTexts[] = {
     {u"org.change", u"Değiştir…"},
     {u"org.operationMode", u"İŞLEM MODU"},
     {u"org.copyTitle", u"Kopyala (Önerilen)"},
-    {u"org.copyDescription", u"Özgün dosyalara dokunulmaz."},
+    {u"org.copyDescription", u"Orijinal dosyalara dokunulmaz."},
     {u"org.moveTitle", u"Taşı"},
-    {u"org.moveDescription", u"Dosyalar kaynaktan yalnızca doğrulanmış aktarımdan sonra kaldırılır."},
+    {u"org.moveDescription", u"Dosyalar kaynaktan yalnızca aktarım doğrulandıktan sonra kaldırılır."},
     {u"org.advanced", u"Gelişmiş Ayarlar"},
     {u"org.missingDates", u"Eksik Tarihler:"},
     {u"org.duplicateFiles", u"Yinelenen Dosyalar:"},
@@ -197,8 +197,8 @@ constexpr LocalizedText mainTexts[] = {
     {u"preview.startCopy", u"Kopyalamayı Başlat"},
     {u"preview.startMove", u"Taşımayı Başlat…"},
     {u"preview.moveConfirmTitle", u"Taşıma İşlemini Onaylayın"},
-    {u"preview.moveConfirmMessage", u"Taşıma, başarıyla aktarılan dosyaları kaynak konumlarından yalnızca "
-                                    u"SHA-256 doğrulaması başarılı olduktan sonra kaldırır."},
+    {u"preview.moveConfirmMessage", u"Başarıyla aktarılan dosyalar, kaynak konumlarından yalnızca "
+                                    u"SHA-256 doğrulamasını geçtikten sonra kaldırılır."},
     {u"preview.moveConfirmButton", u"Evet, Dosyaları Taşı"},
     {u"preview.cancel", u"İptal"},
 
@@ -246,10 +246,10 @@ constexpr LocalizedText mainTexts[] = {
     {u"report.mode", u"İşlem Modu"},
     {u"report.photosVsVideos", u"Fotoğraf ve Video Sayısı"},
     {u"report.unknownDates", u"Bilinmeyen Tarihler"},
-    {u"report.exportCSV", u"CSV Dışa Aktar"},
+    {u"report.exportCSV", u"CSV Olarak Dışa Aktar"},
     {u"report.exportReport", u"Raporu Dışa Aktar"},
     {u"report.undo", u"Düzenlemeyi Geri Al…"},
-    {u"report.newArchive", u"Yeni Arşiv Başlat"},
+    {u"report.newArchive", u"Yeni Arşive Başla"},
     {u"report.openInFinder", u"Finder’da Aç"},
     {u"report.undoConfirmTitle", u"Düzenlemeyi Geri Al"},
     {u"report.undoConfirmMessage",
