@@ -15,10 +15,10 @@ class SettingsModel : public QObject {
     QML_UNCREATABLE("Made by the program")
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
     Q_PROPERTY(bool isDark READ isDark NOTIFY appearanceChanged)
-    Q_PROPERTY(int defaultOperation READ defaultOperation WRITE setDefaultOperation NOTIFY
-                   defaultOperationChanged)
-    Q_PROPERTY(bool verifyTransfers READ verifyTransfers WRITE setVerifyTransfers NOTIFY
-                   verifyTransfersChanged)
+    Q_PROPERTY(
+        int defaultOperation READ defaultOperation WRITE setDefaultOperation NOTIFY defaultOperationChanged)
+    Q_PROPERTY(
+        bool verifyTransfers READ verifyTransfers WRITE setVerifyTransfers NOTIFY verifyTransfersChanged)
     Q_PROPERTY(int performanceProfile READ performanceProfile WRITE setPerformanceProfile NOTIFY
                    performanceProfileChanged)
 
