@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
+#include <span>
+
+namespace lumeo {
+
+/// What reading one file may cost. Whatever is spent first ends it.
+struct ReadLimits {
+    std::int64_t bytes = 0;
+    std::chrono::nanoseconds work{}; ///< processor time of the reading thread
+    std::chrono::nanoseconds wait{}; ///< time all told, for a slow disk
+};
+
+/// A file as handed to a library that may be led about by its content: every read is counted. Made and
+/// used on one thread.
+class BoundedFile {
+public:
+    /// Reading ends too once `isUnwanted`, if given, turns true; any thread may set it.
+    BoundedFile(ReadableFile& file, ReadLimits limits, const std::atomic<bool>* isUnwanted = nullptr);
+
+    /// Bytes; 0 when it cannot be told.
+    [[nodiscard]] std::int64_t size() const { return size_; }
+
+    /// Reads from `offset`; 0 bytes at the end and once the limits are spent.
+    FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer);
+
+    [[nodiscard]] bool isSpent() const;
+
+private:
+    static std::chrono::nanoseconds timeOf(clockid_t clock);
+
+    ReadableFile& file_;
+    ReadLimits limits_;
+    const std::atomic<bool>* isUnwanted_;
+    std::int64_t size_ = 0;
+    std::int64_t bytesRead_ = 0;
+    std::chrono::nanoseconds workStart_;
+    std::chrono::nanoseconds waitStart_;
+};
+
+} // namespace lumeo
