@@ -4,10 +4,9 @@
 
 namespace lumeo {
 
-BoundedFile::BoundedFile(ReadableFile& file, ReadLimits limits, const std::atomic<bool>* isUnwanted)
+BoundedFile::BoundedFile(ReadableFile& file, ReadLimits limits)
     : file_(file),
       limits_(limits),
-      isUnwanted_(isUnwanted),
       workStart_(timeOf(CLOCK_THREAD_CPUTIME_ID)),
       waitStart_(timeOf(CLOCK_MONOTONIC)) {
     if (const FileResult<FileStatus> status = file.status()) {
@@ -27,8 +26,7 @@ FileResult<std::size_t> BoundedFile::readAt(std::int64_t offset, std::span<std::
 }
 
 bool BoundedFile::isSpent() const {
-    return (isUnwanted_ != nullptr && *isUnwanted_) || bytesRead_ >= limits_.bytes ||
-           timeOf(CLOCK_THREAD_CPUTIME_ID) - workStart_ >= limits_.work ||
+    return bytesRead_ >= limits_.bytes || timeOf(CLOCK_THREAD_CPUTIME_ID) - workStart_ >= limits_.work ||
            timeOf(CLOCK_MONOTONIC) - waitStart_ >= limits_.wait;
 }
 

@@ -2,7 +2,6 @@
 
 #include "platform/FileSystem.h"
 
-#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -22,8 +21,7 @@ struct ReadLimits {
 /// used on one thread.
 class BoundedFile {
 public:
-    /// Reading ends too once `isUnwanted`, if given, turns true; any thread may set it.
-    BoundedFile(ReadableFile& file, ReadLimits limits, const std::atomic<bool>* isUnwanted = nullptr);
+    BoundedFile(ReadableFile& file, ReadLimits limits);
 
     /// Bytes; 0 when it cannot be told.
     [[nodiscard]] std::int64_t size() const { return size_; }
@@ -38,7 +36,6 @@ private:
 
     ReadableFile& file_;
     ReadLimits limits_;
-    const std::atomic<bool>* isUnwanted_;
     std::int64_t size_ = 0;
     std::int64_t bytesRead_ = 0;
     std::chrono::nanoseconds workStart_;
