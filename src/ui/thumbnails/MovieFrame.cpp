@@ -19,6 +19,7 @@ namespace {
 constexpr double frameTime = 0.5; // seconds
 constexpr int mostPackets = 4'000;
 constexpr int threads = 2;
+constexpr double fluentFrameRate = 20;
 constexpr std::int64_t mostFramePixels = 70'000'000; // 8K has 33 million
 
 /// No playlists, which name other files, and no readers of texts or devices.
@@ -58,6 +59,9 @@ Decoder openDecoder(const AVStream& stream) {
     decoder->max_pixels = mostFramePixels;
     decoder->thread_count = threads;
     decoder->skip_loop_filter = AVDISCARD_ALL; // not to be seen at this size
+    if (av_q2d(stream.avg_frame_rate) >= fluentFrameRate) {
+        decoder->skip_frame = AVDISCARD_NONREF; // the frame beside the wanted one does as well
+    }
     return avcodec_open2(decoder.get(), codec, nullptr) >= 0 ? std::move(decoder) : nullptr;
 }
 
