@@ -96,6 +96,7 @@ void AppState::navigateToStep(WizardStep target) {
     if (target > currentStep_ && !completedSteps_.contains(target)) {
         return;
     }
+    operationAwaits_ = operationAwaits_ && target == currentStep_;
     if (target == WizardStep::preview && !isPlanCurrent_ && !isPlanning_) {
         startPlanning();
     }
@@ -172,6 +173,7 @@ void AppState::setDestination(const FilePath& url) {
     destinationVolume_ = measureDestination();
     emit organizationPlanChanged();
     emit destinationVolumeChanged();
+    operationAwaits_ = false;
     isPlanCurrent_ = false;
     startPlanning();
 }
@@ -199,6 +201,7 @@ void AppState::setOrganizationPlan(OrganizationPlan plan) {
     if (before == organizationPlan_) {
         return;
     }
+    operationAwaits_ = false;
     emit organizationPlanChanged();
     if (before.unknownDatePolicy != organizationPlan_.unknownDatePolicy) {
         std::vector<MediaItem> items = *scannedItems_;
@@ -230,28 +233,38 @@ void AppState::replaceItems(std::vector<MediaItem> items) {
 
 void AppState::replaceCatalogue(std::vector<MediaItem> items) {
     cancelPlanning();
+    operationAwaits_ = false;
+    detectionStop_.request_stop();
     ++catalogueNumber_;
+    change(isDetectingDuplicates_, false, &AppState::isDetectingDuplicatesChanged);
     isPlanCurrent_ = false;
     replaceItems(std::move(items));
 }
 
 void AppState::goBackToTheStart() {
+    cancelScan();
+    ++scanNumber_; // part of a catalogue, which a cancelled scan still has to bring, is not wanted any more
     goTo(WizardStep::sources);
     change(completedSteps_, {}, &AppState::completedStepsChanged);
     replaceCatalogue({});
 }
 
 void AppState::finishCompletedOperation() {
+    if (isProcessing_) {
+        return;
+    }
+    operationPause_ = nullptr;
     goBackToTheStart();
     change(operationProgress_, {}, &AppState::operationProgressChanged);
-    change(isProcessing_, false, &AppState::isProcessingChanged);
     change(organizationPlan_, environment_.preferences.newPlan(), &AppState::organizationPlanChanged);
     change(destinationVolume_, {}, &AppState::destinationVolumeChanged);
     change(selectedFilter_, QStringLiteral("all"), &AppState::selectedFilterChanged);
 }
 
 void AppState::restartWorkflow() {
-    goBackToTheStart();
+    if (!isProcessing_) {
+        goBackToTheStart();
+    }
 }
 
 } // namespace lumeo

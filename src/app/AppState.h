@@ -134,12 +134,14 @@ public:
     void previewChanges();
 
     /// Begins once every item has its place under the present plan: while that is not so it is planned
-    /// first. Refused when the destination has no room: see `operationProgress.errorsCount`.
+    /// first, unless the user leaves the step or changes the plan meanwhile. Refused when the destination
+    /// has no room: see `operationProgress.errorsCount`.
     void startOperation();
     void pauseOperation();
     void resumeOperation();
     void cancelOperation();
 
+    // Both do nothing during a run.
     void finishCompletedOperation(); ///< back to the start, with a new plan
     void restartWorkflow();          ///< back to the start, with the plan and destination as they are
 
@@ -181,6 +183,7 @@ private:
     [[nodiscard]] std::vector<FilePath> sourceRoots() const;
 
     void setScanPaused(bool paused);
+    void showScanPaused(bool paused);
     void finishScan(std::vector<MediaItem> items);
     void finishDuplicateDetection(const Items& analyzed, std::vector<MediaItem> found);
     void outdatePlan();

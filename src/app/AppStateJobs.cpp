@@ -59,6 +59,7 @@ void AppState::startScan() {
 }
 
 void AppState::finishScan(std::vector<MediaItem> items) {
+    showScanPaused(false);
     if (organizationPlan_.unknownDatePolicy == UnknownDatePolicy::useFilesystemDate) {
         FilesystemDates::apply(items, environment_.clock);
     }
@@ -78,6 +79,12 @@ void AppState::resumeScan() {
 void AppState::setScanPaused(bool paused) {
     if (isScanning_ && scanProgress_.isPaused != paused) {
         scanPause_->set(paused);
+        showScanPaused(paused);
+    }
+}
+
+void AppState::showScanPaused(bool paused) {
+    if (scanProgress_.isPaused != paused) {
         scanProgress_.isPaused = paused;
         emit scanProgressChanged();
     }
@@ -86,6 +93,7 @@ void AppState::setScanPaused(bool paused) {
 void AppState::cancelScan() {
     if (isScanning_) {
         scanStop_.request_stop();
+        showScanPaused(false);
         change(isScanning_, false, &AppState::isScanningChanged);
         goTo(WizardStep::sources);
     }
@@ -103,8 +111,8 @@ void AppState::runDuplicateDetection() {
         [this, number = catalogueNumber_, analyzed = scannedItems_](std::vector<MediaItem> found) {
             if (number == catalogueNumber_) {
                 finishDuplicateDetection(analyzed, std::move(found));
+                change(isDetectingDuplicates_, false, &AppState::isDetectingDuplicatesChanged);
             }
-            change(isDetectingDuplicates_, false, &AppState::isDetectingDuplicatesChanged);
         });
 }
 
@@ -237,8 +245,9 @@ void AppState::runOperation() {
     const auto latest = std::make_shared<LatestValue<OperationProgress>>();
     operationPause_ = std::make_shared<PauseSwitch<FileOperationEngine>>(engine);
     const auto show = [this, pause = operationPause_](OperationProgress progress) {
-        if (isProcessing_ && pause == operationPause_) {
-            progress.isPaused = operationProgress_.isPaused;
+        if (pause == operationPause_) {
+            progress.isPaused = operationProgress_.isPaused && !progress.isCompleted;
+            progress.isCancelled = progress.isCancelled || operationProgress_.isCancelled;
             operationProgress_ = std::move(progress);
             emit operationProgressChanged();
         }
@@ -260,15 +269,11 @@ void AppState::runOperation() {
 }
 
 void AppState::finishOperation(const std::shared_ptr<const OperationManifest>& journal) {
-    const bool isCancelled = operationStop_.stop_requested() || journal->isCancelled;
-    isRunEnding_ = false;
-    change(isProcessing_, false, &AppState::isProcessingChanged);
-    if (isCancelled) {
-        operationProgress_.isCancelled = true;
-        operationProgress_.isPaused = false;
-        emit operationProgressChanged();
-        goTo(WizardStep::preview);
-    } else {
+    // What a cancel is to show was shown when it was asked for.
+    const bool isCancelled = std::exchange(isRunEnding_, false);
+    operationPause_ = nullptr;
+    if (!isCancelled) {
+        change(isProcessing_, false, &AppState::isProcessingChanged);
         change(activeManifest_, journal, &AppState::activeManifestChanged);
         recordLastOperationSummary(*journal);
         complete({WizardStep::preview, WizardStep::processing});

@@ -1,0 +1,324 @@
+#include "AppStateFixture.h"
+
+#include <functional>
+#include <random>
+
+namespace lumeo {
+namespace {
+
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::EndsWith;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::SizeIs;
+using testing::waitUntil;
+
+/// The jobs of the state while they run.
+class AppStateControlTest : public AppStateTest {
+protected:
+    void connectRunEnds() {
+        QObject::connect(&state(), &AppState::operationFinished,
+                         [this](const std::shared_ptr<const OperationManifest>& journal, bool cancelled) {
+                             lastJournal_ = journal;
+                             wasCancelled_ = cancelled;
+                             ++runEnds_;
+                         });
+    }
+    [[nodiscard]] bool awaitRunEnds(int count = 1) {
+        return waitUntil([this, count] { return runEnds_ >= count; });
+    }
+
+    std::shared_ptr<const OperationManifest> lastJournal_;
+    bool wasCancelled_ = false;
+    int runEnds_ = 0;
+};
+
+TEST_F(AppStateControlTest, KeepsWhatACancelledScanHadFound) {
+    fillCard(100);
+    const Gate gate(disk_, "openForReading");
+    state().addSource(card_.path());
+    state().startScan();
+    ASSERT_TRUE(gate.awaitArrival());
+    state().pauseScan();
+    EXPECT_TRUE(state().scanProgress().isPaused);
+    state().cancelScan();
+    EXPECT_FALSE(state().isScanning());
+    EXPECT_FALSE(state().scanProgress().isPaused);
+    EXPECT_EQ(state().currentStep(), WizardStep::sources);
+    EXPECT_THAT(state().completedSteps(), IsEmpty());
+    gate.open();
+
+    ASSERT_TRUE(waitUntil([this] { return !state().completedSteps().empty(); }));
+    EXPECT_THAT(*state().scannedItems(), SizeIs(1));
+    EXPECT_TRUE(state().scanProgress().isCancelled);
+    EXPECT_EQ(state().currentStep(), WizardStep::sources);
+    state().navigateToStep(WizardStep::scanResults);
+    EXPECT_EQ(state().currentStep(), WizardStep::scanResults);
+}
+
+TEST_F(AppStateControlTest, ForgetsACancelledScanOnceAnotherOneOrAnewStartReplacesIt) {
+    fillCard(3);
+    {
+        const Gate gate(disk_, "openForReading");
+        state().addSource(card_.path());
+        state().startScan();
+        ASSERT_TRUE(gate.awaitArrival());
+        state().cancelScan();
+        state().startScan();
+        ASSERT_TRUE(gate.awaitArrival(2));
+    }
+    ASSERT_TRUE(waitUntil([this] { return !state().isScanning(); }));
+    EXPECT_THAT(*state().scannedItems(), SizeIs(3));
+
+    const auto threads = threadCount();
+    {
+        const Gate gate(disk_, "openForReading");
+        state().startScan();
+        ASSERT_TRUE(gate.awaitArrival());
+        state().restartWorkflow();
+        EXPECT_FALSE(state().isScanning());
+    }
+    ASSERT_TRUE(waitUntil([threads] { return threadCount() == threads; }));
+    EXPECT_THAT(*state().scannedItems(), IsEmpty());
+    EXPECT_THAT(state().completedSteps(), IsEmpty());
+}
+
+TEST_F(AppStateControlTest, CancelsARunWithinAFileAndHandsItsJournalOut) {
+    fillCard(3, 3'000'000);
+    connectRunEnds();
+    preview();
+    const auto before = state().completedSteps();
+    const auto card = filesBelow(card_.path());
+    const Gate gate(disk_, "write");
+    state().startOperation();
+    ASSERT_TRUE(gate.awaitArrival());
+    EXPECT_EQ(state().currentStep(), WizardStep::processing);
+    state().finishCompletedOperation();
+    state().restartWorkflow();
+    EXPECT_EQ(state().currentStep(), WizardStep::processing) << "not during a run";
+    state().cancelOperation();
+    EXPECT_FALSE(state().isProcessing());
+    EXPECT_EQ(state().currentStep(), WizardStep::preview);
+    state().navigateToStep(WizardStep::organization);
+    gate.open();
+
+    ASSERT_TRUE(awaitRunEnds());
+    EXPECT_TRUE(wasCancelled_);
+    EXPECT_TRUE(lastJournal_->isCancelled);
+    EXPECT_TRUE(state().operationProgress().isCancelled);
+    EXPECT_EQ(state().operationProgress().totalFiles, 3);
+    EXPECT_FALSE(state().activeManifest());
+    EXPECT_FALSE(state().lastOperationSummary());
+    EXPECT_EQ(state().completedSteps(), before);
+    EXPECT_EQ(state().currentStep(), WizardStep::organization) << "where the user has gone meanwhile";
+    EXPECT_THAT(namesBelow(archive()), IsEmpty());
+    EXPECT_EQ(filesBelow(card_.path()), card);
+}
+
+TEST_F(AppStateControlTest, PausesARunFromItsFirstMomentOn) {
+    fillCard(20);
+    preview();
+    state().startOperation();
+    ASSERT_TRUE(state().isProcessing());
+    state().pauseOperation();
+    ASSERT_TRUE(waitUntil([this] { return state().operationProgress().processedCount > 0; }));
+    EXPECT_TRUE(state().operationProgress().isPaused);
+    const auto archived = namesBelow(archive()).size();
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_LE(namesBelow(archive()).size(), archived + 1);
+    state().resumeOperation();
+    ASSERT_TRUE(waitUntil([this] { return state().currentStep() == WizardStep::report; }));
+    EXPECT_THAT(namesBelow(archive()), SizeIs(20));
+    EXPECT_FALSE(state().operationProgress().isPaused);
+}
+
+TEST_F(AppStateControlTest, StartsTheNextRunOnceTheCancelledOneHasEnded) {
+    fillCard(3);
+    connectRunEnds();
+    preview();
+    const Gate gate(disk_, "createFile");
+    state().startOperation();
+    ASSERT_TRUE(gate.awaitArrival());
+    state().cancelOperation();
+    state().startOperation();
+    EXPECT_FALSE(state().isProcessing());
+    gate.open();
+    ASSERT_TRUE(awaitRunEnds(2));
+    EXPECT_FALSE(wasCancelled_);
+    EXPECT_EQ(state().currentStep(), WizardStep::report);
+    EXPECT_EQ(state().operationProgress().processedCount, 3);
+    EXPECT_FALSE(state().operationProgress().isCancelled);
+    EXPECT_THAT(namesBelow(archive()), SizeIs(3));
+}
+
+TEST_F(AppStateControlTest, PlansFirstWhenTheRunIsAskedForTooEarly) {
+    fillCard(3);
+    scanCard();
+    state().setDestination(archive());
+    state().startOperation();
+    EXPECT_FALSE(state().isProcessing());
+    ASSERT_TRUE(waitUntil([this] { return state().currentStep() == WizardStep::report; }));
+    EXPECT_EQ(state().operationProgress().verifiedCount, 3);
+}
+
+TEST_F(AppStateControlTest, TakesARunThatWasAskedForBackWhenThePlanChanges) {
+    fillCard(3);
+    connectRunEnds();
+    const auto disturb = [this](const std::function<void()>& change) {
+        preview();
+        choosePolicy(DuplicatePolicy::keepAll);
+        choosePolicy(DuplicatePolicy::skipDuplicates);
+        state().startOperation();
+        ASSERT_TRUE(state().isPlanning());
+        change();
+        ASSERT_TRUE(waitUntil([this] { return !state().isPlanning(); }));
+        EXPECT_FALSE(state().isProcessing());
+    };
+    disturb([this] { choosePolicy(DuplicatePolicy::keepAll); });
+    disturb([this] { state().setDestination(home_ / "Archive/elsewhere"); });
+    disturb([this] { state().navigateToStep(WizardStep::organization); });
+    disturb([this] { state().cancelPlanning(); });
+    disturb([this] {
+        scanCard();
+        state().startPlanning();
+    });
+    EXPECT_EQ(runEnds_, 0);
+    EXPECT_FALSE(std::filesystem::exists(archive().bytes()));
+}
+
+TEST_F(AppStateControlTest, PlansByTheLatestWishOnly) {
+    card_.write("IMG_20210314_153045.jpg", "photo");
+    preview();
+    int completed = 0;
+    int cancelled = 0;
+    QObject::connect(&state(), &AppState::planningFinished,
+                     [&](bool isComplete) { ++(isComplete ? completed : cancelled); });
+    OrganizationPlan plan = state().organizationPlan();
+    for (const OrganizationPreset preset :
+         {OrganizationPreset::exactDate, OrganizationPreset::yearAndMonth, OrganizationPreset::yearOnly}) {
+        plan.preset = preset;
+        state().setOrganizationPlan(plan);
+    }
+    ASSERT_TRUE(waitUntil([&] { return completed > 0; }));
+    EXPECT_EQ(places(), std::vector<std::string>{"2021/IMG_20210314_153045.jpg"});
+    EXPECT_EQ(completed, 1);
+    EXPECT_EQ(cancelled, 0);
+
+    plan.preset = OrganizationPreset::exactDate;
+    state().setOrganizationPlan(plan);
+    state().cancelPlanning();
+    EXPECT_FALSE(state().isPlanning());
+    EXPECT_EQ(cancelled, 1);
+    EXPECT_EQ(places(), std::vector<std::string>{"2021/IMG_20210314_153045.jpg"});
+    state().calculatePlannedDestinations();
+    EXPECT_THAT(places(), Not(Contains("2021/IMG_20210314_153045.jpg")));
+}
+
+TEST_F(AppStateControlTest, MarksDuplicatesAmongItemsThatWerePlannedMeanwhile) {
+    card_.write("a.jpg", "same");
+    card_.write("b.jpg", "same");
+    scanCard();
+    {
+        const Gate gate(disk_, "openForReading");
+        state().runDuplicateDetection();
+        state().runDuplicateDetection();
+        ASSERT_TRUE(gate.awaitArrival());
+        state().setDestination(archive());
+        state().calculatePlannedDestinations();
+    }
+    ASSERT_TRUE(waitUntil([this] { return !state().isDetectingDuplicates(); }));
+    EXPECT_EQ(state().exactDuplicatesCount(), 2);
+    EXPECT_EQ(places(), (std::vector<std::string>{"_Unknown Date/a.jpg", "_Unknown Date/b.jpg"}));
+
+    const Gate gate(disk_, "openForReading");
+    state().runDuplicateDetection();
+    ASSERT_TRUE(gate.awaitArrival());
+    state().startScan();
+    EXPECT_FALSE(state().isDetectingDuplicates()) << "its files are no longer the catalogue's";
+    gate.open();
+    ASSERT_TRUE(waitUntil([this] { return !state().isScanning(); }));
+    findDuplicates();
+    EXPECT_EQ(state().exactDuplicatesCount(), 2);
+}
+
+TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {
+    fillCard(200, 100);
+    const auto card = filesBelow(card_.path());
+    const auto threads = threadCount();
+    slowDown(std::chrono::microseconds(300));
+    state().addSource(card_.path());
+    state().startScan();
+    ASSERT_TRUE(waitUntil([this] { return state().scanProgress().totalScannedCount > 0; }));
+    restart();
+    EXPECT_EQ(threadCount(), threads);
+
+    slowDown({});
+    preview();
+    slowDown(std::chrono::microseconds(300));
+    state().runDuplicateDetection();
+    state().startPlanning();
+    restart();
+    EXPECT_EQ(threadCount(), threads);
+
+    for (const bool isPaused : {false, true}) {
+        slowDown({});
+        preview();
+        slowDown(std::chrono::microseconds(300));
+        state().startOperation();
+        ASSERT_TRUE(waitUntil([this] { return state().operationProgress().processedCount > 0; }));
+        if (isPaused) {
+            state().pauseOperation();
+        }
+        restart();
+        EXPECT_EQ(threadCount(), threads);
+        EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
+    }
+    EXPECT_LT(filesBelow(archive()).size(), card.size());
+    EXPECT_EQ(filesBelow(card_.path()), card);
+}
+
+TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
+    fillCard(30, 2000);
+    const auto card = filesBelow(card_.path());
+    connectRunEnds();
+    preview();
+    const auto threads = threadCount();
+    slowDown(std::chrono::microseconds(20));
+    std::mt19937 random(20210314); // NOLINT(cert-msc32-c, cert-msc51-cpp): the same walk every time
+    // A scan takes the catalogue, and with it the runs, away: it comes a third as often as they do.
+    const std::vector<std::function<void()>> commands{
+        [this] { state().startScan(); },       [this] { state().cancelScan(); },
+        [this] { state().pauseScan(); },       [this] { state().resumeScan(); },
+        [this] { state().startOperation(); },  [this] { state().startOperation(); },
+        [this] { state().startOperation(); },  [this] { state().pauseOperation(); },
+        [this] { state().resumeOperation(); }, [this] { state().resumeOperation(); },
+        [this] { state().cancelOperation(); }, [this] { state().runDuplicateDetection(); },
+        [this] { state().startPlanning(); },
+    };
+    for (int round = 0; round < 1000; ++round) {
+        commands[random() % commands.size()]();
+        const std::chrono::microseconds rest(random() % 2000);
+        const auto until = std::chrono::steady_clock::now() + rest;
+        do {
+            QCoreApplication::processEvents();
+        } while (std::chrono::steady_clock::now() < until);
+    }
+    EXPECT_GT(runEnds_, 20);
+    slowDown({});
+    state().cancelScan();
+    state().cancelOperation();
+    ASSERT_TRUE(waitUntil([threads] { return threadCount() == threads; }));
+    EXPECT_FALSE(state().isScanning() || state().isPlanning() || state().isProcessing() ||
+                 state().isDetectingDuplicates());
+    EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
+    EXPECT_EQ(filesBelow(card_.path()), card);
+
+    state().restartWorkflow();
+    preview();
+    runToTheEnd();
+    EXPECT_EQ(filesBelow(archive().appending("_Unknown Date")), card) << "nothing twice, nothing half";
+}
+
+} // namespace
+} // namespace lumeo

@@ -1,0 +1,208 @@
+#pragma once
+
+#include "app/AppState.h"
+#include "app/Preferences.h"
+#include "platform/PosixFileSystem.h"
+#include "support/EventLoop.h"
+#include "support/FaultyFileSystem.h"
+#include "support/TempFolder.h"
+
+#include <QSettings>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace lumeo {
+
+/// One volume that holds everything and has as much room as a test wants.
+class OneVolume final : public Volumes {
+public:
+    std::optional<std::int64_t> freeBytes = 1'000'000'000;
+
+    [[nodiscard]] FilePath resolved(const FilePath& path) const override { return path; }
+    [[nodiscard]] std::optional<FilePath> mountPoint(const FilePath& /*path*/) const override {
+        return FilePath("/");
+    }
+    [[nodiscard]] VolumeFacts facts(const FilePath& /*mountPoint*/) const override {
+        VolumeFacts facts;
+        facts.availableBytes = freeBytes;
+        return facts;
+    }
+};
+
+/// A desktop whose user answers with what the test has laid down.
+class ScriptedDesktop final : public FolderChooser, public SavePanel, public FileBrowser {
+public:
+    std::vector<FilePath> folders;
+    FolderRequest lastRequest;
+
+    void choose(const FolderRequest& request, FolderChooser::Answer answer) override {
+        lastRequest = request;
+        held_ = std::move(answer);
+    }
+    void answerFolders() { held_(folders); }
+    void choose(const SaveRequest& /*request*/, SavePanel::Answer answer) override { answer({}); }
+    void reveal(const FilePath& /*folder*/) override {}
+
+private:
+    FolderChooser::Answer held_;
+};
+
+/// The state over real folders: a card with photos and an archive that is yet to be made.
+class AppStateTest : public ::testing::Test {
+protected:
+    AppStateTest() { restart(); }
+
+    /// The next life of the program.
+    void restart() {
+        state_.reset();
+        preferences_.reset();
+        settings_.reset();
+        settings_ = std::make_unique<QSettings>(QString::fromStdString((home_ / "settings.ini").bytes()),
+                                                QSettings::IniFormat);
+        preferences_ = std::make_unique<Preferences>(*settings_);
+        state_ = std::make_unique<AppState>(
+            AppEnvironment{disk_, clock_, volumes_, *preferences_, {desktop_, desktop_, desktop_}});
+    }
+
+    [[nodiscard]] AppState& state() { return *state_; }
+    [[nodiscard]] FilePath archive() const { return home_ / "Archive"; }
+
+    void scanCard() {
+        state().addSource(card_.path());
+        state().startScan();
+        ASSERT_TRUE(testing::waitUntil([this] { return !state().isScanning(); }));
+    }
+    /// The card's files with their places in the archive, at the preview step.
+    void preview() {
+        state().setDestination(archive());
+        scanCard();
+        state().proceedToNextStep();
+        ASSERT_EQ(state().currentStep(), WizardStep::organization);
+        state().previewChanges();
+        ASSERT_TRUE(testing::waitUntil([this] { return !state().isPlanning(); }));
+        ASSERT_EQ(state().currentStep(), WizardStep::preview);
+    }
+    void runToTheEnd() {
+        state().startOperation();
+        ASSERT_TRUE(testing::waitUntil([this] { return state().currentStep() == WizardStep::report; }));
+    }
+    void findDuplicates() {
+        state().runDuplicateDetection();
+        ASSERT_TRUE(testing::waitUntil([this] { return !state().isDetectingDuplicates(); }));
+    }
+    void fillCard(int files, std::size_t size = 10) {
+        for (int number = 0; number < files; ++number) {
+            const std::string name = "photo" + std::to_string(number) + ".jpg";
+            card_.write(name, name + std::string(size, 'x'));
+        }
+    }
+
+    void choosePolicy(DuplicatePolicy policy) {
+        OrganizationPlan plan = state().organizationPlan();
+        plan.duplicatePolicy = policy;
+        state().setOrganizationPlan(plan);
+    }
+    void choosePolicy(UnknownDatePolicy policy) {
+        OrganizationPlan plan = state().organizationPlan();
+        plan.unknownDatePolicy = policy;
+        state().setOrganizationPlan(plan);
+    }
+
+    /// The files below a folder with their contents, by path relative to it.
+    static std::map<std::string, std::string> filesBelow(const FilePath& folder) {
+        std::map<std::string, std::string> files;
+        if (std::filesystem::exists(folder.bytes())) {
+            for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.bytes())) {
+                if (entry.is_regular_file()) {
+                    files.emplace(std::filesystem::relative(entry.path(), folder.bytes()).string(),
+                                  contentOf(FilePath(entry.path().string())));
+                }
+            }
+        }
+        return files;
+    }
+    static std::vector<std::string> namesBelow(const FilePath& folder) {
+        std::vector<std::string> names;
+        for (const auto& [name, content] : filesBelow(folder)) {
+            names.push_back(name);
+        }
+        return names;
+    }
+    /// Where the items are to go, relative to the archive, sorted.
+    [[nodiscard]] std::vector<std::string> places() {
+        std::vector<std::string> places;
+        for (const MediaItem& item : *state().scannedItems()) {
+            places.push_back(item.plannedDestinationURL
+                                 ? item.plannedDestinationURL->bytes().substr(archive().bytes().size() + 1)
+                                 : "none");
+        }
+        std::ranges::sort(places);
+        return places;
+    }
+
+    static std::ptrdiff_t threadCount() {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+    }
+    /// From now on every call of the disk takes this long.
+    void slowDown(std::chrono::microseconds delay) {
+        disk_.beforeEachCall([delay](const DiskCall& /*call*/) { std::this_thread::sleep_for(delay); });
+    }
+
+    TempFolder card_;
+    TempFolder home_;
+    OneVolume volumes_;
+    ScriptedDesktop desktop_;
+    SystemClock clock_;
+    PosixFileSystem realDisk_;
+    FaultyFileSystem disk_{realDisk_};
+
+private:
+    std::unique_ptr<QSettings> settings_;
+    std::unique_ptr<Preferences> preferences_;
+    std::unique_ptr<AppState> state_;
+};
+
+/// Holds the jobs' threads at a kind of disk call until it is opened or goes out of scope.
+class Gate {
+public:
+    Gate(FaultyFileSystem& disk, std::string operation) {
+        disk.beforeEachCall([door = door_, operation = std::move(operation)](const DiskCall& call) {
+            if (call.operation == operation) {
+                ++door->arrivals;
+                door->isOpen.wait(false);
+            }
+        });
+    }
+    ~Gate() { open(); }
+    Gate(const Gate&) = delete;
+    Gate& operator=(const Gate&) = delete;
+
+    void open() const {
+        door_->isOpen = true;
+        door_->isOpen.notify_all();
+    }
+    [[nodiscard]] bool awaitArrival(int count = 1) const {
+        return testing::waitUntil([this, count] { return door_->arrivals >= count; });
+    }
+
+private:
+    struct Door {
+        std::atomic<bool> isOpen = false;
+        std::atomic<int> arrivals = 0;
+    };
+    std::shared_ptr<Door> door_ = std::make_shared<Door>();
+};
+
+} // namespace lumeo

@@ -1,0 +1,236 @@
+#include "AppStateFixture.h"
+#include "model/SourceVolume.h"
+
+namespace lumeo {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
+using ::testing::SizeIs;
+using testing::waitUntil;
+
+TEST_F(AppStateTest, GoesForwardByTheRulesAndBackFreely) {
+    EXPECT_FALSE(state().canProceedToNextStep()) << "no sources";
+    state().proceedToNextStep();
+    state().navigateToStep(WizardStep::preview);
+    state().startScan();
+    EXPECT_EQ(state().currentStep(), WizardStep::sources);
+    EXPECT_THAT(state().completedSteps(), IsEmpty());
+
+    scanCard();
+    EXPECT_EQ(state().currentStep(), WizardStep::scanResults);
+    EXPECT_THAT(state().completedSteps(), ElementsAre(WizardStep::sources, WizardStep::scanResults));
+    EXPECT_FALSE(state().canProceedToNextStep()) << "an empty card";
+
+    card_.write("IMG_20210314_153045.jpg", "photo");
+    scanCard();
+    state().proceedToNextStep();
+    state().previewChanges();
+    EXPECT_EQ(state().currentStep(), WizardStep::organization) << "nowhere to go to";
+    state().startOperation();
+    EXPECT_FALSE(state().isProcessing());
+    state().proceedToNextStep();
+    state().navigateToStep(WizardStep::sources);
+    state().navigateToStep(WizardStep::preview);
+    EXPECT_EQ(state().currentStep(), WizardStep::sources) << "the preview was never passed";
+    state().navigateToStep(WizardStep::organization);
+    EXPECT_EQ(state().currentStep(), WizardStep::organization);
+
+    state().proceedToNextStep();
+    state().proceedToNextStep();
+    ASSERT_EQ(state().currentStep(), WizardStep::processing);
+    EXPECT_FALSE(state().canProceedToNextStep());
+    state().proceedToNextStep();
+    EXPECT_EQ(state().currentStep(), WizardStep::processing);
+}
+
+TEST_F(AppStateTest, TakesEachSourceOnce) {
+    int announced = 0;
+    QObject::connect(&state(), &AppState::sourcesChanged, [&announced] { ++announced; });
+    card_.write("below/file", "");
+    state().addSource(card_.path());
+    state().addSource(FilePath(card_.path().bytes() + "/./below/../"));
+    EXPECT_THAT(state().sources(), SizeIs(1));
+    EXPECT_EQ(announced, 1);
+    state().addSource(card_ / "below");
+    state().removeSource(state().sources().front().id);
+    ASSERT_THAT(state().sources(), SizeIs(1));
+    EXPECT_EQ(state().sources().front().url, card_ / "below");
+    state().clearSources();
+    EXPECT_THAT(state().sources(), IsEmpty());
+    EXPECT_EQ(announced, 4);
+}
+
+TEST_F(AppStateTest, AsksForFoldersOneChooserAtATime) {
+    desktop_.folders = {card_.path(), home_.path(), card_.path()};
+    state().promptAddFolderPanel();
+    EXPECT_TRUE(state().isSelectingFolder());
+    EXPECT_TRUE(desktop_.lastRequest.allowsSeveral);
+    state().promptDestinationFolderPanel();
+    EXPECT_TRUE(desktop_.lastRequest.allowsSeveral) << "the first one is still open";
+    desktop_.answerFolders();
+    EXPECT_FALSE(state().isSelectingFolder());
+    EXPECT_THAT(state().sources(), SizeIs(2));
+
+    desktop_.folders = {};
+    state().promptDestinationFolderPanel();
+    desktop_.answerFolders();
+    EXPECT_EQ(state().organizationPlan().destinationURL, std::nullopt);
+    desktop_.folders = {archive()};
+    state().promptDestinationFolderPanel();
+    EXPECT_TRUE(desktop_.lastRequest.allowsCreation);
+    desktop_.answerFolders();
+    EXPECT_EQ(state().organizationPlan().destinationURL, archive());
+    EXPECT_EQ(state().destinationVolume()->freeSpaceBytes, 1'000'000'000);
+
+    state().promptAddFolderPanel();
+    restart();
+    desktop_.answerFolders(); // to nobody
+    EXPECT_THAT(state().sources(), IsEmpty());
+}
+
+TEST_F(AppStateTest, StartsAnewWithOrWithoutThePlan) {
+    fillCard(2);
+    preview();
+    choosePolicy(DuplicatePolicy::keepAll);
+    runToTheEnd();
+    const auto journal = state().activeManifest();
+    state().restartWorkflow();
+    EXPECT_EQ(state().currentStep(), WizardStep::sources);
+    EXPECT_THAT(state().completedSteps(), IsEmpty());
+    EXPECT_THAT(*state().scannedItems(), IsEmpty());
+    EXPECT_EQ(state().organizationPlan().duplicatePolicy, DuplicatePolicy::keepAll);
+    EXPECT_EQ(state().organizationPlan().destinationURL, archive());
+    EXPECT_TRUE(state().destinationVolume());
+    EXPECT_TRUE(state().operationProgress().isCompleted);
+
+    scanCard();
+    state().finishCompletedOperation();
+    EXPECT_THAT(*state().scannedItems(), IsEmpty());
+    EXPECT_EQ(state().organizationPlan(), OrganizationPlan());
+    EXPECT_FALSE(state().destinationVolume());
+    EXPECT_EQ(state().operationProgress(), OperationProgress());
+    EXPECT_THAT(state().sources(), SizeIs(1));
+    EXPECT_EQ(state().scanProgress().photosCount, 2);
+    EXPECT_EQ(state().activeManifest(), journal);
+    EXPECT_TRUE(state().lastOperationSummary());
+}
+
+TEST_F(AppStateTest, CompletesARunAndRemembersIt) {
+    card_.write("IMG_20210314_153045.jpg", "dated");
+    card_.write("a/undated.mov", "undated");
+    preview();
+    runToTheEnd();
+    EXPECT_THAT(filesBelow(archive()),
+                ElementsAre(std::pair("2021/2021-03 March/IMG_20210314_153045.jpg", "dated"),
+                            std::pair("_Unknown Date/undated.mov", "undated")));
+    EXPECT_FALSE(state().isProcessing());
+    EXPECT_EQ(state().operationProgress().verifiedCount, 2);
+    ASSERT_TRUE(state().activeManifest());
+    EXPECT_THAT(state().activeManifest()->items, SizeIs(2));
+    EXPECT_THAT(state().completedSteps(), IsSupersetOf({WizardStep::preview, WizardStep::processing}));
+    state().navigateToStep(WizardStep::preview);
+    state().navigateToStep(WizardStep::processing);
+    EXPECT_EQ(state().currentStep(), WizardStep::processing);
+
+    const auto summary = state().lastOperationSummary();
+    ASSERT_TRUE(summary);
+    EXPECT_EQ(summary->verifiedCount, 2);
+    restart();
+    ASSERT_TRUE(state().lastOperationSummary());
+    EXPECT_EQ(state().lastOperationSummary()->verifiedCount, 2);
+}
+
+TEST_F(AppStateTest, RefusesARunWithoutRoom) {
+    card_.write("a.jpg", std::string(600, 'a'));
+    card_.write("b.jpg", std::string(600, 'a'));
+    preview();
+    findDuplicates();
+    volumes_.freeBytes = 600;
+    state().startOperation();
+    ASSERT_TRUE(waitUntil([this] { return state().operationProgress().errorsCount == 1; }));
+    EXPECT_EQ(state().operationProgress().totalFiles, 0);
+    EXPECT_EQ(state().currentStep(), WizardStep::preview);
+    EXPECT_FALSE(state().isProcessing());
+    EXPECT_EQ(state().destinationVolume()->freeSpaceBytes, 600);
+    EXPECT_FALSE(std::filesystem::exists(archive().bytes()));
+
+    choosePolicy(DuplicatePolicy::keepAll);
+    volumes_.freeBytes = 1200;
+    EXPECT_EQ(state().requiredOutputSizeBytes(), 1200);
+    state().startOperation();
+    ASSERT_TRUE(waitUntil([this] { return state().destinationVolume()->freeSpaceBytes == 1200; }));
+    EXPECT_EQ(state().operationProgress().errorsCount, 1);
+
+    choosePolicy(DuplicatePolicy::skipDuplicates);
+    volumes_.freeBytes = 601;
+    runToTheEnd();
+    EXPECT_EQ(state().operationProgress().errorsCount, 0);
+    volumes_.freeBytes = std::nullopt;
+    state().navigateToStep(WizardStep::preview);
+    runToTheEnd();
+}
+
+TEST_F(AppStateTest, KeepsDuplicatesApartWhenAsked) {
+    card_.write("a/IMG_20210314_153045.jpg", "same");
+    card_.write("b/IMG_20210314_153045.jpg", "same");
+    preview();
+    findDuplicates();
+    choosePolicy(DuplicatePolicy::copyToDuplicatesFolder);
+    runToTheEnd();
+    EXPECT_THAT(namesBelow(archive()), ElementsAre("2021/2021-03 March/IMG_20210314_153045.jpg",
+                                                   "_Duplicates/2021/2021-03 March/IMG_20210314_153045.jpg"));
+}
+
+TEST_F(AppStateTest, DatesByTheFileSystemOnlyWhileThatIsThePolicy) {
+    card_.write("IMG_20210314_153045.jpg", "dated");
+    std::filesystem::last_write_time(card_.write("undated.jpg", "undated").bytes(),
+                                     std::filesystem::file_time_type::clock::now() -
+                                         std::chrono::hours(24 * 365 * 5));
+    preview();
+    const std::vector<MediaItem> before = *state().scannedItems();
+    EXPECT_EQ(state().missingDateCount(), 1);
+
+    choosePolicy(UnknownDatePolicy::useFilesystemDate);
+    EXPECT_EQ(state().missingDateCount(), 0);
+    for (const MediaItem& item : *state().scannedItems()) {
+        EXPECT_EQ(item.dateSource == DateSourceType::filename, item.fileName() != "undated.jpg");
+    }
+    state().navigateToStep(WizardStep::organization);
+    state().previewChanges();
+    ASSERT_TRUE(waitUntil([this] { return !state().isPlanning(); }));
+    EXPECT_THAT(places(), ::testing::Not(::testing::Contains("_Unknown Date/undated.jpg")));
+
+    choosePolicy(UnknownDatePolicy::unknownFolder);
+    state().calculatePlannedDestinations();
+    EXPECT_EQ(*state().scannedItems(), before);
+
+    choosePolicy(UnknownDatePolicy::useFilesystemDate);
+    scanCard();
+    EXPECT_EQ(state().missingDateCount(), 0) << "a new scan under the policy";
+}
+
+TEST_F(AppStateTest, ImportsACardAgainWithoutMakingCopies) {
+    // Two names that met in the archive, and one that is alone there.
+    card_.write("100/IMG_20210314_153045.jpg", "the one");
+    card_.write("101/IMG_20210314_153045.jpg", "another");
+    card_.write("101/IMG_20220314_153045.jpg", "alone");
+    preview();
+    runToTheEnd();
+    const auto archived = filesBelow(archive());
+    ASSERT_THAT(archived, SizeIs(3));
+
+    restart();
+    card_.write("102/IMG_20220314_153045.jpg", "fresh");
+    preview();
+    runToTheEnd();
+    EXPECT_EQ(state().operationProgress().skippedCount, 3);
+    EXPECT_EQ(state().operationProgress().verifiedCount, 1);
+    auto expected = archived;
+    expected.emplace("2022/2022-03 March/IMG_20220314_153045_2.jpg", "fresh");
+    EXPECT_EQ(filesBelow(archive()), expected);
+}
+
+} // namespace
+} // namespace lumeo
