@@ -139,7 +139,7 @@ public:
     void startOperation();
     void pauseOperation();
     void resumeOperation();
-    void cancelOperation();
+    void cancelOperation(); ///< takes one back that has not begun, too
 
     // Both do nothing during a run.
     void finishCompletedOperation(); ///< back to the start, with a new plan

