@@ -23,15 +23,9 @@ TEST(FilePathTest, comesApartAndTogetherAtItsSlashes) {
     struct Case {
         std::string_view path, last, parent;
     };
-    for (const auto& [path, last, parent] : {
-             Case{"/a/b.jpg", "b.jpg", "/a"},
-             Case{"/a//b//", "b", "/a"},
-             Case{"/a", "a", "/"},
-             Case{"//a", "a", "/"},
-             Case{"/", "/", "/"},
-             Case{"a", "a", ""},
-             Case{"", "", ""},
-         }) {
+    for (const auto& [path, last, parent] :
+         {Case{"/a/b.jpg", "b.jpg", "/a"}, Case{"/a//b//", "b", "/a"}, Case{"/a", "a", "/"},
+          Case{"//a", "a", "/"}, Case{"/", "/", "/"}, Case{"a", "a", ""}, Case{"", "", ""}}) {
         EXPECT_EQ(FilePath(std::string(path)).lastComponent(), last) << path;
         EXPECT_EQ(FilePath(std::string(path)).parent(), FilePath(std::string(parent))) << path;
     }

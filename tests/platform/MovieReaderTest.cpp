@@ -2,6 +2,7 @@
 
 #include "platform/DateText.h"
 #include "platform/PosixFileSystem.h"
+#include "support/Damage.h"
 #include "support/FaultyFileSystem.h"
 #include "support/MemoryFileSystem.h"
 #include "support/SystemSettings.h"
@@ -97,14 +98,8 @@ TEST_P(EveryContainer, SurvivesBreakingOffAndDamageAnywhere) {
     made.userDataDay = "2021-03-14";
     made.wallClock = "2021/03/14 15:30:45";
     const std::string whole = GetParam().make(made);
-    for (std::size_t length = 0; length < whole.size(); ++length) {
-        static_cast<void>(readBytes(std::string_view(whole).substr(0, length)));
-        for (const char wrong : {'\0', '\1', '\x7F', '\xFF'}) {
-            std::string damaged = whole;
-            damaged[length] = wrong;
-            static_cast<void>(readBytes(damaged));
-        }
-    }
+    damageEverywhere(whole, std::string_view("\0\1\x7F\xFF", 4),
+                     [](const std::string& damaged) { static_cast<void>(readBytes(damaged)); });
     EXPECT_EQ(propertiesOf(std::string_view(whole).substr(0, whole.size() - 8)).metadata.empty(), false)
         << "what stands before the break is kept";
 }

@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
-#include <thread>
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -158,36 +157,8 @@ TEST_F(PosixFileSystemTest, createsTheMissingFoldersAndTellsThem) {
     EXPECT_EQ(reasonOf(disk.createFolders(folder / "dangling/a")), EEXIST);
 }
 
-TEST_F(PosixFileSystemTest, foldersThatSeveralMakeAtOnceAreEachToldOnce) {
-    constexpr std::size_t depth = 50;
-    FilePath deepest = folder.path();
-    for (std::size_t level = 0; level < depth; ++level) {
-        deepest = deepest.appending("f");
-    }
-    std::array<std::size_t, 4> made{};
-    {
-        std::vector<std::thread> threads;
-        for (std::size_t& mine : made) {
-            threads.emplace_back([&] { mine = disk.createFolders(deepest).value().size(); });
-        }
-        for (std::thread& thread : threads) {
-            thread.join();
-        }
-    }
-    EXPECT_EQ(made[0] + made[1] + made[2] + made[3], depth);
-}
-
-TEST_F(PosixFileSystemTest, removesFilesAndLinksButNoFolder) {
-    const FilePath file = folder.write("a/file", "");
-    makeLink("a", folder / "link");
-    EXPECT_TRUE(disk.removeFile(folder / "link"));
-    EXPECT_TRUE(disk.exists(file));
-    EXPECT_TRUE(disk.removeFile(file));
-    EXPECT_EQ(reasonOf(disk.removeFile(folder / "a")), EISDIR);
-    EXPECT_TRUE(disk.exists(folder / "a"));
-}
-
-TEST_F(PosixFileSystemTest, flushesFoldersAndMeasuresRoom) {
+TEST_F(PosixFileSystemTest, removesNoFolderFlushesThemAndMeasuresRoom) {
+    EXPECT_EQ(reasonOf(disk.removeFile(folder.path())), EISDIR);
     EXPECT_TRUE(disk.flushFolder(folder.path()));
     EXPECT_TRUE(disk.flushFolder(FilePath("/proc/self"))); // knows no flush
     EXPECT_EQ(reasonOf(disk.flushFolder(folder / "none")), ENOENT);

@@ -1,5 +1,6 @@
 #include "platform/photo/XmpReader.h"
 
+#include "support/Damage.h"
 #include "support/TinyPhotos.h"
 
 #include <string>
@@ -43,7 +44,8 @@ TEST(XmpReaderTest, readsPositionsWholeOrNotAtAll) {
     EXPECT_THAT(gps.latitude, Optional(DoubleNear(48.51, 1e-9)));
     EXPECT_THAT(gps.longitude, Optional(DoubleNear(2.26, 1e-9)));
     EXPECT_THAT(gps.longitudeRef, Optional(Eq("W")));
-    for (const char* const wrong : {"", "N", "48", "48,x N", "48,1,2,3N", "-48,1N", "48,nanN", "infN", "48,30.6E"}) {
+    for (const char* const wrong :
+         {"", "N", "48", "48,x N", "48,1,2,3N", "-48,1N", "48,nanN", "infN", "48,30.6E"}) {
         EXPECT_EQ(gpsOf(wrong, "2,15,36W"), PhotoProperties::Gps{}) << wrong;
     }
 }
@@ -82,14 +84,8 @@ TEST(XmpReaderTest, passesOverDescriptionsOfOtherThings) {
 
 TEST(XmpReaderTest, bearsPacketsCutAndDamagedAnywhere) {
     const std::string packet = tinyXmp(R"(tiff:Make="A&amp;B" exif:GPSLatitude="48,30.6N")");
-    for (std::size_t at = 0; at < packet.size(); ++at) {
-        propertiesOf(packet.substr(0, at));
-        for (const char damage : {'<', '>', '/', '"', '&', '\0'}) {
-            std::string damaged = packet;
-            damaged[at] = damage;
-            propertiesOf(damaged);
-        }
-    }
+    damageEverywhere(packet, std::string_view("<>/\"&\0", 6),
+                     [](const std::string& damaged) { propertiesOf(damaged); });
 }
 
 } // namespace

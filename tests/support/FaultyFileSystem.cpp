@@ -11,10 +11,8 @@ public:
         : disk_(disk), path_(std::move(path)), file_(std::move(file)) {}
 
     FileResult<std::size_t> read(std::span<std::byte> buffer) override {
-        if (auto error = disk_.meet("read", FileAction::read, path_)) {
-            return *error;
-        }
-        FileResult<std::size_t> count = file_->read(buffer);
+        FileResult<std::size_t> count =
+            disk_.through("read", FileAction::read, path_, [&] { return file_->read(buffer); });
         if (count) {
             disk_.distort(path_, position_, buffer.first(*count));
             position_ += static_cast<std::int64_t>(*count);
@@ -23,10 +21,8 @@ public:
     }
 
     FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override {
-        if (auto error = disk_.meet("readAt", FileAction::read, path_)) {
-            return *error;
-        }
-        FileResult<std::size_t> count = file_->readAt(offset, buffer);
+        FileResult<std::size_t> count =
+            disk_.through("readAt", FileAction::read, path_, [&] { return file_->readAt(offset, buffer); });
         if (count) {
             disk_.distort(path_, offset, buffer.first(*count));
         }
@@ -34,10 +30,7 @@ public:
     }
 
     FileResult<FileStatus> status() override {
-        if (auto error = disk_.meet("status", FileAction::examine, path_)) {
-            return *error;
-        }
-        return file_->status();
+        return disk_.through("status", FileAction::examine, path_, [&] { return file_->status(); });
     }
 
 private:
@@ -53,22 +46,15 @@ public:
         : disk_(disk), path_(std::move(path)), file_(std::move(file)) {}
 
     FileResult<void> write(std::span<const std::byte> bytes) override {
-        if (auto error = disk_.meet("write", FileAction::write, path_)) {
-            return *error;
-        }
-        const std::size_t fitting = disk_.takeSpace(bytes.size());
-        FileResult<void> written = file_->write(bytes.first(fitting));
-        if (written && fitting < bytes.size()) {
-            return FileError{FileAction::write, path_, ENOSPC};
-        }
-        return written;
+        return disk_.through("write", FileAction::write, path_, [&]() -> FileResult<void> {
+            const std::size_t fitting = disk_.takeSpace(bytes.size());
+            FileResult<void> written = file_->write(bytes.first(fitting));
+            return written && fitting < bytes.size() ? FileError{FileAction::write, path_, ENOSPC} : written;
+        });
     }
 
     FileResult<void> flush() override {
-        if (auto error = disk_.meet("flush", FileAction::flush, path_)) {
-            return *error;
-        }
-        return file_->flush();
+        return disk_.through("flush", FileAction::flush, path_, [&] { return file_->flush(); });
     }
 
     void evict() override {
@@ -77,10 +63,7 @@ public:
     }
 
     FileResult<void> close() override {
-        if (auto error = disk_.meet("close", FileAction::write, path_)) {
-            return *error;
-        }
-        return file_->close();
+        return disk_.through("close", FileAction::write, path_, [&] { return file_->close(); });
     }
 
 private:
@@ -217,101 +200,75 @@ void FaultyFileSystem::distort(const FilePath& path, std::int64_t offset, std::s
 }
 
 FileResult<FileStatus> FaultyFileSystem::status(const FilePath& path) const {
-    if (auto error = meet("status", FileAction::examine, path)) {
-        return *error;
-    }
-    return ForwardingFileSystem::status(path);
+    return through("status", FileAction::examine, path, [&] { return ForwardingFileSystem::status(path); });
 }
 
 FileResult<FileStatus> FaultyFileSystem::targetStatus(const FilePath& path) const {
-    if (auto error = meet("targetStatus", FileAction::examine, path)) {
-        return *error;
-    }
-    return ForwardingFileSystem::targetStatus(path);
+    return through("targetStatus", FileAction::examine, path,
+                   [&] { return ForwardingFileSystem::targetStatus(path); });
 }
 
 FileResult<FilePath> FaultyFileSystem::linkTarget(const FilePath& link) const {
-    if (auto error = meet("linkTarget", FileAction::examine, link)) {
-        return *error;
-    }
-    return ForwardingFileSystem::linkTarget(link);
+    return through("linkTarget", FileAction::examine, link,
+                   [&] { return ForwardingFileSystem::linkTarget(link); });
 }
 
 FileResult<std::unique_ptr<DirectoryEnumerator>>
 FaultyFileSystem::enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const {
-    if (auto error = meet("enumerate", FileAction::list, folder)) {
-        return *error;
+    auto walk = through("enumerate", FileAction::list, folder,
+                        [&] { return ForwardingFileSystem::enumerate(folder, onError); });
+    if (walk) {
+        walk.value() = std::make_unique<FaultyEnumerator>(*this, *std::move(walk), std::move(onError));
     }
-    auto walk = ForwardingFileSystem::enumerate(folder, onError);
-    if (!walk) {
-        return walk;
-    }
-    return std::unique_ptr<DirectoryEnumerator>(
-        std::make_unique<FaultyEnumerator>(*this, *std::move(walk), std::move(onError)));
+    return walk;
 }
 
 FileResult<std::unique_ptr<ReadableFile>> FaultyFileSystem::openForReading(const FilePath& path) const {
-    if (auto error = meet("openForReading", FileAction::open, path)) {
-        return *error;
+    auto file = through("openForReading", FileAction::open, path,
+                        [&] { return ForwardingFileSystem::openForReading(path); });
+    if (file) {
+        file.value() = std::make_unique<FaultyReadableFile>(*this, path, *std::move(file));
     }
-    auto file = ForwardingFileSystem::openForReading(path);
-    if (!file) {
-        return file;
-    }
-    return std::unique_ptr<ReadableFile>(std::make_unique<FaultyReadableFile>(*this, path, *std::move(file)));
+    return file;
 }
 
 FileResult<std::unique_ptr<WritableFile>> FaultyFileSystem::createFile(const FilePath& path) {
-    if (auto error = meet("createFile", FileAction::create, path)) {
-        return *error;
+    auto file = through("createFile", FileAction::create, path,
+                        [&] { return ForwardingFileSystem::createFile(path); });
+    if (file) {
+        file.value() = std::make_unique<FaultyWritableFile>(*this, path, *std::move(file));
     }
-    auto file = ForwardingFileSystem::createFile(path);
-    if (!file) {
-        return file;
-    }
-    return std::unique_ptr<WritableFile>(std::make_unique<FaultyWritableFile>(*this, path, *std::move(file)));
+    return file;
 }
 
 FileResult<std::vector<FilePath>> FaultyFileSystem::createFolders(const FilePath& folder) {
-    if (auto error = meet("createFolders", FileAction::createFolder, folder)) {
-        return *error;
-    }
-    return ForwardingFileSystem::createFolders(folder);
+    return through("createFolders", FileAction::createFolder, folder,
+                   [&] { return ForwardingFileSystem::createFolders(folder); });
 }
 
 FileResult<void> FaultyFileSystem::renameWithoutReplacing(const FilePath& from, const FilePath& to) {
-    if (auto error = meet("renameWithoutReplacing", FileAction::rename, from, to)) {
-        return *error;
-    }
-    return ForwardingFileSystem::renameWithoutReplacing(from, to);
+    const auto rename = [&] { return ForwardingFileSystem::renameWithoutReplacing(from, to); };
+    return through("renameWithoutReplacing", FileAction::rename, from, rename, to);
 }
 
 FileResult<void> FaultyFileSystem::renameReplacing(const FilePath& from, const FilePath& to) {
-    if (auto error = meet("renameReplacing", FileAction::rename, from, to)) {
-        return *error;
-    }
-    return ForwardingFileSystem::renameReplacing(from, to);
+    const auto rename = [&] { return ForwardingFileSystem::renameReplacing(from, to); };
+    return through("renameReplacing", FileAction::rename, from, rename, to);
 }
 
 FileResult<void> FaultyFileSystem::removeFile(const FilePath& path) {
-    if (auto error = meet("removeFile", FileAction::remove, path)) {
-        return *error;
-    }
-    return ForwardingFileSystem::removeFile(path);
+    return through("removeFile", FileAction::remove, path,
+                   [&] { return ForwardingFileSystem::removeFile(path); });
 }
 
 FileResult<void> FaultyFileSystem::flushFolder(const FilePath& folder) {
-    if (auto error = meet("flushFolder", FileAction::flush, folder)) {
-        return *error;
-    }
-    return ForwardingFileSystem::flushFolder(folder);
+    return through("flushFolder", FileAction::flush, folder,
+                   [&] { return ForwardingFileSystem::flushFolder(folder); });
 }
 
 FileResult<VolumeSpace> FaultyFileSystem::volumeSpace(const FilePath& path) const {
-    if (auto error = meet("volumeSpace", FileAction::measure, path)) {
-        return *error;
-    }
-    return ForwardingFileSystem::volumeSpace(path);
+    return through("volumeSpace", FileAction::measure, path,
+                   [&] { return ForwardingFileSystem::volumeSpace(path); });
 }
 
 } // namespace lumeo

@@ -84,6 +84,13 @@ private:
     /// The error that the call is to meet, if any.
     std::optional<FileError> meet(std::string_view operation, FileAction action, const FilePath& path,
                                   const FilePath& newPath = {}) const;
+    /// What `call` gives, unless it is to meet an error.
+    template<class Call>
+    auto through(std::string_view operation, FileAction action, const FilePath& path, Call call,
+                 const FilePath& newPath = {}) const -> decltype(call()) {
+        const std::optional<FileError> error = meet(operation, action, path, newPath);
+        return error ? decltype(call())(*error) : call();
+    }
     void announce(const DiskCall& call) const;
     /// How many of `wanted` bytes still fit; takes them.
     std::size_t takeSpace(std::size_t wanted);

@@ -9,7 +9,8 @@ namespace {
 
 class MemoryFile final : public ReadableFile {
 public:
-    MemoryFile(std::string content, FileStatus status) : content_(std::move(content)), status_(status) {}
+    MemoryFile(std::string content, FileStatus status, std::size_t& bytesRead)
+        : content_(std::move(content)), status_(status), bytesRead_(bytesRead) {}
 
     FileResult<std::size_t> read(std::span<std::byte> buffer) override {
         FileResult<std::size_t> count = readAt(position_, buffer);
@@ -20,6 +21,7 @@ public:
         const auto start = std::min(static_cast<std::size_t>(offset), content_.size());
         const std::size_t count = std::min(buffer.size(), content_.size() - start);
         std::memcpy(buffer.data(), content_.data() + start, count);
+        bytesRead_ += count;
         return count;
     }
     FileResult<FileStatus> status() override { return status_; }
@@ -27,6 +29,7 @@ public:
 private:
     std::string content_;
     FileStatus status_;
+    std::size_t& bytesRead_;
     std::int64_t position_ = 0;
 };
 
@@ -77,11 +80,6 @@ FileResult<FilePath> MemoryFileSystem::linkTarget(const FilePath& link) const {
     return FilePath(found->second.content);
 }
 
-FileResult<std::unique_ptr<DirectoryEnumerator>>
-MemoryFileSystem::enumerate(const FilePath& folder, std::function<void(const FileError&)>) const {
-    return FileError{FileAction::list, folder, ENOTSUP};
-}
-
 FileResult<std::unique_ptr<ReadableFile>> MemoryFileSystem::openForReading(const FilePath& path) const {
     if (onOpen) {
         onOpen(path);
@@ -100,35 +98,8 @@ FileResult<std::unique_ptr<ReadableFile>> MemoryFileSystem::openForReading(const
     FileStatus status;
     status.kind = FileKind::regular;
     status.size = static_cast<std::int64_t>(found->second.content.size());
-    return std::unique_ptr<ReadableFile>(std::make_unique<MemoryFile>(found->second.content, status));
-}
-
-FileResult<std::unique_ptr<WritableFile>> MemoryFileSystem::createFile(const FilePath& path) {
-    return FileError{FileAction::create, path, EROFS};
-}
-
-FileResult<std::vector<FilePath>> MemoryFileSystem::createFolders(const FilePath& folder) {
-    return FileError{FileAction::createFolder, folder, EROFS};
-}
-
-FileResult<void> MemoryFileSystem::renameWithoutReplacing(const FilePath& from, const FilePath&) {
-    return FileError{FileAction::rename, from, EROFS};
-}
-
-FileResult<void> MemoryFileSystem::renameReplacing(const FilePath& from, const FilePath&) {
-    return FileError{FileAction::rename, from, EROFS};
-}
-
-FileResult<void> MemoryFileSystem::removeFile(const FilePath& path) {
-    return FileError{FileAction::remove, path, EROFS};
-}
-
-FileResult<void> MemoryFileSystem::flushFolder(const FilePath& folder) {
-    return FileError{FileAction::flush, folder, EROFS};
-}
-
-FileResult<VolumeSpace> MemoryFileSystem::volumeSpace(const FilePath&) const {
-    return VolumeSpace{};
+    return std::unique_ptr<ReadableFile>(
+        std::make_unique<MemoryFile>(found->second.content, status, bytesRead_));
 }
 
 } // namespace lumeo

@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 
+#include <cerrno>
 #include <functional>
 #include <map>
 #include <set>
@@ -28,25 +29,36 @@ public:
     /// Called at each opening, before it.
     std::function<void(const FilePath&)> onOpen;
 
-    /// How often status() was asked for each path, and which files were opened, in order.
+    /// How often status() was asked for each path, and which files were opened, in order,
+    /// and how much was read of them.
     [[nodiscard]] const std::map<FilePath, int>& examined() const { return examined_; }
     [[nodiscard]] const std::vector<FilePath>& opened() const { return opened_; }
+    [[nodiscard]] std::size_t bytesRead() const { return bytesRead_; }
 
     FileResult<FileStatus> status(const FilePath& path) const override;
     FileResult<FileStatus> targetStatus(const FilePath& path) const override;
     FileResult<FilePath> linkTarget(const FilePath& link) const override;
-    FileResult<std::unique_ptr<DirectoryEnumerator>>
-    enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const override;
     FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override;
-    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) override;
-    FileResult<std::vector<FilePath>> createFolders(const FilePath& folder) override;
-    FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath& to) override;
-    FileResult<void> renameReplacing(const FilePath& from, const FilePath& to) override;
-    FileResult<void> removeFile(const FilePath& path) override;
-    FileResult<void> flushFolder(const FilePath& folder) override;
-    FileResult<VolumeSpace> volumeSpace(const FilePath& path) const override;
+
+    FileResult<std::unique_ptr<DirectoryEnumerator>>
+    enumerate(const FilePath& folder, std::function<void(const FileError&)>) const override {
+        return FileError{FileAction::list, folder, ENOTSUP};
+    }
+    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) override {
+        return refused(path);
+    }
+    FileResult<std::vector<FilePath>> createFolders(const FilePath& path) override { return refused(path); }
+    FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath&) override {
+        return refused(from);
+    }
+    FileResult<void> renameReplacing(const FilePath& from, const FilePath&) override { return refused(from); }
+    FileResult<void> removeFile(const FilePath& path) override { return refused(path); }
+    FileResult<void> flushFolder(const FilePath& folder) override { return refused(folder); }
+    FileResult<VolumeSpace> volumeSpace(const FilePath&) const override { return VolumeSpace{}; }
 
 private:
+    static FileError refused(const FilePath& path) { return {FileAction::write, path, EROFS}; }
+
     struct Entry {
         FileKind kind = FileKind::regular;
         std::string content; ///< of a link: its target
@@ -57,6 +69,7 @@ private:
     std::map<FilePath, int> refusedExamining_;
     mutable std::map<FilePath, int> examined_;
     mutable std::vector<FilePath> opened_;
+    mutable std::size_t bytesRead_ = 0;
 };
 
 } // namespace lumeo
