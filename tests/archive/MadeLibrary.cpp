@@ -1,12 +1,12 @@
 #include "archive/MadeLibrary.h"
 
 #include "support/TinyMovies.h"
+#include "support/TinyPhotos.h"
 
 #include <algorithm>
 #include <array>
 #include <stdexcept>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace lumeo {
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int filesAFolder = 50;
 
-std::string digits(int value, int width) {
+std::string digits(int value, int width = 2) {
     const std::string plain = std::to_string(value);
     return std::string(static_cast<std::size_t>(std::max(0, width - static_cast<int>(plain.size()))), '0') +
            plain;
@@ -22,11 +22,11 @@ std::string digits(int value, int width) {
 
 /// "20210314", each field parted from the next by `separator`.
 std::string dayText(const WallTime& time, const std::string& separator) {
-    return digits(time.year, 4) + separator + digits(time.month, 2) + separator + digits(time.day, 2);
+    return digits(time.year) + separator + digits(time.month) + separator + digits(time.day);
 }
 
 std::string clockText(const WallTime& time, const std::string& separator) {
-    return digits(time.hour, 2) + separator + digits(time.minute, 2) + separator + digits(time.second, 2);
+    return digits(time.hour) + separator + digits(time.minute) + separator + digits(time.second);
 }
 
 std::string exifText(const WallTime& time) {
@@ -34,71 +34,111 @@ std::string exifText(const WallTime& time) {
 }
 
 /// As cameras count: "IMG_0042.JPG".
-std::string countedName(const std::string& prefix, int number, const std::string& extension) {
+std::string counted(const std::string& prefix, int number, const std::string& extension) {
     return prefix + digits(number % filesAFolder, 4) + extension;
 }
 
-std::string archiveFolder(const WallTime& time) {
+MadeMedia fact(MediaType type, DateSourceType source, const WallTime& time) {
     constexpr std::array months{"January", "February", "March",     "April",   "May",      "June",
                                 "July",    "August",   "September", "October", "November", "December"};
-    const std::string year = digits(time.year, 4);
-    return year + "/" + year + "-" + digits(time.month, 2) + " " +
-           months.at(static_cast<std::size_t>(time.month - 1));
+    const std::string year = digits(time.year);
+    return {type, source, LocalCalendar::compose(time),
+            year + "/" + year + "-" + digits(time.month) + " " +
+                months.at(static_cast<std::size_t>(time.month - 1))};
 }
+
+const std::vector<std::string> oddNames{"caf\xE9",     "two\nlines",
+                                        " blanks ",    "\"quotes\", and; more",
+                                        "100%",        "\xF0\x9F\x8C\xBB \xE6\x9D\xB1\xE4\xBA\xAC",
+                                        "back\\slash", "-rf *"};
+const std::vector<std::string> housekeeping{".DS_Store",
+                                            "Thumbs.db",
+                                            "._IMG_1.JPG",
+                                            "desktop.ini",
+                                            "$RECYCLE.BIN/a.jpg",
+                                            ".Trashes/a.jpg",
+                                            "Library.PhotosLibrary/originals/a.jpg"};
+const std::vector<std::string> otherExtensions{".pdf", ".txt", ".AAE", "", ".xmp"};
 
 } // namespace
 
-MadeLibrary::MadeLibrary(FileSystem& fileSystem, const FilePath& root, int fileCount, unsigned seed)
-    : fileSystem_(fileSystem), random_(seed) {
+MadeLibrary::MadeLibrary(FileSystem& fileSystem, const FilePath& root, int fileCount)
+    : fileSystem_(fileSystem) {
     const FilePath disk = root.appending("disk");
     const FilePath card = root.appending("link to card");
     const FilePath lone = root.appending("lone/IMG_0001.JPG");
-    if (!fileSystem_.createFolders(root.appending("volumes/card")) ||
-        symlink("volumes/card", card.c_str()) != 0) {
-        throw std::runtime_error("the library cannot be made");
-    }
     sources = {disk, card, lone};
+    static_cast<void>(fileSystem_.createFolders(root.appending("volumes/card")));
+    folder_ = root;
+    addLink("link to card", "volumes/card");
     for (int number = 0; number < fileCount; ++number) {
         const FilePath& source = number % 3 == 0 ? card : disk;
         folder_ = source.appending("DCIM/" + std::to_string(100 + number / filesAFolder) + "MEDIA");
         addMember(number);
     }
+    // Deeper than any path that the system takes in one piece, with a name that leaves room for "_2" alone.
     folder_ = disk;
-    addDeepFile();
-    addLoneFile(lone);
+    for (char level = 'a'; level < 'z'; ++level) {
+        folder_ = folder_.appending(std::string(200, level));
+    }
+    addDatedPhoto(std::string(249, 'x') + ".JPG");
+    folder_ = lone.parent();
+    addDatedPhoto(std::string(lone.lastComponent()));
+    --counters.totalScannedCount; // no part of a walked folder
     counters.isCompleted = true;
 }
 
 void MadeLibrary::addMember(int number) {
+    const auto turn = [number](const std::vector<std::string>& texts) {
+        return texts[static_cast<std::size_t>(number / 20) % texts.size()];
+    };
+    WallTime time = someTime();
+    TinyPhoto raw;
+    TinyMovie movie;
     switch (number % 20) {
     case 0:
-        return addPhotoDatedByName(number);
+        return keep("IMG-" + dayText(time, "") + "-" + clockText(time, "") + counted(" ", number, ".jpeg"),
+                    tinyJpeg(), fact(MediaType::photo, DateSourceType::filename, time));
     case 1:
-        return addUndatedPhoto(number);
-    case 2:
-        return addBrokenPhoto(number);
+        return keep(counted("scan ", number, ".png.jpg"), tinyJpeg(), {});
+    case 2: // a day alone stands for its noon
+        time = {time.year, time.month, time.day, 12, 0, 0};
+        return keepWhole(dayText(time, "-") + counted(" ", number, ".heic"),
+                         number % 40 == 2 ? "" : padded("no picture"),
+                         fact(MediaType::photo, DateSourceType::filename, time));
     case 3:
     case 4:
-        return addMovie(number);
+        movie.headerTime = LocalCalendar::compose(time);
+        return keep(counted(number % 2 == 0 ? "MVI_" : "clip", number, number % 2 == 0 ? ".MP4" : ".mov"),
+                    tinyQuickTime(movie) + movieBox("free", padded({})),
+                    fact(MediaType::video, DateSourceType::quickTimeMetadataDate, time));
     case 5:
     case 6:
-        return addRawPhoto(number);
+        raw.dateTime = exifText(time);
+        return keep(counted("RAW_", number, ".dng"), tinyTiff(raw),
+                    fact(MediaType::rawPhoto, DateSourceType::tiffDateTime, time));
     case 7:
     case 8:
-        return addCopyOfEarlier(number);
+        if (!lastPhotoName_.empty()) {
+            return keepWhole(counted("backup ", number, "/") + lastPhotoName_, lastPhoto_, lastPhotoFact_);
+        }
+        break;
     case 9:
-        return addOddlyNamed(number);
+        return addDatedPhoto(turn(oddNames) + ".JPG");
     case 10:
-        return addHousekeeping(number);
+        return write(turn(housekeeping), padded(tinyJpeg()));
     case 11:
-        return addUnsupported(number);
+        ++counters.totalScannedCount;
+        ++counters.unsupportedCount;
+        return write(counted("paper ", number, turn(otherExtensions)), padded("2020-01-01"));
     case 12:
-        return addLinks(number);
+        return addLink(counted("link ", number, ".jpg"), number % 40 == 12 ? "../100MEDIA" : "dangling");
     case 13:
-        return addDatedPhoto(countedName(".hidden_", number, ".jpg"));
+        return addDatedPhoto(counted(".hidden_", number, ".jpg"));
     default:
-        return addDatedPhoto(countedName("IMG_", number, ".JPG"));
+        break;
     }
+    addDatedPhoto(counted("IMG_", number, ".JPG"));
 }
 
 void MadeLibrary::addDatedPhoto(const std::string& name) {
@@ -111,133 +151,35 @@ void MadeLibrary::addDatedPhoto(const std::string& name) {
     lastPhoto_ = padded(tinyJpeg(photo));
     lastPhotoFact_ = fact(MediaType::photo, DateSourceType::exifDateTimeOriginal, time);
     lastPhotoName_ = name;
-    keep(folder_.appending(name), lastPhoto_, lastPhotoFact_);
+    keepWhole(name, lastPhoto_, lastPhotoFact_);
 }
 
-void MadeLibrary::addPhotoDatedByName(int number) {
-    const WallTime time = someTime();
-    const std::string name =
-        "IMG-" + dayText(time, "") + "-" + clockText(time, "") + " " + std::to_string(number) + ".jpeg";
-    keep(folder_.appending(name), padded(tinyJpeg()), fact(MediaType::photo, DateSourceType::filename, time));
-}
-
-void MadeLibrary::addUndatedPhoto(int number) {
-    MadeMedia undated;
-    undated.folder = "_Unknown Date";
-    keep(folder_.appending(countedName("scan ", number, ".png.jpg")), padded(tinyJpeg()), undated);
-}
-
-void MadeLibrary::addBrokenPhoto(int number) {
-    WallTime time = someTime();
-    const std::string name = dayText(time, "-") + " (" + std::to_string(number) + ").heic";
-    time.hour = 12; // a day alone stands for its noon
-    time.minute = 0;
-    time.second = 0;
-    keep(folder_.appending(name), number % 40 == 2 ? "" : padded("no picture"),
-         fact(MediaType::photo, DateSourceType::filename, time));
-}
-
-void MadeLibrary::addMovie(int number) {
-    const WallTime time = someTime();
-    TinyMovie movie;
-    movie.headerTime = LocalCalendar::compose(time);
-    const std::string name =
-        number % 2 == 0 ? countedName("MVI_", number, ".MP4") : countedName("clip", number, ".mov");
-    keep(folder_.appending(name), tinyQuickTime(movie) + movieBox("free", padded({})),
-         fact(MediaType::video, DateSourceType::quickTimeMetadataDate, time));
-}
-
-void MadeLibrary::addRawPhoto(int number) {
-    const WallTime time = someTime();
-    TinyPhoto photo;
-    photo.dateTime = exifText(time);
-    keep(folder_.appending(countedName("RAW_", number, ".dng")), padded(tinyTiff(photo)),
-         fact(MediaType::rawPhoto, DateSourceType::tiffDateTime, time));
-}
-
-void MadeLibrary::addCopyOfEarlier(int number) {
-    if (lastPhotoName_.empty()) {
-        return addDatedPhoto(countedName("IMG_", number, ".JPG"));
-    }
-    const FilePath path = folder_.appending("backup " + std::to_string(number)).appending(lastPhotoName_);
-    keep(path, lastPhoto_, lastPhotoFact_);
-}
-
-void MadeLibrary::addOddlyNamed(int number) {
-    const std::array<std::string, 8> names{
-        "caf\xE9",
-        "two\nlines",
-        " blanks ",
-        "\"quotes\", and; more",
-        "\xF0\x9F\x8C\xBB \xE6\x9D\xB1\xE4\xBA\xAC",
-        "100%",
-        "back\\slash",
-        "-rf *",
-    };
-    addDatedPhoto(names.at(static_cast<std::size_t>(number / 20) % names.size()) + ".JPG");
-}
-
-void MadeLibrary::addHousekeeping(int number) {
-    const std::array<std::string, 7> names{
-        ".DS_Store",
-        "Thumbs.db",
-        countedName("._IMG_", number, ".JPG"),
-        countedName(".Trashes/", number, ".jpg"),
-        countedName("Library.PhotosLibrary/originals/", number, ".jpg"),
-        countedName("$RECYCLE.BIN/", number, ".jpg"),
-        "desktop.ini",
-    };
-    write(folder_.appending(names.at(static_cast<std::size_t>(number / 20) % names.size())),
-          padded(tinyJpeg()));
-}
-
-void MadeLibrary::addUnsupported(int number) {
-    const std::array<const char*, 5> extensions{".pdf", ".txt", ".AAE", "", ".xmp"};
-    const char* const extension = extensions.at(static_cast<std::size_t>(number / 20) % extensions.size());
-    write(folder_.appending(countedName("paper ", number, extension)), padded("2020-01-01"));
-    ++counters.totalScannedCount;
-    ++counters.unsupportedCount;
-}
-
-void MadeLibrary::addLinks(int number) {
-    const std::string name = countedName("link ", number, ".jpg");
-    const char* const target = number % 40 == 12 ? "../100MEDIA" : "dangling";
+void MadeLibrary::addLink(const std::string& name, const char* target) {
     static_cast<void>(fileSystem_.createFolders(folder_));
-    EXPECT_EQ(symlink(target, folder_.appending(name).c_str()), 0);
-}
-
-void MadeLibrary::addLoneFile(const FilePath& path) {
-    folder_ = path.parent();
-    addDatedPhoto(std::string(path.lastComponent()));
-    --counters.totalScannedCount; // no part of a walked folder
-}
-
-/// Deeper than any path that the system takes in one piece, with a name that leaves room for "_2" alone.
-void MadeLibrary::addDeepFile() {
-    for (int level = 0; level < 25; ++level) {
-        folder_ = folder_.appending(std::string(200, static_cast<char>('a' + level)));
+    if (symlink(target, folder_.appending(name).c_str()) != 0) {
+        throw std::runtime_error("a link of the library cannot be made");
     }
-    addDatedPhoto(std::string(249, 'x') + ".JPG");
 }
 
-void MadeLibrary::keep(const FilePath& path, const std::string& content, MadeMedia fact) {
+void MadeLibrary::keep(const std::string& name, const std::string& content, MadeMedia fact) {
+    keepWhole(name, padded(content), std::move(fact));
+}
+
+void MadeLibrary::keepWhole(const std::string& name, const std::string& content, MadeMedia fact) {
     fact.size = static_cast<std::int64_t>(content.size());
-    if (!media.emplace(path, fact).second) {
-        throw std::logic_error("a file of the library would be made twice");
-    }
-    write(path, content);
     ++counters.totalScannedCount;
     counters.totalBytesScanned += fact.size;
     counters.photosCount += fact.mediaType == MediaType::photo ? 1 : 0;
     counters.videosCount += fact.mediaType == MediaType::video ? 1 : 0;
     counters.rawCount += fact.mediaType == MediaType::rawPhoto ? 1 : 0;
+    media.emplace(folder_.appending(name), std::move(fact));
+    write(name, content);
 }
 
-void MadeLibrary::write(const FilePath& path, const std::string& content) {
-    if (!fileSystem_.createFolders(path.parent())) {
-        throw std::runtime_error("a folder of the library cannot be made");
-    }
-    auto file = fileSystem_.createFile(path);
+void MadeLibrary::write(const std::string& name, const std::string& content) {
+    const FilePath path = folder_.appending(name);
+    static_cast<void>(fileSystem_.createFolders(path.parent()));
+    auto file = fileSystem_.createFile(path); // a name must not come twice
     if (!file || !(*file)->write(std::as_bytes(std::span(content)))) {
         throw std::runtime_error("a file of the library cannot be made: " + path.displayText());
     }
@@ -258,15 +200,6 @@ WallTime MadeLibrary::someTime() {
         return static_cast<int>(from + upTo(to - from + 1));
     };
     return {field(2003, 2006), field(1, 12), field(1, 28), field(3, 23), field(0, 59), field(0, 59)};
-}
-
-MadeMedia MadeLibrary::fact(MediaType type, DateSourceType source, const WallTime& time) const {
-    MadeMedia made;
-    made.mediaType = type;
-    made.captureDate = LocalCalendar::compose(time);
-    made.dateSource = source;
-    made.folder = archiveFolder(time);
-    return made;
 }
 
 } // namespace lumeo
