@@ -135,15 +135,5 @@ TEST(LocalizationStrings, FallsBackToEnglishAndThenToTheKey) {
     EXPECT_EQ(look("Step.Sources", AppLanguage::english), QStringLiteral("Step.Sources"));
 }
 
-TEST(LocalizationStrings, ThePerformanceMessageListsFiveThings) {
-    for (const AppLanguage language : allCases<AppLanguage>()) {
-        const QStringList lines = look("performance.message", language).split(u'\n');
-        ASSERT_EQ(lines.size(), 7) << rawValue(language);
-        for (int i = 2; i < 7; ++i) {
-            EXPECT_TRUE(lines[i].startsWith(u"• ")) << lines[i].toStdString();
-        }
-    }
-}
-
 } // namespace
 } // namespace lumeo

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <future>
 #include <latch>
+#include <optional>
 #include <random>
 #include <thread>
 
@@ -47,7 +48,7 @@ protected:
             return scan([this](std::int64_t files) {
                 if (files == 3) {
                     scanner_.pause();
-                    hasPaused_.count_down();
+                    hasPaused_->count_down();
                 } else if (files > 3) {
                     EXPECT_TRUE(mayGoOn_) << "a paused scan takes no further file";
                 }
@@ -60,13 +61,13 @@ protected:
     PosixFileSystem fileSystem_;
     MediaScanner scanner_{fileSystem_, clock_};
     std::stop_source stop_;
-    std::latch hasPaused_{1};
+    std::optional<std::latch> hasPaused_{std::in_place, 1};
     std::atomic<bool> mayGoOn_ = false;
 };
 
 TEST_F(MediaScannerControlTest, KeepsItsPlaceWhilePaused) {
     auto scanning = scanPausedAfterThree();
-    hasPaused_.wait();
+    hasPaused_->wait();
     std::this_thread::sleep_for(std::chrono::milliseconds(5)); // room to go wrong
     mayGoOn_ = true;
     scanner_.resume();
@@ -75,24 +76,17 @@ TEST_F(MediaScannerControlTest, KeepsItsPlaceWhilePaused) {
     EXPECT_EQ(end.totalScannedCount, fileCount);
 }
 
-TEST_F(MediaScannerControlTest, WakesToACancelWhilePaused) {
-    auto scanning = scanPausedAfterThree();
-    hasPaused_.wait();
-    scanner_.cancel();
-    const ScanProgress end = scanning.get();
-    EXPECT_TRUE(end.isCancelled);
-    EXPECT_FALSE(end.isCompleted);
-    EXPECT_EQ(end.totalScannedCount, 3);
-    EXPECT_TRUE(scan().isCompleted) << "the next scan starts afresh";
-}
-
-TEST_F(MediaScannerControlTest, WakesToAStopWhilePaused) {
-    auto scanning = scanPausedAfterThree();
-    hasPaused_.wait();
-    stop_.request_stop();
-    const ScanProgress end = scanning.get();
-    EXPECT_TRUE(end.isCancelled);
-    EXPECT_EQ(end.totalScannedCount, 3);
+TEST_F(MediaScannerControlTest, WakesToACancelOrAStopWhilePaused) {
+    for (const bool isStop : {false, true}) {
+        hasPaused_.emplace(1);
+        auto scanning = scanPausedAfterThree();
+        hasPaused_->wait();
+        isStop ? static_cast<void>(stop_.request_stop()) : scanner_.cancel();
+        const ScanProgress end = scanning.get();
+        EXPECT_TRUE(end.isCancelled);
+        EXPECT_FALSE(end.isCompleted);
+        EXPECT_EQ(end.totalScannedCount, 3);
+    }
 }
 
 TEST_F(MediaScannerControlTest, StopsAtTheNextEntryAndLeavesTheOtherSources) {

