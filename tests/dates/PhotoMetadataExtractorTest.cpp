@@ -2,8 +2,6 @@
 
 #include "platform/DateText.h"
 #include "platform/PhotoReader.h"
-#include "support/MemoryFileSystem.h"
-#include "support/TinyPhotos.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -71,24 +69,6 @@ TEST(PhotoMetadataExtractorTest, prefersTheImagesOwnSize) {
     const auto result = PhotoMetadataExtractor::fromProperties(properties);
     EXPECT_THAT(result.pixelWidth, Optional(4032));
     EXPECT_THAT(result.pixelHeight, Optional(200));
-}
-
-TEST(PhotoMetadataExtractorTest, readsAFileAndNothingFromWhatIsNoPhoto) {
-    TinyPhoto photo;
-    photo.dateTimeOriginal = "2021:03:14 15:30:45";
-    photo.dateTime = "2022:03:14 15:30:45";
-    photo.make = "Maker ";
-    MemoryFileSystem files;
-    files.addFile(FilePath("/a.jpg"), tinyJpeg(photo));
-    files.addFile(FilePath("/text.jpg"), "a text");
-    const auto result = PhotoMetadataExtractor::extractMetadata(files, FilePath("/a.jpg"));
-    EXPECT_EQ(result.dateTimeOriginal, DateText::parseExif("2021:03:14 15:30:45"));
-    EXPECT_EQ(result.tiffDateTime, DateText::parseExif("2022:03:14 15:30:45"));
-    EXPECT_FALSE(result.dateTimeDigitized);
-    EXPECT_THAT(result.cameraMake, Optional(Eq("Maker")));
-    for (const char* const path : {"/text.jpg", "/absent.jpg"}) {
-        EXPECT_EQ(PhotoMetadataExtractor::extractMetadata(files, FilePath(path)), PhotoMetadataResult{});
-    }
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include "platform/DateText.h"
 #include "platform/MovieReader.h"
-#include "support/MemoryFileSystem.h"
-#include "support/TinyMovies.h"
 
 #include <cmath>
 #include <limits>
@@ -98,20 +96,6 @@ TEST(VideoMetadataExtractor, SwapsTheSidesOnlyOnAQuarterTurn) {
     for (const double unfit : {std::nan(""), 1e300, -1e19}) {
         EXPECT_EQ(sizeOf(MovieVideoTrack{unfit, 480}), Size()) << unfit;
     }
-}
-
-TEST(VideoMetadataExtractor, ReadsFilesAndGivesNothingForOtherFiles) {
-    MemoryFileSystem disk;
-    TinyMovie made;
-    made.quickTimeCreationDate = "2021-03-14T15:30:45+0100";
-    made.userDataDay = "2010";
-    made.transform = {0, 1, -1, 0};
-    disk.addFile(FilePath("/clip.mov"), tinyQuickTime(made));
-    disk.addFile(FilePath("/letter.mov"), "not a movie at all");
-    EXPECT_EQ(VideoMetadataExtractor::extractMetadata(disk, FilePath("/clip.mov")),
-              (VideoMetadataResult{at("2021-03-14T14:30:45Z"), 2.5, 48, 64}));
-    EXPECT_EQ(VideoMetadataExtractor::extractMetadata(disk, FilePath("/letter.mov")), VideoMetadataResult{});
-    EXPECT_EQ(VideoMetadataExtractor::extractMetadata(disk, FilePath("/missing.mov")), VideoMetadataResult{});
 }
 
 } // namespace

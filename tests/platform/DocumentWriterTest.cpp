@@ -39,19 +39,6 @@ TEST(DocumentWriterTest, whicheverCallFailsTheOldDocumentOrTheNewOneIsThereWhole
     EXPECT_EQ(calls, 7U); // look, create, write, flush, close, rename, flush the folder
 }
 
-TEST(DocumentWriterTest, aFullDiskLeavesTheOldDocument) {
-    const TempFolder folder;
-    const FilePath path = folder.write("journal.json", "old");
-    PosixFileSystem real;
-    FaultyFileSystem disk(real);
-    disk.limitSpace(5);
-    const FileResult<void> written = writeDocument(disk, "new document", path);
-    ASSERT_FALSE(written);
-    EXPECT_EQ(written.error().errnoValue, ENOSPC);
-    EXPECT_EQ(contentOf(path), "old");
-    EXPECT_EQ(entriesIn(folder.path()), 1U);
-}
-
 TEST(DocumentWriterTest, onlyFilesAreReplacedAndLinksLeadToThem) {
     const TempFolder folder;
     PosixFileSystem disk;

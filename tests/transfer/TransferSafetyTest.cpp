@@ -14,8 +14,6 @@
 #include <thread>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace lumeo {
 namespace {
@@ -166,41 +164,21 @@ TEST_P(TransferSafetyTest, APowerLossTakesNoContentThatWasMoved) {
     }));
 }
 
-/// Runs `job` in a process of its own until it ends, or is killed after `patience` at the latest. Gives
-/// whether it was killed.
-bool runInDoomedProcess(const std::function<void()>& job, std::optional<std::chrono::microseconds> patience) {
-    const pid_t child = fork();
-    if (child == 0) {
-        job();
-        _exit(0);
-    }
-    EXPECT_GT(child, 0);
-    if (patience) {
-        std::this_thread::sleep_for(*patience);
-        kill(child, SIGKILL);
-    }
-    int ending = 0;
-    EXPECT_EQ(waitpid(child, &ending, 0), child);
-    return WIFSIGNALED(ending);
-}
-
 TEST(TransferKillTest, AMoveMayBeKilledAtAnyCall) {
     PosixFileSystem real;
     bool isKilled = true;
     for (std::size_t number = 1; isKilled; ++number) {
         TransferWorld world;
         fill(world);
-        isKilled = runInDoomedProcess(
-            [&] {
-                FaultyFileSystem disk(real);
-                disk.beforeEachCall([&](const DiskCall& call) {
-                    if (call.number == number) {
-                        raise(SIGKILL);
-                    }
-                });
-                run(world, OperationMode::move, disk);
-            },
-            std::nullopt);
+        isKilled = runInDoomedProcess([&] {
+            FaultyFileSystem disk(real);
+            disk.beforeEachCall([&](const DiskCall& call) {
+                if (call.number == number) {
+                    raise(SIGKILL);
+                }
+            });
+            run(world, OperationMode::move, disk);
+        });
         SCOPED_TRACE("call " + std::to_string(number));
         world.expectNothingLost();
         run(world, OperationMode::move, real);

@@ -4,9 +4,13 @@
 #include "platform/PosixFileSystem.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <thread>
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace lumeo {
 
@@ -105,6 +109,22 @@ std::string digestOf(std::string_view content) {
 
 bool isThere(const FilePath& path) {
     return PosixFileSystem().exists(path);
+}
+
+bool runInDoomedProcess(const std::function<void()>& job, std::optional<std::chrono::microseconds> patience) {
+    const pid_t child = fork();
+    if (child == 0) {
+        job();
+        _exit(0);
+    }
+    EXPECT_GT(child, 0);
+    if (patience) {
+        std::this_thread::sleep_for(*patience);
+        kill(child, SIGKILL);
+    }
+    int ending = 0;
+    EXPECT_EQ(waitpid(child, &ending, 0), child);
+    return WIFSIGNALED(ending);
 }
 
 } // namespace lumeo

@@ -5,7 +5,10 @@
 #include "support/TempFolder.h"
 #include "transfer/OperationManifest.h"
 
+#include <chrono>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,5 +56,10 @@ std::string digestOf(std::string_view content);
 FilePath memoryFolder();
 
 bool isThere(const FilePath& path);
+
+/// Runs `job` in a process of its own until it ends, or is killed after `patience` at the latest. Gives
+/// whether it was killed.
+bool runInDoomedProcess(const std::function<void()>& job,
+                        std::optional<std::chrono::microseconds> patience = std::nullopt);
 
 } // namespace lumeo

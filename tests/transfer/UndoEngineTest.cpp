@@ -14,8 +14,6 @@
 #include <fstream>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace lumeo {
 namespace {
@@ -262,9 +260,7 @@ TEST_P(UndoSafetyTest, TheProcessMayBeKilledAtAnyCallAndASecondUndoCompletesTheF
     const std::size_t calls = callsOfAnUndo();
     for (std::size_t number = 1; number <= calls; ++number) {
         const FinishedRun run(OperationMode::move);
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
+        runInDoomedProcess([&] {
             FaultyFileSystem disk(real);
             prepare(disk);
             disk.beforeEachCall([&](const DiskCall& call) {
@@ -273,9 +269,7 @@ TEST_P(UndoSafetyTest, TheProcessMayBeKilledAtAnyCallAndASecondUndoCompletesTheF
                 }
             });
             UndoEngine(disk).rollback(run.manifest);
-            _exit(0);
-        }
-        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        });
         SCOPED_TRACE("call " + std::to_string(number));
         run.expectNothingLost();
         FaultyFileSystem disk(real);
