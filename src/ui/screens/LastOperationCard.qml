@@ -1,0 +1,82 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// What the last run did, in one line and six figures.
+Card {
+    id: card
+
+    required property var texts
+
+    contentItem: ColumnLayout {
+        spacing: Theme.s12
+
+        ColumnLayout {
+            spacing: Theme.s4
+
+            RowLayout {
+                spacing: Theme.s8
+
+                Symbol {
+                    name: "clock.arrow.circlepath"
+                    size: 18
+                    color: Theme.textSecondary
+                }
+
+                BodyText {
+                    Layout.fillWidth: true
+                    text: qsTrId("last.title")
+                    font.weight: Font.DemiBold
+                    Accessible.role: Accessible.Heading
+                }
+            }
+
+            CaptionText {
+                Layout.fillWidth: true
+                text: card.texts.line
+                font.pixelSize: 10
+                wrapMode: Text.Wrap
+            }
+        }
+
+        RowLayout {
+            spacing: Theme.s8
+
+            LastOperationFigure {
+                value: card.texts.files
+                caption: qsTrId("last.filesProcessed")
+                tint: "blue"
+            }
+
+            LastOperationFigure {
+                value: card.texts.transferred
+                caption: qsTrId("last.dataTransferred")
+                tint: "cyan"
+            }
+
+            LastOperationFigure {
+                value: card.texts.verified
+                caption: qsTrId("last.verified")
+                tint: "green"
+            }
+
+            LastOperationFigure {
+                value: card.texts.skipped
+                caption: qsTrId("last.skipped")
+                tint: "orange"
+            }
+
+            LastOperationFigure {
+                value: card.texts.errors
+                caption: qsTrId("last.errors")
+                tint: card.texts.hasErrors ? "red" : "grey"
+            }
+
+            LastOperationFigure {
+                value: card.texts.duration
+                caption: qsTrId("last.duration")
+                tint: "purple"
+            }
+        }
+    }
+}

@@ -1,0 +1,88 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// The figures of the catalogue: its kinds of media large, what stands out in it below them.
+ColumnLayout {
+    id: tiles
+
+    required property ScanModel model
+
+    spacing: Theme.s16
+
+    GridLayout {
+        Layout.fillWidth: true
+        columns: 3
+        columnSpacing: Theme.s16
+
+        FigureTile {
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            symbol: "photo.fill"
+            value: tiles.model.photosFound
+            title: qsTrId("scan.photos")
+            caption: "Standard images"
+            tint: "blue"
+            share: tiles.model.photosShare
+        }
+
+        FigureTile {
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            symbol: "film.fill"
+            value: tiles.model.videosFound
+            title: qsTrId("scan.videos")
+            caption: "Movies & clips"
+            tint: "purple"
+            share: tiles.model.videosShare
+        }
+
+        FigureTile {
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            symbol: "camera.fill"
+            value: tiles.model.rawFound
+            title: qsTrId("scan.raw")
+            caption: "Camera sensor originals"
+            tint: "orange"
+            share: tiles.model.rawShare
+        }
+    }
+
+    GridLayout {
+        Layout.fillWidth: true
+        columns: 4
+        columnSpacing: Theme.s16
+
+        ScanCounter {
+            symbol: "doc.on.doc.fill"
+            value: tiles.model.duplicates
+            caption: qsTrId("results.exactDuplicates")
+            detail: qsTrId("results.exactDuplicatesSubtitle")
+            tint: "indigo"
+        }
+
+        ScanCounter {
+            symbol: "calendar.badge.exclamationmark"
+            value: tiles.model.missingDates
+            caption: qsTrId("results.missingDate")
+            detail: qsTrId("results.missingDateSubtitle")
+            tint: "orange"
+        }
+
+        ScanCounter {
+            symbol: "exclamationmark.triangle.fill"
+            value: tiles.model.warnings
+            caption: qsTrId("results.warnings")
+            detail: qsTrId("results.warningsSubtitle")
+            tint: "yellow"
+        }
+
+        ScanCounter {
+            symbol: "internaldrive.fill"
+            value: tiles.model.totalSize
+            caption: qsTrId("results.totalSize")
+            tint: "cyan"
+        }
+    }
+}

@@ -1,0 +1,142 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Lumeo.Kit
+
+/// What the scan found: how much of each kind, and what deserves a look before going on.
+Item {
+    id: view
+
+    required property ScanModel model
+
+    Flickable {
+        id: page
+
+        anchors.top: parent.top
+        anchors.bottom: bar.top
+        width: parent.width
+        contentHeight: Math.max(height, column.implicitHeight + 2 * Theme.s32)
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        T.ScrollBar.vertical: ScrollBar {
+        }
+
+        ColumnLayout {
+            id: column
+
+            anchors.centerIn: parent
+            width: Math.min(Theme.contentWidth, page.width - 2 * Theme.s32)
+            spacing: Theme.s24
+
+            ColumnLayout {
+                spacing: Theme.s4
+
+                Symbol {
+                    Layout.alignment: Qt.AlignHCenter
+                    Layout.bottomMargin: Theme.s4
+                    name: view.model.hasItems ? "checkmark.circle.fill" : "magnifyingglass"
+                    size: 40
+                    color: view.model.hasItems ? Theme.green : Theme.textTertiary
+                }
+
+                TitleText {
+                    Layout.fillWidth: true
+                    text: qsTrId("results.title")
+                    horizontalAlignment: Text.AlignHCenter
+                }
+
+                SubtitleText {
+                    Layout.fillWidth: true
+                    text: view.model.foundLine
+                    horizontalAlignment: Text.AlignHCenter
+                }
+
+                BodyText {
+                    Layout.fillWidth: true
+                    text: view.model.scannedInLine
+                    color: Theme.textTertiary
+                    horizontalAlignment: Text.AlignHCenter
+                }
+            }
+
+            ResultsTiles {
+                Layout.fillWidth: true
+                visible: view.model.hasItems
+                model: view.model
+            }
+
+            // What else was in the folders: all there is to tell when nothing was found.
+            Flow {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.maximumWidth: column.width
+                spacing: Theme.s8
+
+                Chip {
+                    text: qsTrId("scan.filesInspected") + ": " + view.model.inspected
+                    tint: "grey"
+                }
+
+                Chip {
+                    text: qsTrId("scan.unsupported") + ": " + view.model.unsupported
+                    tint: "grey"
+                }
+
+                Chip {
+                    text: qsTrId("scan.errors") + ": " + view.model.errors
+                    tint: view.model.hasErrors ? "red" : "grey"
+                }
+            }
+        }
+    }
+
+    BottomBar {
+        id: bar
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        PlainButton {
+            text: qsTrId("results.changeSources")
+            onClicked: view.model.changeSources()
+        }
+
+        Item {
+            Layout.fillWidth: true
+        }
+
+        RowLayout {
+            visible: view.model.isAnalyzing
+            spacing: Theme.s12
+
+            ProgressBar {
+                Layout.preferredWidth: 72
+                indeterminate: true
+                Accessible.name: analyzing.text
+            }
+
+            BodyText {
+                id: analyzing
+
+                text: qsTrId("results.analyzingDuplicates")
+                color: Theme.textSecondary
+                wrapMode: Text.NoWrap
+            }
+        }
+
+        PlainButton {
+            visible: view.model.hasItems && !view.model.isAnalyzing
+            text: qsTrId("results.analyzeDuplicates")
+            symbol: "doc.on.doc.fill"
+            onClicked: view.model.analyzeDuplicates()
+        }
+
+        PrimaryButton {
+            text: qsTrId("results.organize")
+            symbol: "arrow.right"
+            trailingSymbol: true
+            enabled: view.model.hasItems
+            onClicked: view.model.organize()
+        }
+    }
+}

@@ -1,0 +1,9 @@
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// A tile as wide as its neighbours, whatever the figures in them.
+StatTile {
+    Layout.fillWidth: true
+    Layout.fillHeight: true
+    Layout.preferredWidth: 1
+}

@@ -1,0 +1,29 @@
+import QtQuick
+
+/// The second step: the scan while it runs, and what it found once it is over.
+Item {
+    id: screen
+
+    required property ScanModel model
+
+    Loader {
+        anchors.fill: parent
+        sourceComponent: screen.model.isScanning ? scanning : results
+    }
+
+    Component {
+        id: scanning
+
+        ScanningView {
+            model: screen.model
+        }
+    }
+
+    Component {
+        id: results
+
+        ResultsView {
+            model: screen.model
+        }
+    }
+}

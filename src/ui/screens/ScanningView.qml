@@ -1,0 +1,155 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// The running scan: its counters, and the name of the file that it looks at.
+Item {
+    id: view
+
+    required property ScanModel model
+
+    ColumnLayout {
+        anchors.centerIn: parent
+        anchors.verticalCenterOffset: -bar.height / 2
+        width: Math.min(Theme.contentWidth, view.width - 2 * Theme.s32)
+        spacing: Theme.s24
+
+        ColumnLayout {
+            spacing: Theme.s8
+
+            Symbol {
+                Layout.alignment: Qt.AlignHCenter
+                name: view.model.isPaused ? "pause.fill" : "magnifyingglass"
+                size: 40
+                color: view.model.isPaused ? Theme.orange : Theme.cyan
+            }
+
+            TitleText {
+                Layout.fillWidth: true
+                text: view.model.isPaused ? qsTrId("scan.pausedTitle") : qsTrId("scan.title")
+                horizontalAlignment: Text.AlignHCenter
+            }
+
+            SubtitleText {
+                Layout.fillWidth: true
+                text: qsTrId("scan.subtitle")
+                horizontalAlignment: Text.AlignHCenter
+            }
+        }
+
+        GridLayout {
+            Layout.fillWidth: true
+            columns: 4
+            columnSpacing: Theme.s16
+            rowSpacing: Theme.s16
+
+            ScanCounter {
+                symbol: "photo.fill"
+                value: view.model.photos
+                caption: qsTrId("scan.photos")
+                tint: "blue"
+            }
+
+            ScanCounter {
+                symbol: "film.fill"
+                value: view.model.videos
+                caption: qsTrId("scan.videos")
+                tint: "purple"
+            }
+
+            ScanCounter {
+                symbol: "camera.fill"
+                value: view.model.raw
+                caption: qsTrId("scan.raw")
+                tint: "orange"
+            }
+
+            ScanCounter {
+                symbol: "checkmark.circle.fill"
+                value: view.model.supported
+                caption: qsTrId("scan.totalSupported")
+                tint: "green"
+            }
+
+            ScanCounter {
+                symbol: "doc.text.magnifyingglass"
+                value: view.model.inspected
+                caption: qsTrId("scan.filesInspected")
+                tint: "cyan"
+            }
+
+            ScanCounter {
+                symbol: "questionmark.circle"
+                value: view.model.unsupported
+                caption: qsTrId("scan.unsupported")
+                tint: "grey"
+            }
+
+            ScanCounter {
+                symbol: "exclamationmark.triangle.fill"
+                value: view.model.errors
+                caption: qsTrId("scan.errors")
+                tint: view.model.hasErrors ? "red" : "grey"
+            }
+
+            ScanCounter {
+                symbol: "timer"
+                value: view.model.duration
+                caption: qsTrId("scan.duration")
+                tint: "indigo"
+            }
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: Theme.s12
+
+            ProgressBar {
+                Layout.fillWidth: true
+                tint: view.model.isPaused ? "orange" : "cyan"
+                indeterminate: !view.model.isPaused
+                value: 0
+                Accessible.name: qsTrId("scan.title")
+            }
+
+            // A line of its own height, so that nothing moves while there is no name.
+            MonoText {
+                Layout.fillWidth: true
+                Layout.preferredHeight: 18
+                text: view.model.currentName
+                maximumLineCount: 1
+                horizontalAlignment: Text.AlignHCenter
+                // It changes twenty times a second: too much to be read aloud.
+                Accessible.ignored: true
+            }
+        }
+    }
+
+    BottomBar {
+        id: bar
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        PlainButton {
+            text: qsTrId("scan.cancel")
+            symbol: "xmark"
+            onClicked: view.model.cancel()
+        }
+
+        Item {
+            Layout.fillWidth: true
+        }
+
+        PrimaryButton {
+            text: view.model.isPaused ? qsTrId("scan.resume") : qsTrId("scan.pause")
+            symbol: view.model.isPaused ? "play.fill" : "pause.fill"
+            onClicked: {
+                if (view.model.isPaused)
+                    view.model.resume();
+                else
+                    view.model.pause();
+            }
+        }
+    }
+}

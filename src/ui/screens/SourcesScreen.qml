@@ -1,0 +1,128 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Lumeo.Kit
+
+/// The first step: which folders and drives are to be scanned.
+Item {
+    id: screen
+
+    required property SourcesModel model
+
+    // Whatever is dropped anywhere on the screen is meant for the zone.
+    DropArea {
+        id: drop
+
+        anchors.fill: parent
+        keys: ["text/uri-list"]
+        onEntered: drag => {
+            drag.accepted = screen.model.takes(drag.getDataAsArrayBuffer("text/uri-list"));
+        }
+        onDropped: drag => {
+            screen.model.drop(drag.getDataAsArrayBuffer("text/uri-list"));
+            // Never as a move, which would let the other program remove what it gave.
+            drag.accept(Qt.CopyAction);
+        }
+    }
+
+    Flickable {
+        id: page
+
+        anchors.top: parent.top
+        anchors.bottom: bar.top
+        width: parent.width
+        contentHeight: column.height + 2 * Theme.s24
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        T.ScrollBar.vertical: ScrollBar {
+        }
+
+        ColumnLayout {
+            id: column
+
+            x: (page.width - width) / 2
+            y: Theme.s24
+            width: Math.min(Theme.contentWidth, page.width - 2 * Theme.s32)
+            spacing: Theme.s24
+
+            SourcesHero {
+                Layout.fillWidth: true
+            }
+
+            SourcesDropZone {
+                Layout.fillWidth: true
+                isTargeted: drop.containsDrag
+                isCompact: screen.model.count > 0
+                onChoose: screen.model.chooseFolders()
+            }
+
+            BodyText {
+                Layout.fillWidth: true
+                visible: screen.model.count === 0
+                text: qsTrId("sources.emptyInstruction")
+                color: Theme.textSecondary
+                horizontalAlignment: Text.AlignHCenter
+            }
+
+            SourcesList {
+                Layout.fillWidth: true
+                visible: screen.model.count > 0
+                model: screen.model
+            }
+
+            LastOperationCard {
+                Layout.fillWidth: true
+                visible: screen.model.lastOperation.isPresent
+                texts: screen.model.lastOperation
+            }
+        }
+    }
+
+    BottomBar {
+        id: bar
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: Theme.s4
+
+            Repeater {
+                model: [
+                    { symbol: "checkmark.shield.fill", key: "sources.safetyReassurance" },
+                    { symbol: "lock.fill", key: "sources.privacyReassurance" }
+                ]
+
+                RowLayout {
+                    id: reassurance
+
+                    required property var modelData
+
+                    spacing: Theme.s8
+
+                    Symbol {
+                        name: reassurance.modelData.symbol
+                        size: 14
+                        color: Theme.green
+                    }
+
+                    CaptionText {
+                        Layout.fillWidth: true
+                        text: qsTrId(reassurance.modelData.key)
+                        elide: Text.ElideRight
+                    }
+                }
+            }
+        }
+
+        PrimaryButton {
+            text: qsTrId("sources.scanMedia")
+            symbol: "arrow.right"
+            trailingSymbol: true
+            enabled: screen.model.canScan
+            onClicked: screen.model.scan()
+        }
+    }
+}
