@@ -1,0 +1,107 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// Where the archive goes, and whether there is room for it.
+ColumnLayout {
+    id: section
+
+    required property OrganizationModel model
+
+    spacing: Theme.s8
+
+    SectionHeading {
+        Layout.fillWidth: true
+        text: qsTrId("org.destination")
+    }
+
+    Card {
+        Layout.fillWidth: true
+
+        contentItem: ColumnLayout {
+            spacing: Theme.s12
+
+            PlainButton {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.maximumWidth: parent.width
+                Layout.topMargin: Theme.s8
+                Layout.bottomMargin: Theme.s8
+                visible: !section.model.hasDestination
+                text: qsTrId("org.chooseDestination")
+                symbol: "folder.badge.plus"
+                onClicked: section.model.chooseDestination()
+            }
+
+            RowLayout {
+                visible: section.model.hasDestination
+                spacing: Theme.s12
+
+                Rectangle {
+                    Layout.preferredWidth: 36
+                    Layout.preferredHeight: 36
+                    radius: Theme.radiusControl
+                    color: Theme.soft(Theme.tint(Theme.accent))
+
+                    Symbol {
+                        anchors.centerIn: parent
+                        name: section.model.destinationSymbol
+                        color: Theme.tint(Theme.accent)
+                    }
+                }
+
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    spacing: 2
+
+                    BodyText {
+                        Layout.fillWidth: true
+                        text: section.model.destinationName
+                        font.weight: Font.DemiBold
+                        wrapMode: Text.NoWrap
+                        maximumLineCount: 1
+                        elide: Text.ElideMiddle
+                    }
+
+                    MonoText {
+                        Layout.fillWidth: true
+                        text: section.model.destinationPath
+                        maximumLineCount: 1
+                    }
+                }
+
+                PlainButton {
+                    text: qsTrId("org.change")
+                    onClicked: section.model.chooseDestination()
+                }
+            }
+
+            CapacityBar {
+                Layout.fillWidth: true
+                visible: section.model.hasDestination && section.model.hasCapacity
+                used: section.model.usedShare
+                added: section.model.addedShare
+                Accessible.name: section.model.capacityLine
+            }
+
+            RowLayout {
+                visible: section.model.hasDestination
+                spacing: Theme.s8
+
+                Symbol {
+                    Layout.alignment: Qt.AlignTop
+                    visible: section.model.lacksRoom
+                    name: "exclamationmark.triangle.fill"
+                    size: 16
+                    color: Theme.red
+                }
+
+                BodyText {
+                    Layout.fillWidth: true
+                    text: section.model.capacityLine
+                    color: section.model.lacksRoom ? Theme.red : Theme.textSecondary
+                    font.pixelSize: Theme.tableSize
+                }
+            }
+        }
+    }
+}

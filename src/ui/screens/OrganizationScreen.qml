@@ -1,0 +1,132 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Lumeo.Kit
+
+/// The third step: how the archive is to be built, and where.
+Item {
+    id: screen
+
+    required property OrganizationModel model
+
+    Flickable {
+        id: page
+
+        anchors.top: parent.top
+        anchors.bottom: bar.top
+        width: parent.width
+        contentHeight: column.height + 2 * Theme.s24
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        T.ScrollBar.vertical: ScrollBar {
+        }
+
+        ColumnLayout {
+            id: column
+
+            x: (page.width - width) / 2
+            y: Theme.s24
+            width: Math.min(sections.columns > 1 ? 1040 : Theme.contentWidth, page.width - 2 * Theme.s32)
+            spacing: Theme.s24
+
+            ColumnLayout {
+                spacing: Theme.s4
+
+                TitleText {
+                    Layout.fillWidth: true
+                    text: qsTrId("org.title")
+                    horizontalAlignment: Text.AlignHCenter
+                }
+
+                SubtitleText {
+                    Layout.fillWidth: true
+                    text: qsTrId("org.subtitle")
+                    horizontalAlignment: Text.AlignHCenter
+                }
+            }
+
+            GridLayout {
+                id: sections
+
+                Layout.fillWidth: true
+                columns: screen.width > 1000 ? 2 : 1
+                columnSpacing: Theme.s24
+                rowSpacing: Theme.s24
+
+                StructureSection {
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    Layout.alignment: Qt.AlignTop
+                    model: screen.model
+                }
+
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    Layout.alignment: Qt.AlignTop
+                    spacing: Theme.s24
+
+                    DestinationSection {
+                        Layout.fillWidth: true
+                        model: screen.model
+                    }
+
+                    ModeSection {
+                        Layout.fillWidth: true
+                        model: screen.model
+                    }
+
+                    PolicySection {
+                        Layout.fillWidth: true
+                        model: screen.model
+                    }
+                }
+            }
+        }
+    }
+
+    BottomBar {
+        id: bar
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        PlainButton {
+            text: qsTrId("org.back")
+            symbol: "arrow.left"
+            onClicked: screen.model.goBack()
+        }
+
+        Item {
+            Layout.fillWidth: true
+        }
+
+        ProgressBar {
+            id: planning
+
+            // Most catalogues are planned before anybody could read a bar.
+            Timer {
+                running: screen.model.isPlanning
+                interval: 400
+                onRunningChanged: if (!running) planning.isWorthShowing = false
+                onTriggered: planning.isWorthShowing = true
+            }
+
+            property bool isWorthShowing: false
+
+            Layout.preferredWidth: 120
+            visible: isWorthShowing && screen.model.isPlanning
+            value: screen.model.plannedShare
+            Accessible.name: qsTrId("org.previewChanges")
+        }
+
+        PrimaryButton {
+            text: qsTrId("org.previewChanges")
+            symbol: "arrow.right"
+            trailingSymbol: true
+            enabled: screen.model.canPreview
+            onClicked: screen.model.previewChanges()
+        }
+    }
+}

@@ -1,0 +1,88 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// The user's own folder pattern: the line to write it on, the tags to put in, and what becomes of it.
+ColumnLayout {
+    id: editor
+
+    required property OrganizationModel model
+
+    spacing: Theme.s12
+
+    TextField {
+        id: field
+
+        Layout.fillWidth: true
+        label: qsTrId("org.customTemplate")
+        placeholder: "e.g. {YYYY}/{YYYY}-{MM} {Month}/{CameraModel}"
+        text: editor.model.customTemplate
+        monospaced: true
+        onTextEdited: editor.model.customTemplate = text
+    }
+
+    Flow {
+        Layout.fillWidth: true
+        spacing: Theme.s4
+
+        CaptionText {
+            height: 24
+            text: editor.model.tagsLabel
+            verticalAlignment: Text.AlignVCenter
+            rightPadding: Theme.s4
+        }
+
+        Repeater {
+            model: editor.model.tags
+
+            TagButton {
+                required property string modelData
+
+                text: modelData
+                onClicked: {
+                    field.insert(modelData);
+                    field.forceActiveFocus();
+                }
+            }
+        }
+    }
+
+    Rectangle {
+        Layout.fillWidth: true
+        implicitHeight: example.implicitHeight + 2 * Theme.s12
+        visible: editor.model.exampleAfter !== ""
+        radius: Theme.radiusControl
+        color: Theme.sunken
+
+        RowLayout {
+            id: example
+
+            anchors.fill: parent
+            anchors.margins: Theme.s12
+            spacing: Theme.s8
+
+            MonoText {
+                Layout.fillWidth: true
+                Layout.maximumWidth: implicitWidth + 1
+                Layout.minimumWidth: 60
+                text: editor.model.exampleBefore
+                maximumLineCount: 1
+            }
+
+            Symbol {
+                name: "arrow.right"
+                size: 14
+                color: Theme.textTertiary
+            }
+
+            MonoText {
+                Layout.fillWidth: true
+                Layout.minimumWidth: 160
+                text: editor.model.exampleAfter
+                color: Theme.textPrimary
+                wrapMode: Text.WrapAnywhere
+                maximumLineCount: 3
+            }
+        }
+    }
+}

@@ -1,0 +1,57 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// The folders of the archive: ready-made ones, or a pattern of the user's own.
+ColumnLayout {
+    id: section
+
+    required property OrganizationModel model
+
+    readonly property var presetKeys: [
+        "org.preset.yearMonth", "org.preset.yearOnly", "org.preset.exactDate", "org.preset.custom"
+    ]
+
+    spacing: Theme.s8
+
+    SectionHeading {
+        Layout.fillWidth: true
+        text: qsTrId("org.folderStructure")
+    }
+
+    Card {
+        Layout.fillWidth: true
+        padding: Theme.s8
+
+        contentItem: ColumnLayout {
+            spacing: 0
+
+            RadioGroup {
+                Layout.fillWidth: true
+                label: qsTrId("org.folderStructure")
+
+                Repeater {
+                    model: section.model.presetExamples
+
+                    RadioRow {
+                        required property int index
+                        required property string modelData
+
+                        text: qsTrId(section.presetKeys[index])
+                        detail: modelData
+                        monospaced: index < 3
+                        checked: section.model.preset === index
+                        onClicked: section.model.preset = index
+                    }
+                }
+            }
+
+            PatternEditor {
+                Layout.fillWidth: true
+                Layout.margins: Theme.s12
+                visible: section.model.isCustom
+                model: section.model
+            }
+        }
+    }
+}
