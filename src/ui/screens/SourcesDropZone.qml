@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Shapes
 import Lumeo.Kit
 
 /// Where folders are dropped, with the button for those who would rather choose them. Steps back once
@@ -12,8 +11,6 @@ Item {
     property bool isCompact: false
     signal choose
 
-    readonly property color lineColor: isTargeted ? Theme.blue : Theme.textTertiary
-
     implicitHeight: content.implicitHeight + 2 * (isCompact ? Theme.s16 : Theme.s32)
 
     Rectangle {
@@ -22,33 +19,25 @@ Item {
         color: zone.isTargeted ? Theme.soft(Theme.blue) : Theme.sunken
     }
 
-    Shape {
+    Canvas {
+        id: line
+
+        readonly property color color: zone.isTargeted ? Theme.blue : Theme.textTertiary
+        readonly property real thickness: zone.isTargeted ? 2 : 1
+
         anchors.fill: parent
-
-        ShapePath {
-            id: line
-
-            readonly property real inset: strokeWidth / 2
-            readonly property real right: zone.width - inset
-            readonly property real bottom: zone.height - inset
-            readonly property real radius: Theme.radiusSheet
-
-            strokeColor: zone.lineColor
-            strokeWidth: zone.isTargeted ? 2 : 1
-            strokeStyle: ShapePath.DashLine
-            dashPattern: [6, 4]
-            fillColor: "transparent"
-            startX: inset + radius
-            startY: inset
-
-            PathLine { x: line.right - line.radius; y: line.inset }
-            PathArc { x: line.right; y: line.inset + line.radius; radiusX: line.radius; radiusY: line.radius }
-            PathLine { x: line.right; y: line.bottom - line.radius }
-            PathArc { x: line.right - line.radius; y: line.bottom; radiusX: line.radius; radiusY: line.radius }
-            PathLine { x: line.inset + line.radius; y: line.bottom }
-            PathArc { x: line.inset; y: line.bottom - line.radius; radiusX: line.radius; radiusY: line.radius }
-            PathLine { x: line.inset; y: line.inset + line.radius }
-            PathArc { x: line.inset + line.radius; y: line.inset; radiusX: line.radius; radiusY: line.radius }
+        onColorChanged: requestPaint()
+        onThicknessChanged: requestPaint()
+        onPaint: {
+            const context = getContext("2d");
+            context.reset();
+            context.strokeStyle = color;
+            context.lineWidth = thickness;
+            context.setLineDash([6, 4]);
+            const inset = thickness / 2;
+            context.roundedRect(inset, inset, width - thickness, height - thickness,
+                                Theme.radiusSheet, Theme.radiusSheet);
+            context.stroke();
         }
     }
 
