@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// Where the archive goes, and whether there is room for it.
 ColumnLayout {

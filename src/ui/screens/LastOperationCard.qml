@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// What the last run did, in one line and six figures.
 Card {

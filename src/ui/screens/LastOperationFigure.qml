@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// One figure of the last run, as wide as its neighbours.
 Rectangle {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// Whether the originals stay where they are.
 ColumnLayout {

@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 import Lumeo.Kit
+import Lumeo.Window
 
 /// The third step: how the archive is to be built, and where.
 Item {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// The user's own folder pattern: the line to write it on, the tags to put in, and what becomes of it.
 ColumnLayout {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// What is done with undated files and duplicates, for the few who want it otherwise.
 Disclosure {

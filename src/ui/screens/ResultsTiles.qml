@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// The figures of the catalogue: its kinds of media large, what stands out in it below them.
 ColumnLayout {

@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 import Lumeo.Kit
+import Lumeo.Window
 
 /// What the scan found: how much of each kind, and what deserves a look before going on.
 Item {

@@ -1,5 +1,6 @@
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// A tile as wide as its neighbours, whatever the figures in them.
 StatTile {

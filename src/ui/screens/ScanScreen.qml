@@ -1,4 +1,5 @@
 import QtQuick
+import Lumeo.Window
 
 /// The second step: the scan while it runs, and what it found once it is over.
 Item {

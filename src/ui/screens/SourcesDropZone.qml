@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// Where folders are dropped, with the button for those who would rather choose them. Steps back once
 /// there is something to look at below it.

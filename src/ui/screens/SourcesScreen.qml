@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 import Lumeo.Kit
+import Lumeo.Window
 
 /// The first step: which folders and drives are to be scanned.
 Item {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// The folders of the archive: ready-made ones, or a pattern of the user's own.
 ColumnLayout {

@@ -1,5 +1,6 @@
 import QtQuick
 import Lumeo.Kit
+import Lumeo.Window
 
 /// Writes its text where the cursor is.
 ButtonBase {
