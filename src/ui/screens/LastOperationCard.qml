@@ -28,6 +28,7 @@ Card {
                     Layout.fillWidth: true
                     text: qsTrId("last.title")
                     font.weight: Font.DemiBold
+                    horizontalAlignment: Text.AlignLeft
                     Accessible.role: Accessible.Heading
                 }
             }
@@ -37,6 +38,7 @@ Card {
                 text: card.texts.line
                 font.pixelSize: 10
                 wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignLeft
             }
         }
 

@@ -27,7 +27,7 @@ Item {
             id: column
 
             x: (page.width - width) / 2
-            y: Theme.s24
+            y: Math.max(Theme.s24, (page.height - height) / 3)
             width: Math.min(sections.columns > 1 ? 1040 : Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 

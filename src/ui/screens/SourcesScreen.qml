@@ -43,7 +43,7 @@ Item {
             id: column
 
             x: (page.width - width) / 2
-            y: Theme.s24
+            y: Math.max(Theme.s24, (page.height - height) / 3)
             width: Math.min(Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 
@@ -112,6 +112,7 @@ Item {
                     CaptionText {
                         Layout.fillWidth: true
                         text: qsTrId(reassurance.modelData.key)
+                        horizontalAlignment: Text.AlignLeft
                         elide: Text.ElideRight
                     }
                 }
