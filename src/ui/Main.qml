@@ -1,12 +1,164 @@
 import QtQuick
+import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
+/// The main window: the header, and below it the screen of the current step. A screen is made when its
+/// step is shown and is gone after it.
 Window {
-    required property ShellModel shell
+    id: window
 
-    visible: true
+    required property ShellModel shell
+    required property SettingsModel settingsModel
+    required property SourcesModel sourcesModel
+    required property ScanModel scanModel
+    required property OrganizationModel organizationModel
+
+    property bool closeConfirmed: false
+
+    function openSettings() {
+        settings.show();
+        settings.raise();
+        settings.requestActivate();
+    }
+
+    objectName: "main-window"
     title: "LUMEO."
     width: 1100
     height: 760
+    minimumWidth: 900
+    minimumHeight: 650
     color: Theme.ground
+
+    onClosing: close => {
+        if (shell.isProcessing && !closeConfirmed) {
+            close.accepted = false;
+            closeQuestion.open();
+        } else {
+            Qt.quit();
+        }
+    }
+
+    Binding {
+        target: Theme
+        property: "dark"
+        value: window.shell.isDark
+    }
+
+    Binding {
+        target: Theme
+        property: "reducedMotion"
+        value: window.shell.reducedMotion
+    }
+
+    Binding {
+        target: Theme
+        property: "accent"
+        value: window.shell.tint
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        context: Qt.ApplicationShortcut
+        onActivated: window.close()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+O"
+        onActivated: window.shell.addFolder()
+    }
+
+    Shortcut {
+        sequence: "F1"
+        onActivated: help.open()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+,"
+        onActivated: window.openSettings()
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        Header {
+            Layout.fillWidth: true
+            z: 1
+            shell: window.shell
+            onHelpRequested: help.open()
+            onPrivacyRequested: privacy.open()
+            onPerformanceRequested: performance.open()
+            onAboutRequested: about.open()
+            onSettingsRequested: window.openSettings()
+        }
+
+        StepStage {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            step: window.shell.currentStep
+            screens: [sources, scan, organization]
+        }
+    }
+
+    Component {
+        id: sources
+
+        SourcesScreen {
+            model: window.sourcesModel
+        }
+    }
+
+    Component {
+        id: scan
+
+        ScanScreen {
+            model: window.scanModel
+        }
+    }
+
+    Component {
+        id: organization
+
+        OrganizationScreen {
+            model: window.organizationModel
+        }
+    }
+
+    HowToUseSheet {
+        id: help
+    }
+
+    PrivacySheet {
+        id: privacy
+    }
+
+    PerformanceSheet {
+        id: performance
+    }
+
+    AboutSheet {
+        id: about
+    }
+
+    SettingsWindow {
+        id: settings
+
+        model: window.settingsModel
+        transientParent: window
+    }
+
+    Alert {
+        id: closeQuestion
+
+        title: qsTrId("proc.cancel") + "?"
+        message: window.shell.runText
+        confirmText: qsTrId("proc.cancel")
+        cancelText: qsTrId("org.back")
+        destructive: true
+        onConfirmed: {
+            window.closeConfirmed = true;
+            window.close();
+        }
+    }
 }

@@ -1,10 +1,74 @@
+#include "platform/Clock.h"
+#include "platform/PosixFileSystem.h"
+#include "platform/Volumes.h"
+#include "ui/Program.h"
+#include "ui/desktop/DesktopFileBrowser.h"
+#include "ui/desktop/DesktopFolderChooser.h"
+#include "ui/desktop/DesktopMotion.h"
+#include "ui/desktop/DesktopSavePanel.h"
+#include "window/SingleInstance.h"
+#include "window/WindowPlace.h"
+
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
+#include <QQmlEngine>
+#include <QSettings>
+
+namespace {
+
+void name(QGuiApplication& application) {
+    application.setOrganizationName(QStringLiteral("lumeo"));
+    application.setApplicationName(QStringLiteral("lumeo"));
+    application.setApplicationVersion(QStringLiteral(LUMEO_VERSION));
+    application.setDesktopFileName(QStringLiteral("lumeo"));
+}
+
+void bringToFront(QWindow& window) {
+    window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.requestActivate();
+}
+
+} // namespace
 
 int main(int argc, char* argv[]) {
     QGuiApplication application(argc, argv);
-    QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Lumeo/Window/Main.qml")));
+    name(application);
+
+    lumeo::SingleInstance instance(QStringLiteral("lumeo"));
+    if (!instance.claim()) {
+        return 0;
+    }
+
+    lumeo::PosixFileSystem fileSystem;
+    const lumeo::SystemClock clock;
+    const lumeo::SystemVolumes volumes;
+    QSettings settings;
+
+    QQmlEngine engine;
+    lumeo::DesktopFolderChooser folderChooser(engine);
+    lumeo::DesktopSavePanel savePanel(engine);
+    lumeo::DesktopFileBrowser fileBrowser;
+    lumeo::Program program(engine, {.fileSystem = fileSystem,
+                                    .clock = clock,
+                                    .volumes = volumes,
+                                    .settings = settings,
+                                    .desktop = {folderChooser, savePanel, fileBrowser}});
+    QObject::connect(&engine, &QQmlEngine::quit, &application, &QCoreApplication::quit);
+
+    auto* window = program.makeWindow();
+    if (window == nullptr) {
+        return 1;
+    }
+    folderChooser.setWindow(window);
+    savePanel.setWindow(window);
+    const lumeo::DesktopMotion motion;
+    QObject::connect(&motion, &lumeo::DesktopMotion::reducedChanged, &program.shell(),
+                     &lumeo::ShellModel::setReducedMotion);
+    QObject::connect(&instance, &lumeo::SingleInstance::startedAgain, window,
+                     [window] { bringToFront(*window); });
+
+    const lumeo::WindowPlace place(*window, settings);
+    window->show();
     return QGuiApplication::exec();
 }

@@ -8,6 +8,7 @@ Item {
 
     property string name
     property int size: 20
+    property bool bold: false
     property color color: Theme.textPrimary
     /// What shows through where a mark is cut out of the picture: the colour of the ground.
     property color cutOut: Theme.surface
@@ -21,6 +22,7 @@ Item {
         color: symbol.color
         font.family: Symbols.family
         font.pixelSize: symbol.size
+        font.bold: symbol.bold
     }
 
     Text {

@@ -1,23 +1,73 @@
 #pragma once
 
+#include "ui/models/WizardSteps.h"
+
 #include <QObject>
+#include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 namespace lumeo {
 
 class AppState;
+class LocalizationManager;
+class Preferences;
 
-/// What the window shows around its screens: the steps of the wizard and the utilities of the header.
+/// What the window shows around its screens: the steps of the wizard, the languages, the appearance, and
+/// what may be done from anywhere. Main thread only.
 class ShellModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the program")
+    Q_PROPERTY(lumeo::WizardSteps* steps READ steps CONSTANT)
+    Q_PROPERTY(int currentStep READ currentStep NOTIFY currentStepChanged)
+    Q_PROPERTY(QString tint READ tint NOTIFY currentStepChanged)
+    Q_PROPERTY(QStringList languages READ languages CONSTANT)
+    Q_PROPERTY(int currentLanguage READ currentLanguage NOTIFY currentLanguageChanged)
+    Q_PROPERTY(bool isDark READ isDark NOTIFY appearanceChanged)
+    Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY reducedMotionChanged)
+    Q_PROPERTY(bool isProcessing READ isProcessing NOTIFY isProcessingChanged)
+    Q_PROPERTY(QString runText READ runText NOTIFY runTextChanged)
 
 public:
-    explicit ShellModel(AppState& state, QObject* parent = nullptr);
+    /// All must outlive the model.
+    ShellModel(AppState& state, LocalizationManager& localization, Preferences& preferences,
+               QObject* parent = nullptr);
+
+    [[nodiscard]] WizardSteps* steps() { return &steps_; }
+    [[nodiscard]] int currentStep() const;
+    [[nodiscard]] QString tint() const; ///< the name of the current step's colour
+    /// Each with its flag, in the order of the enumeration.
+    [[nodiscard]] QStringList languages() const;
+    [[nodiscard]] int currentLanguage() const; ///< its place in `languages`
+    [[nodiscard]] bool isDark() const;
+    [[nodiscard]] bool reducedMotion() const { return reducedMotion_; }
+    [[nodiscard]] bool isProcessing() const;
+    [[nodiscard]] QString runText() const; ///< how far the run has come, in a few words
+
+    Q_INVOKABLE void navigateTo(int step);
+    Q_INVOKABLE void chooseLanguage(int language);
+    Q_INVOKABLE void flipAppearance();
+    /// Asks for further sources on their screen; nothing happens while a job works on the present ones.
+    Q_INVOKABLE void addFolder();
+
+public slots:
+    /// What the desktop says of motion.
+    void setReducedMotion(bool reduced);
+
+signals:
+    void currentStepChanged();
+    void currentLanguageChanged();
+    void appearanceChanged();
+    void reducedMotionChanged();
+    void isProcessingChanged();
+    void runTextChanged();
 
 private:
     AppState& state_;
+    LocalizationManager& localization_;
+    Preferences& preferences_;
+    WizardSteps steps_;
+    bool reducedMotion_ = false;
 };
 
 } // namespace lumeo

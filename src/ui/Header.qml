@@ -1,0 +1,113 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+import Lumeo.Window
+
+/// The brand, the way through the wizard, and what can be asked for from anywhere.
+Rectangle {
+    id: header
+
+    required property ShellModel shell
+
+    signal helpRequested
+    signal privacyRequested
+    signal performanceRequested
+    signal aboutRequested
+    signal settingsRequested
+
+    implicitHeight: 64
+    color: Theme.surface
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 1
+        color: Theme.line
+    }
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.s16
+        anchors.rightMargin: Theme.s12
+        spacing: Theme.s8
+
+        Brand {
+            showsSlogan: header.width >= 1060
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.maximumWidth: 720
+            Layout.alignment: Qt.AlignHCenter
+            spacing: 0
+
+            Repeater {
+                model: header.shell.steps
+
+                StepButton {
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    onClicked: header.shell.navigateTo(index)
+                }
+            }
+        }
+
+        RowLayout {
+            spacing: 2
+
+            IconButton {
+                symbol: "questionmark.circle.fill"
+                text: qsTrId("header.howToUse")
+                onClicked: header.helpRequested()
+            }
+
+            IconButton {
+                symbol: "lock.shield.fill"
+                text: qsTrId("header.privacy")
+                onClicked: header.privacyRequested()
+            }
+
+            IconButton {
+                symbol: "exclamationmark.triangle.fill"
+                text: qsTrId("performance.title")
+                onClicked: header.performanceRequested()
+            }
+
+            IconButton {
+                symbol: "info.circle.fill"
+                text: qsTrId("header.about")
+                onClicked: header.aboutRequested()
+            }
+
+            IconButton {
+                id: languageButton
+
+                symbol: "globe"
+                text: qsTrId("utility.language")
+                Accessible.role: Accessible.ButtonMenu
+                onClicked: languages.popup(languageButton, languageButton.width - languages.width,
+                                           languageButton.height + Theme.s4)
+
+                LanguageMenu {
+                    id: languages
+
+                    shell: header.shell
+                }
+            }
+
+            IconButton {
+                symbol: header.shell.isDark ? "moon.fill" : "sun.max.fill"
+                text: header.shell.isDark ? qsTrId("header.appearance.dark")
+                                          : qsTrId("header.appearance.light")
+                Accessible.description: qsTrId("utility.theme")
+                onClicked: header.shell.flipAppearance()
+            }
+
+            IconButton {
+                symbol: "gearshape"
+                text: "Settings"
+                onClicked: header.settingsRequested()
+            }
+        }
+    }
+}

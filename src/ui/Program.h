@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/AppState.h"
+#include "app/Preferences.h"
+#include "l10n/LocalizationManager.h"
+#include "ui/models/KeyTranslator.h"
+#include "ui/models/OrganizationModel.h"
+#include "ui/models/ScanModel.h"
+#include "ui/models/SettingsModel.h"
+#include "ui/models/ShellModel.h"
+#include "ui/models/SourcesModel.h"
+
+#include <QQuickWindow>
+
+#include <memory>
+
+class QQmlEngine;
+class QSettings;
+
+namespace lumeo {
+
+/// What the program stands on; all must outlive it.
+struct Machine {
+    FileSystem& fileSystem;
+    const Clock& clock;
+    const Volumes& volumes;
+    QSettings& settings;
+    Desktop desktop;
+};
+
+/// The whole program behind its main window: state, models, texts. Main thread only. Destroying it
+/// takes the window away, then stops what is running.
+class Program {
+public:
+    /// `engine` must outlive the program.
+    Program(QQmlEngine& engine, const Machine& machine);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// Makes the main window, not yet shown; null, with the reasons logged, when its files are broken.
+    [[nodiscard]] QQuickWindow* makeWindow();
+
+    [[nodiscard]] AppState& state() { return state_; }
+    [[nodiscard]] ShellModel& shell() { return shell_; }
+    [[nodiscard]] Preferences& preferences() { return preferences_; }
+    [[nodiscard]] LocalizationManager& localization() { return localization_; }
+
+private:
+    QQmlEngine& engine_;
+    Preferences preferences_;
+    LocalizationManager localization_;
+    KeyTranslator translator_;
+    AppState state_;
+    ShellModel shell_;
+    SettingsModel settings_;
+    SourcesModel sources_;
+    ScanModel scan_;
+    OrganizationModel organization_;
+    std::unique_ptr<QQuickWindow> window_;
+};
+
+} // namespace lumeo

@@ -1,0 +1,58 @@
+import QtQuick
+import Lumeo.Kit
+
+/// Shows the screen of a step. Another step's screen comes in with a short slide, from the side that the
+/// wizard moves to.
+FocusScope {
+    id: stage
+
+    required property int step
+    required property list<Component> screens ///< in the order of the steps
+
+    property int shownStep: -1
+    property real direction: 1
+
+    function show() {
+        direction = step < shownStep ? -1 : 1;
+        const isFirst = shownStep < 0;
+        shownStep = step;
+        screen.sourceComponent = screens[step] ?? null;
+        if (!isFirst)
+            arrival.restart();
+    }
+
+    clip: true
+    focus: true
+    onStepChanged: show()
+    Component.onCompleted: show()
+
+    Loader {
+        id: screen
+
+        width: parent.width
+        height: parent.height
+        focus: true
+    }
+
+    ParallelAnimation {
+        id: arrival
+
+        NumberAnimation {
+            target: screen
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.duration(220)
+            easing.type: Easing.OutCubic
+        }
+
+        NumberAnimation {
+            target: screen
+            property: "x"
+            from: 8 * stage.direction
+            to: 0
+            duration: Theme.duration(220)
+            easing.type: Easing.OutCubic
+        }
+    }
+}

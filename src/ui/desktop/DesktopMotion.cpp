@@ -1,0 +1,82 @@
+#include "ui/desktop/DesktopMotion.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include <optional>
+
+namespace lumeo {
+namespace {
+
+QString text(const char* latin) {
+    return QString::fromLatin1(latin);
+}
+
+const char* const service = "org.freedesktop.portal.Desktop";
+const char* const path = "/org/freedesktop/portal/desktop";
+const char* const settings = "org.freedesktop.portal.Settings";
+
+struct Setting {
+    const char* group;
+    const char* key;
+};
+
+// Where desktops keep it: one as a switch for animations, one as the factor of their length.
+const Setting animations{"org.gnome.desktop.interface", "enable-animations"};
+const Setting durationFactor{"org.kde.kdeglobals.KDE", "AnimationDurationFactor"};
+
+bool is(const Setting& setting, const QString& group, const QString& key) {
+    return group == text(setting.group) && key == text(setting.key);
+}
+
+/// Absent when the setting says nothing of motion.
+std::optional<bool> reducedBy(const QString& group, const QString& key, const QVariant& value) {
+    if (is(animations, group, key)) {
+        return !value.toBool();
+    }
+    if (is(durationFactor, group, key)) {
+        bool isNumber = false;
+        const double factor = value.toDouble(&isNumber);
+        return isNumber && factor <= 0;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+DesktopMotion::DesktopMotion(QObject* parent) : QObject(parent) {
+    QDBusConnection::sessionBus().connect(text(service), text(path), text(settings), text("SettingChanged"),
+                                          this, SLOT(take(QString, QString, QDBusVariant)));
+    for (const auto& setting : {animations, durationFactor}) {
+        ask(text(setting.group), text(setting.key));
+    }
+}
+
+void DesktopMotion::ask(const QString& group, const QString& key) {
+    auto call = QDBusMessage::createMethodCall(text(service), text(path), text(settings), text("Read"));
+    call.setArguments({group, key});
+    auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, group, key] {
+        watcher->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *watcher;
+        if (reply.isValid()) {
+            take(group, key, reply.value());
+        }
+    });
+}
+
+void DesktopMotion::take(const QString& group, const QString& key, const QDBusVariant& value) {
+    QVariant inner = value.variant();
+    // Reading wraps the value twice, the signal once.
+    while (inner.canConvert<QDBusVariant>()) {
+        inner = inner.value<QDBusVariant>().variant();
+    }
+    if (const auto reduced = reducedBy(group, key, inner)) {
+        emit reducedChanged(*reduced);
+    }
+}
+
+} // namespace lumeo

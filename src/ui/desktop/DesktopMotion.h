@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QVariant>
+
+class QDBusVariant;
+
+namespace lumeo {
+
+/// Whether the user has asked the desktop for less motion, by its portal of settings. Until that has
+/// answered, and where there is none, motion is not reduced. Main thread only.
+class DesktopMotion : public QObject {
+    Q_OBJECT
+
+public:
+    /// Asks at once; the answer comes with `reducedChanged`.
+    explicit DesktopMotion(QObject* parent = nullptr);
+
+signals:
+    void reducedChanged(bool reduced);
+
+private slots:
+    void take(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    void ask(const QString& group, const QString& key);
+};
+
+} // namespace lumeo

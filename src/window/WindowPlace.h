@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QRect>
+
+class QSettings;
+class QWindow;
+
+namespace lumeo {
+
+/// Remembers from one start to the next where a window stood and how large it was.
+class WindowPlace : public QObject {
+    Q_OBJECT
+
+public:
+    /// Puts the window where it was, if a screen is there still. Both must outlive this object.
+    WindowPlace(QWindow& window, QSettings& settings, QObject* parent = nullptr);
+    ~WindowPlace() override; ///< stores the place
+
+private:
+    void restore();
+    void note(); ///< the place, unless the window fills the screen
+
+    QWindow& window_;
+    QSettings& settings_;
+    QRect place_;
+};
+
+} // namespace lumeo
