@@ -1,0 +1,150 @@
+#include "InspectorModel.h"
+
+#include "MediaItemTexts.h"
+#include "ThumbnailService.h"
+#include "dates/LUMEODateFormatters.h"
+#include "platform/TextFormat.h"
+
+#include <QVariantMap>
+
+namespace lumeo {
+namespace {
+
+/// The room for the picture in the panel, in points.
+constexpr QSize pictureRoom(288, 180);
+
+QVariantMap row(const char* label, const QString& value, bool isPath = false) {
+    return {{QStringLiteral("label"), QLatin1String(label)},
+            {QStringLiteral("value"), value.isEmpty() ? QString(emDash) : value},
+            {QStringLiteral("isPath"), isPath}};
+}
+
+QVariantMap row(const char* label, const std::string& value) {
+    return row(label, QString::fromStdString(value));
+}
+
+QVariantMap row(const char* label, const CompactOptional<Instant>& candidate) {
+    return row(label, LUMEODateFormatters::formattedShort(candidate));
+}
+
+QVariantMap row(const char* label, const CompactOptional<SharedText>& value) {
+    return row(label, value ? value->str() : std::string());
+}
+
+QVariantMap section(const char* heading, const QVariantList& rows) {
+    return {{QStringLiteral("heading"), QLatin1String(heading)}, {QStringLiteral("rows"), rows}};
+}
+
+QVariantMap fileInformation(const MediaItem& item) {
+    return section("FILE INFORMATION",
+                   {row("Filename", replacingInvalidUtf8(item.fileName())),
+                    row("Size", TextFormat::byteCount(item.fileSize)), row("Type", typeName(item.mediaType)),
+                    row("Source", displayText(item.sourceURL), true),
+                    row("Planned Destination", destinationText(item.plannedDestinationURL), true)});
+}
+
+QVariantMap resolvedDate(const MediaItem& item) {
+    return section(
+        "RESOLVED DATE",
+        {row("Chosen Date", item.resolvedDate ? LUMEODateFormatters::formattedFully(item.resolvedDate)
+                                              : std::string("Unknown (Will route to _Unknown Date/)")),
+         row("Reason / Source", std::string(userFriendlyLabel(item.dateSource))),
+         row("Confidence", std::string(userFriendlyLabel(item.dateConfidence)))});
+}
+
+QVariantMap candidateDates(const MediaItem& item) {
+    return section("CANDIDATE DATES", {row("EXIF Original", item.metadataCaptureDate),
+                                       row("Metadata Digitized", item.metadataCreateDate),
+                                       row("QuickTime Creation", item.videoCreationDate),
+                                       row("Filename Date", item.filenameDerivedDate),
+                                       row("Filesystem Created", item.filesystemCreationDate),
+                                       row("Filesystem Modified", item.filesystemModificationDate)});
+}
+
+QVariantMap cameraAndSpecs(const MediaItem& item) {
+    const QString dimensions = item.pixelWidth && item.pixelHeight
+                                   ? QStringLiteral("%1 × %2").arg(*item.pixelWidth).arg(*item.pixelHeight)
+                                   : QString();
+    const QString duration = item.durationSeconds
+                                 ? QString::number(*item.durationSeconds, 'f', 1) + QStringLiteral(" sec")
+                                 : QString();
+    return section("CAMERA & SPECS",
+                   {row("Make", item.cameraMake), row("Model", item.cameraModel), row("Lens", item.lensModel),
+                    row("Dimensions", dimensions), row("Duration", duration),
+                    row("GPS Location", std::string(item.hasGPS ? "Available" : "None"))});
+}
+
+QStringList lines(const std::vector<std::string>& texts) {
+    QStringList list;
+    for (const std::string& text : texts) {
+        list.append(QString::fromStdString(text));
+    }
+    return list;
+}
+
+} // namespace
+
+InspectorModel::InspectorModel(ThumbnailService& thumbnails, QObject* parent)
+    : QObject(parent), thumbnails_(thumbnails) {}
+
+InspectorModel::~InspectorModel() {
+    dropPicture();
+}
+
+void InspectorModel::open(const MediaItem& item) {
+    const bool isOfSameFile = item_ && item_->sourceURL == item.sourceURL;
+    item_ = item;
+    emit itemChanged();
+    if (!isOfSameFile) {
+        loadPicture();
+    }
+}
+
+void InspectorModel::close() {
+    if (!item_) {
+        return;
+    }
+    dropPicture();
+    item_.reset();
+    emit itemChanged();
+    emit pictureChanged();
+}
+
+void InspectorModel::loadPicture() {
+    dropPicture();
+    request_ = thumbnails_.load(item_->sourceURL, pictureRoom, [this](const QImage& picture) {
+        request_.reset();
+        picture_ = picture;
+        emit pictureChanged();
+    });
+    emit pictureChanged();
+}
+
+void InspectorModel::dropPicture() {
+    if (request_) {
+        thumbnails_.drop(*request_);
+        request_.reset();
+    }
+    picture_ = {};
+}
+
+QString InspectorModel::symbol() const {
+    return item_ ? symbolName(item_->mediaType) : QString();
+}
+
+QVariantList InspectorModel::sections() const {
+    if (!item_) {
+        return {};
+    }
+    return {fileInformation(*item_), resolvedDate(*item_), candidateDates(*item_), cameraAndSpecs(*item_)};
+}
+
+QStringList InspectorModel::warnings() const {
+    return item_ ? lines(item_->scanWarnings) : QStringList();
+}
+
+QStringList InspectorModel::errors() const {
+    return item_ ? lines(item_->scanErrors) : QStringList();
+}
+
+} // namespace lumeo

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "model/MediaItem.h"
+
+#include <QImage>
+#include <QObject>
+#include <QStringList>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+
+namespace lumeo {
+
+class ThumbnailService;
+
+/// All that is known of one item of the catalogue, and its picture. The texts are fixed English.
+class InspectorModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the preview's model")
+    Q_PROPERTY(bool isOpen READ isOpen NOTIFY itemChanged)
+    Q_PROPERTY(QString symbol READ symbol NOTIFY itemChanged)
+    /// {heading, rows: [{label, value, isPath}]}
+    Q_PROPERTY(QVariantList sections READ sections NOTIFY itemChanged)
+    Q_PROPERTY(QStringList warnings READ warnings NOTIFY itemChanged)
+    Q_PROPERTY(QStringList errors READ errors NOTIFY itemChanged)
+    Q_PROPERTY(QImage picture READ picture NOTIFY pictureChanged)
+    Q_PROPERTY(bool isLoadingPicture READ isLoadingPicture NOTIFY pictureChanged)
+
+public:
+    /// `thumbnails` must outlive this object.
+    explicit InspectorModel(ThumbnailService& thumbnails, QObject* parent = nullptr);
+    ~InspectorModel() override;
+
+    /// Shows an item from now on; of the one that is shown already, the picture stays.
+    void open(const MediaItem& item);
+    Q_INVOKABLE void close();
+
+    [[nodiscard]] const std::optional<MediaItem>& item() const { return item_; }
+    [[nodiscard]] bool isOpen() const { return item_.has_value(); }
+    [[nodiscard]] QString symbol() const;
+    [[nodiscard]] QVariantList sections() const;
+    [[nodiscard]] QStringList warnings() const;
+    [[nodiscard]] QStringList errors() const;
+    [[nodiscard]] const QImage& picture() const { return picture_; }
+    [[nodiscard]] bool isLoadingPicture() const { return request_.has_value(); }
+
+signals:
+    void itemChanged();
+    void pictureChanged();
+
+private:
+    void loadPicture();
+    void dropPicture();
+
+    ThumbnailService& thumbnails_;
+    std::optional<MediaItem> item_;
+    QImage picture_;
+    std::optional<quint64> request_; ///< under way
+};
+
+} // namespace lumeo

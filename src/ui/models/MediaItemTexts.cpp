@@ -1,0 +1,55 @@
+#include "MediaItemTexts.h"
+
+namespace lumeo {
+
+QString symbolName(MediaType type) {
+    switch (type) {
+    case MediaType::photo:
+        return QStringLiteral("photo");
+    case MediaType::video:
+        return QStringLiteral("film");
+    case MediaType::rawPhoto:
+        return QStringLiteral("camera.fill");
+    case MediaType::other:
+        break;
+    }
+    return QStringLiteral("doc");
+}
+
+QString typeName(MediaType type) {
+    switch (type) {
+    case MediaType::photo:
+        return QStringLiteral("Photo");
+    case MediaType::video:
+        return QStringLiteral("Video");
+    case MediaType::rawPhoto:
+        return QStringLiteral("RAW Photo");
+    case MediaType::other:
+        break;
+    }
+    return QStringLiteral("Other Media");
+}
+
+QString tintName(DateConfidence confidence) {
+    switch (confidence) {
+    case DateConfidence::low:
+        return QStringLiteral("orange");
+    case DateConfidence::medium:
+        return QStringLiteral("blue");
+    case DateConfidence::high:
+        return QStringLiteral("green");
+    case DateConfidence::unknown:
+        break;
+    }
+    return QStringLiteral("grey");
+}
+
+QString displayText(const FilePath& path) {
+    return QString::fromStdString(path.displayText());
+}
+
+QString destinationText(const std::optional<FilePath>& destination) {
+    return destination ? displayText(*destination) : QString(emDash);
+}
+
+} // namespace lumeo

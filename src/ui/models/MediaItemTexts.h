@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/MediaItem.h"
+#include "platform/FilePath.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace lumeo {
+
+/// What an item's fields are called and drawn like on the screens. The texts are fixed English.
+
+QString symbolName(MediaType type);
+QString typeName(MediaType type);
+QString tintName(DateConfidence confidence);
+
+QString displayText(const FilePath& path);
+
+/// The path, or a dash where there is none.
+QString destinationText(const std::optional<FilePath>& destination);
+
+inline constexpr QChar emDash(0x2014);
+
+} // namespace lumeo

@@ -1,0 +1,234 @@
+#include "PreviewModel.h"
+
+#include "RunTexts.h"
+#include "app/AppState.h"
+#include "l10n/LocalizationManager.h"
+#include "platform/FilePath.h"
+
+#include <QLocale>
+#include <QVariantMap>
+
+#include <algorithm>
+
+namespace lumeo {
+namespace {
+
+QString name(PreviewFilter filter) {
+    const std::string_view raw = rawValue(filter);
+    return QString::fromLatin1(raw.data(), static_cast<qsizetype>(raw.size()));
+}
+
+QString titleKey(PreviewFilter filter) {
+    return QStringLiteral("preview.filter.") + name(filter);
+}
+
+QVariantMap chip(const QString& text, const char* tint) {
+    return {{QStringLiteral("text"), text}, {QStringLiteral("tint"), QLatin1String(tint)}};
+}
+
+/// Stands for an empty catalogue while another screen is shown.
+AppState::Items noItems() {
+    static const auto none = std::make_shared<const std::vector<MediaItem>>();
+    return none;
+}
+
+} // namespace
+
+PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, ThumbnailService& thumbnails,
+                           QObject* parent)
+    : QObject(parent), state_(state), texts_(texts), inspector_(thumbnails), selectedFilter_(name({})) {
+    connect(&state, &AppState::currentStepChanged, this, &PreviewModel::beginAnew);
+    connect(&state, &AppState::scannedItemsChanged, this, &PreviewModel::takeItems);
+    connect(&state, &AppState::organizationPlanChanged, this, [this] {
+        emit planChanged();
+        emit textsChanged();
+        emit readinessChanged();
+    });
+    connect(&state, &AppState::isPlanningChanged, this, &PreviewModel::readinessChanged);
+    connect(&state, &AppState::planningProgressChanged, this, &PreviewModel::planningProgressChanged);
+    connect(&state, &AppState::isProcessingChanged, this, &PreviewModel::readinessChanged);
+    connect(&state, &AppState::isProcessingChanged, this, &PreviewModel::outcomeChanged);
+    connect(&state, &AppState::operationProgressChanged, this, &PreviewModel::outcomeChanged);
+    connect(&state, &AppState::destinationVolumeChanged, this, &PreviewModel::outcomeChanged);
+    connect(&texts, &LocalizationManager::currentLanguageChanged, this, &PreviewModel::textsChanged);
+    connect(&inspector_, &InspectorModel::itemChanged, this, &PreviewModel::currentRowChanged);
+    beginAnew();
+}
+
+void PreviewModel::beginAnew() {
+    setShowMoveConfirmation(false);
+    inspector_.close();
+    rows_.setItems(noItems()); // so that taking back the search and the filter costs nothing
+    setSearchText({});
+    setSelectedFilter(name(PreviewFilter::all));
+    takeItems();
+}
+
+void PreviewModel::takeItems() {
+    rows_.setItems(state_.currentStep() == WizardStep::preview ? state_.scannedItems() : noItems());
+    counts_ = PreviewCounts(rows_.items());
+    followInspectedItem();
+    emit textsChanged();
+    emit readinessChanged();
+}
+
+void PreviewModel::followInspectedItem() {
+    if (!inspector_.isOpen()) {
+        return;
+    }
+    const auto& items = rows_.items();
+    if (inspectedIndex_ < items.size() && items[inspectedIndex_].id == inspector_.item()->id) {
+        inspector_.open(items[inspectedIndex_]);
+    } else {
+        inspector_.close();
+    }
+}
+
+void PreviewModel::setSearchText(const QString& text) {
+    if (text == searchText_) {
+        return;
+    }
+    searchText_ = text;
+    rows_.setSearch(text);
+    emit searchTextChanged();
+    emit currentRowChanged();
+}
+
+void PreviewModel::setSelectedFilter(const QString& filter) {
+    if (filter == selectedFilter_) {
+        return;
+    }
+    selectedFilter_ = filter;
+    rows_.setFilter(fromRawValue<PreviewFilter>(filter.toStdString()).value_or(PreviewFilter::all));
+    emit selectedFilterChanged();
+    emit currentRowChanged();
+}
+
+QVariantList PreviewModel::filters() const {
+    QVariantList list;
+    for (const PreviewFilter filter : allCases<PreviewFilter>()) {
+        list.append(QVariantMap{{QStringLiteral("name"), name(filter)},
+                                {QStringLiteral("text"), texts_.localized(titleKey(filter))},
+                                {QStringLiteral("count"), numberText(counts_.of(filter))}});
+    }
+    return list;
+}
+
+QVariantList PreviewModel::chips() const {
+    const QLocale language(languageCode(texts_.currentLanguage()));
+    QVariantList list{chip(numberText(counts_.of(PreviewFilter::all)) +
+                               (isMove() ? QStringLiteral(" to move") : QStringLiteral(" to copy")),
+                           "blue")};
+    const auto appendIfAny = [&](PreviewFilter filter, const char* tint) {
+        if (counts_.of(filter) > 0) {
+            list.append(chip(numberText(counts_.of(filter)) + QLatin1Char(' ') +
+                                 language.toLower(texts_.localized(titleKey(filter))),
+                             tint));
+        }
+    };
+    appendIfAny(PreviewFilter::duplicates, "red");
+    appendIfAny(PreviewFilter::unknownDate, "yellow");
+    return list;
+}
+
+int PreviewModel::currentRow() const {
+    return inspector_.isOpen() ? rows_.rowOf(inspectedIndex_).value_or(-1) : -1;
+}
+
+bool PreviewModel::isMove() const {
+    return state_.organizationPlan().operationMode == OperationMode::move;
+}
+
+bool PreviewModel::canStart() const {
+    return !state_.isPlanning() && !state_.isProcessing() && !rows_.items().empty() &&
+           state_.organizationPlan().destinationURL.has_value();
+}
+
+void PreviewModel::setShowMoveConfirmation(bool show) {
+    if (show != showMoveConfirmation_) {
+        showMoveConfirmation_ = show;
+        emit showMoveConfirmationChanged();
+    }
+}
+
+bool PreviewModel::isPlanning() const {
+    return state_.isPlanning();
+}
+
+double PreviewModel::planningFraction() const {
+    const PlanningProgress& progress = state_.planningProgress();
+    return progress.totalCount > 0
+               ? static_cast<double>(progress.plannedCount) / static_cast<double>(progress.totalCount)
+               : 0;
+}
+
+QString PreviewModel::planningText() const {
+    const PlanningProgress& progress = state_.planningProgress();
+    return QStringLiteral("Planning destinations: %1 / %2")
+        .arg(numberText(progress.plannedCount), numberText(progress.totalCount));
+}
+
+QString PreviewModel::refusal() const {
+    OperationProgress refused;
+    refused.errorsCount = 1;
+    const auto& volume = state_.destinationVolume();
+    if (state_.isProcessing() || state_.operationProgress() != refused || !volume ||
+        !volume->freeSpaceBytes) {
+        return {};
+    }
+    const std::int64_t needed = state_.requiredOutputSizeBytes();
+    const std::int64_t free = *volume->freeSpaceBytes;
+    // A run that fits to the last byte is refused too.
+    const std::int64_t missing = std::max<std::int64_t>(needed - free, 0) + 1;
+    return QStringLiteral("Not enough space on %1: %2 needed, %3 free, %4 missing. Make room there or choose "
+                          "another destination.")
+        .arg(QString::fromStdString(replacingInvalidUtf8(volume->name)), byteCountText(needed),
+             byteCountText(free), byteCountText(missing));
+}
+
+QString PreviewModel::cancellation() const {
+    const OperationProgress& progress = state_.operationProgress();
+    if (!progress.isCancelled || state_.isProcessing()) {
+        return {};
+    }
+    return QStringLiteral("The operation was cancelled: %1 of %2 files were transferred and verified, and "
+                          "stay at the destination.")
+        .arg(numberText(progress.verifiedCount), numberText(progress.totalFiles));
+}
+
+void PreviewModel::inspect(int row) {
+    if (rows_.rowCount() == 0) {
+        return;
+    }
+    inspectedIndex_ = rows_.itemIndex(std::clamp(row, 0, rows_.rowCount() - 1));
+    inspector_.open(rows_.items()[inspectedIndex_]);
+}
+
+void PreviewModel::back() {
+    state_.navigateToStep(WizardStep::organization);
+}
+
+void PreviewModel::start() {
+    if (!canStart()) {
+        return;
+    }
+    if (isMove()) {
+        setShowMoveConfirmation(true);
+    } else {
+        state_.startOperation();
+    }
+}
+
+void PreviewModel::confirmMove() {
+    if (showMoveConfirmation_ && canStart()) {
+        setShowMoveConfirmation(false);
+        state_.startOperation();
+    }
+}
+
+void PreviewModel::cancelPlanning() {
+    state_.cancelPlanning();
+    back();
+}
+
+} // namespace lumeo

@@ -1,0 +1,107 @@
+#include "PreviewRows.h"
+
+#include "MediaItemTexts.h"
+#include "dates/LUMEODateFormatters.h"
+#include "platform/FilePath.h"
+
+#include <algorithm>
+
+namespace lumeo {
+namespace {
+
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+} // namespace
+
+PreviewRows::PreviewRows(QObject* parent)
+    : QAbstractListModel(parent), items_(std::make_shared<const std::vector<MediaItem>>()) {}
+
+void PreviewRows::setItems(AppState::Items items) {
+    beginResetModel();
+    items_ = std::move(items);
+    visible_ = visibleItems(*items_, filter_, search_);
+    endResetModel();
+}
+
+void PreviewRows::setFilter(PreviewFilter filter) {
+    if (filter != filter_) {
+        filter_ = filter;
+        show(visibleItems(*items_, filter_, search_));
+    }
+}
+
+void PreviewRows::setSearch(const QString& text) {
+    NameSearch search(text);
+    const bool isNarrower = search.isNarrowerThan(search_);
+    search_ = std::move(search);
+    show(isNarrower ? narrowed(visible_, *items_, search_) : visibleItems(*items_, filter_, search_));
+}
+
+void PreviewRows::show(std::vector<std::uint32_t> visible) {
+    if (visible == visible_) {
+        return;
+    }
+    beginResetModel();
+    visible_ = std::move(visible);
+    endResetModel();
+}
+
+std::size_t PreviewRows::itemIndex(int row) const {
+    return visible_[static_cast<std::size_t>(row)];
+}
+
+std::optional<int> PreviewRows::rowOf(std::size_t itemIndex) const {
+    const auto found = std::ranges::lower_bound(visible_, itemIndex);
+    if (found == visible_.end() || *found != itemIndex) {
+        return std::nullopt;
+    }
+    return static_cast<int>(found - visible_.begin());
+}
+
+int PreviewRows::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(visible_.size());
+}
+
+QVariant PreviewRows::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+        return {};
+    }
+    const MediaItem& item = (*items_)[itemIndex(index.row())];
+    switch (role) {
+    case FileNameRole:
+        return text(item.fileName());
+    case SymbolRole:
+        return symbolName(item.mediaType);
+    case DateRole:
+        return text(LUMEODateFormatters::formattedMedium(item.resolvedDate));
+    case IsDatedRole:
+        return item.resolvedDate.hasValue();
+    case DateSourceRole:
+        return text(userFriendlyLabel(item.dateSource));
+    case ConfidenceRole:
+        return text(userFriendlyLabel(item.dateConfidence));
+    case ConfidenceTintRole:
+        return tintName(item.dateConfidence);
+    case DestinationRole:
+        return destinationText(item.plannedDestinationURL);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> PreviewRows::roleNames() const {
+    return {
+        {FileNameRole, "fileName"},
+        {SymbolRole, "symbol"},
+        {DateRole, "date"},
+        {IsDatedRole, "isDated"},
+        {DateSourceRole, "dateSource"},
+        {ConfidenceRole, "confidence"},
+        {ConfidenceTintRole, "confidenceTint"},
+        {DestinationRole, "destination"},
+    };
+}
+
+} // namespace lumeo

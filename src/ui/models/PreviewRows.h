@@ -1,0 +1,59 @@
+#pragma once
+
+#include "PreviewFilter.h"
+
+#include "NameSearch.h"
+#include "app/AppState.h"
+
+#include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+#include <vector>
+
+namespace lumeo {
+
+/// The rows of the preview's table: the items of a catalogue that pass a filter and a search, in the
+/// catalogue's order. Keeps an index for each and no text: a row's texts are made when it is shown.
+class PreviewRows : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the preview's model")
+
+public:
+    enum Role {
+        FileNameRole = Qt::UserRole + 1,
+        SymbolRole,
+        DateRole,
+        IsDatedRole,
+        DateSourceRole,
+        ConfidenceRole,
+        ConfidenceTintRole,
+        DestinationRole,
+    };
+
+    explicit PreviewRows(QObject* parent = nullptr);
+
+    void setItems(AppState::Items items); ///< never null; filter and search stay
+    void setFilter(PreviewFilter filter);
+    void setSearch(const QString& text);
+
+    [[nodiscard]] const std::vector<MediaItem>& items() const { return *items_; }
+    [[nodiscard]] PreviewFilter filter() const { return filter_; }
+    [[nodiscard]] std::size_t itemIndex(int row) const;
+    [[nodiscard]] std::optional<int> rowOf(std::size_t itemIndex) const; ///< absent when not listed
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+private:
+    void show(std::vector<std::uint32_t> visible);
+
+    AppState::Items items_;
+    PreviewFilter filter_ = PreviewFilter::all;
+    NameSearch search_;
+    std::vector<std::uint32_t> visible_; ///< indices into items_, rising
+};
+
+} // namespace lumeo

@@ -1,0 +1,52 @@
+#include "RunTexts.h"
+
+#include "platform/TextFormat.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumeo {
+namespace {
+
+/// Beyond what any disk or run reaches, and within a 64-bit integer.
+constexpr double greatest = 9e18;
+
+std::int64_t whole(double value) {
+    return static_cast<std::int64_t>(std::min(value, greatest));
+}
+
+bool isShown(double value) {
+    return std::isfinite(value) && value > 0;
+}
+
+} // namespace
+
+QString speedText(double bytesPerSecond) {
+    return isShown(bytesPerSecond) ? byteCountText(whole(bytesPerSecond)) + QStringLiteral("/s")
+                                   : QStringLiteral("0 KB/s");
+}
+
+QString spanText(double seconds) {
+    const std::int64_t count = isShown(seconds) ? whole(seconds) : 0;
+    return count < 60 ? QStringLiteral("%1s").arg(count)
+                      : QStringLiteral("%1m %2s").arg(count / 60).arg(count % 60);
+}
+
+QString percentText(std::int64_t part, std::int64_t whole) {
+    const double percent = whole < 1 ? 0 : static_cast<double>(part) / static_cast<double>(whole) * 100;
+    return QString::number(percent, 'f', 0) + QLatin1Char('%');
+}
+
+QString fileCountText(std::int64_t count) {
+    return numberText(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+}
+
+QString numberText(std::int64_t value) {
+    return QString::fromStdString(TextFormat::number(value));
+}
+
+QString byteCountText(std::int64_t bytes) {
+    return QString::fromStdString(TextFormat::byteCount(bytes));
+}
+
+} // namespace lumeo
