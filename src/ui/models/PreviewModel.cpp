@@ -51,6 +51,7 @@ PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, Th
     connect(&state, &AppState::operationProgressChanged, this, &PreviewModel::outcomeChanged);
     connect(&state, &AppState::destinationVolumeChanged, this, &PreviewModel::outcomeChanged);
     connect(&texts, &LocalizationManager::currentLanguageChanged, this, &PreviewModel::textsChanged);
+    connect(&rows_, &PreviewRows::countChanged, this, &PreviewModel::listedChanged);
     connect(&inspector_, &InspectorModel::itemChanged, this, &PreviewModel::currentRowChanged);
     beginAnew();
 }
@@ -131,6 +132,13 @@ QVariantList PreviewModel::chips() const {
     return list;
 }
 
+QString PreviewModel::listed() const {
+    const auto all = static_cast<std::int64_t>(rows_.items().size());
+    return rows_.count() == all
+               ? QString()
+               : QStringLiteral("%1 / %2").arg(numberText(rows_.count()), numberText(all));
+}
+
 int PreviewModel::currentRow() const {
     return inspector_.isOpen() ? rows_.rowOf(inspectedIndex_).value_or(-1) : -1;
 }
@@ -197,10 +205,10 @@ QString PreviewModel::cancellation() const {
 }
 
 void PreviewModel::inspect(int row) {
-    if (rows_.rowCount() == 0) {
+    if (rows_.count() == 0) {
         return;
     }
-    inspectedIndex_ = rows_.itemIndex(std::clamp(row, 0, rows_.rowCount() - 1));
+    inspectedIndex_ = rows_.itemIndex(std::clamp(row, 0, rows_.count() - 1));
     inspector_.open(rows_.items()[inspectedIndex_]);
 }
 

@@ -28,6 +28,8 @@ class PreviewModel : public QObject {
         QString selectedFilter READ selectedFilter WRITE setSelectedFilter NOTIFY selectedFilterChanged)
     Q_PROPERTY(QVariantList filters READ filters NOTIFY textsChanged) ///< {name, text, count}
     Q_PROPERTY(QVariantList chips READ chips NOTIFY textsChanged)     ///< {text, tint}
+    /// "12 / 100,000" while the search or the filter leaves rows out; empty otherwise.
+    Q_PROPERTY(QString listed READ listed NOTIFY listedChanged)
     /// The row of the inspected item; -1 when there is none or it is not listed.
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged)
     Q_PROPERTY(bool isMove READ isMove NOTIFY planChanged)
@@ -55,6 +57,7 @@ public:
     void setSelectedFilter(const QString& name); ///< an unknown one filters nothing
     [[nodiscard]] QVariantList filters() const;
     [[nodiscard]] QVariantList chips() const;
+    [[nodiscard]] QString listed() const;
     [[nodiscard]] int currentRow() const;
     [[nodiscard]] bool isMove() const;
     [[nodiscard]] bool canStart() const;
@@ -76,6 +79,7 @@ signals:
     void searchTextChanged();
     void selectedFilterChanged();
     void textsChanged();
+    void listedChanged();
     void currentRowChanged();
     void planChanged();
     void readinessChanged();

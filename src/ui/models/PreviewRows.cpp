@@ -23,6 +23,7 @@ void PreviewRows::setItems(AppState::Items items) {
     items_ = std::move(items);
     visible_ = visibleItems(*items_, filter_, search_);
     endResetModel();
+    emit countChanged();
 }
 
 void PreviewRows::setFilter(PreviewFilter filter) {
@@ -46,6 +47,7 @@ void PreviewRows::show(std::vector<std::uint32_t> visible) {
     beginResetModel();
     visible_ = std::move(visible);
     endResetModel();
+    emit countChanged();
 }
 
 std::size_t PreviewRows::itemIndex(int row) const {
@@ -61,7 +63,7 @@ std::optional<int> PreviewRows::rowOf(std::size_t itemIndex) const {
 }
 
 int PreviewRows::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(visible_.size());
+    return parent.isValid() ? 0 : count();
 }
 
 QVariant PreviewRows::data(const QModelIndex& index, int role) const {

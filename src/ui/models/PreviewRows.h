@@ -19,6 +19,7 @@ class PreviewRows : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the preview's model")
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
     enum Role {
@@ -43,9 +44,13 @@ public:
     [[nodiscard]] std::size_t itemIndex(int row) const;
     [[nodiscard]] std::optional<int> rowOf(std::size_t itemIndex) const; ///< absent when not listed
 
+    [[nodiscard]] int count() const { return static_cast<int>(visible_.size()); }
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+signals:
+    void countChanged();
 
 private:
     void show(std::vector<std::uint32_t> visible);

@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// Something odd about a file, in a line.
+RowLayout {
+    id: line
+
+    property string symbol: "exclamationmark.triangle.fill"
+    property string tint: "orange"
+    property alias text: label.text
+
+    spacing: Theme.s8
+
+    Symbol {
+        Layout.alignment: Qt.AlignTop
+        name: line.symbol
+        size: 14
+        color: Theme.tint(line.tint)
+    }
+
+    RoleText {
+        id: label
+
+        Layout.fillWidth: true
+        font.pixelSize: Theme.tableSize
+        wrapMode: Text.Wrap
+    }
+}

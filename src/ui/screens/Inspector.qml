@@ -1,0 +1,160 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+import Lumeo.Window
+
+/// All that is known of the chosen item, beside the list. Its texts are fixed English.
+Rectangle {
+    id: panel
+
+    required property InspectorModel model
+    readonly property int labelWidth: 104
+
+    color: Theme.surface
+    Accessible.role: Accessible.Pane
+    Accessible.name: title.text
+
+    Rectangle {
+        anchors.left: parent.left
+        width: 1
+        height: parent.height
+        color: Theme.line
+        z: 1
+    }
+
+    RowLayout {
+        id: heading
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: Theme.s16
+        anchors.rightMargin: Theme.s8
+        height: 44
+
+        RoleText {
+            id: title
+
+            Layout.fillWidth: true
+            text: "Media Inspector"
+            font.pixelSize: Theme.subtitleSize
+            font.weight: Font.DemiBold
+            elide: Text.ElideRight
+            Accessible.role: Accessible.Heading
+        }
+
+        IconButton {
+            objectName: "closeInspector"
+            symbol: "xmark.circle.fill"
+            text: "Close"
+            onClicked: panel.model.close()
+        }
+    }
+
+    Flickable {
+        id: flickable
+
+        anchors.top: heading.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        contentHeight: content.implicitHeight + Theme.s24
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        ScrollBar.vertical: ScrollBar {}
+
+        ColumnLayout {
+            id: content
+
+            x: Theme.s16
+            width: parent.width - 2 * Theme.s16
+            spacing: Theme.s16
+
+            Rectangle {
+                Layout.fillWidth: true
+                Layout.preferredHeight: 180
+                radius: Theme.radiusControl
+                color: Theme.sunken
+
+                Symbol {
+                    anchors.centerIn: parent
+                    visible: picture.isEmpty
+                    name: panel.model.symbol
+                    size: 40
+                    color: Theme.textTertiary
+                    opacity: panel.model.isLoadingPicture ? 0.4 : 1
+                }
+
+                Picture {
+                    id: picture
+
+                    anchors.fill: parent
+                    image: panel.model.picture
+                }
+            }
+
+            Repeater {
+                model: panel.model.sections
+
+                ColumnLayout {
+                    id: section
+
+                    required property var modelData
+
+                    Layout.fillWidth: true
+                    spacing: 6
+
+                    SectionHeading {
+                        text: section.modelData.heading
+                    }
+
+                    Repeater {
+                        model: section.modelData.rows
+
+                        InspectorRow {
+                            required property var modelData
+
+                            Layout.fillWidth: true
+                            label: modelData.label
+                            value: modelData.value
+                            isPath: modelData.isPath
+                        }
+                    }
+                }
+            }
+
+            ColumnLayout {
+                visible: panel.model.warnings.length + panel.model.errors.length > 0
+                Layout.fillWidth: true
+                spacing: 6
+
+                SectionHeading {
+                    text: "DIAGNOSTICS"
+                }
+
+                Repeater {
+                    model: panel.model.warnings
+
+                    Diagnostic {
+                        required property string modelData
+
+                        Layout.fillWidth: true
+                        text: modelData
+                    }
+                }
+
+                Repeater {
+                    model: panel.model.errors
+
+                    Diagnostic {
+                        required property string modelData
+
+                        Layout.fillWidth: true
+                        symbol: "xmark.circle.fill"
+                        tint: "red"
+                        text: modelData
+                    }
+                }
+            }
+        }
+    }
+}

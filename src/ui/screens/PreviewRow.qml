@@ -1,0 +1,121 @@
+import QtQuick
+import Lumeo.Kit
+
+/// One item of the preview's table.
+Item {
+    id: row
+
+    required property int index
+    required property string fileName
+    required property string symbol
+    required property string date
+    required property bool isDated
+    required property string dateSource
+    required property string confidence
+    required property string confidenceTint
+    required property string destination
+
+    required property TableColumns columns
+    required property bool isCurrent
+    required property var explain
+    signal chosen
+
+    width: columns.total
+    height: 30
+    Accessible.role: Accessible.ListItem
+    Accessible.name: [fileName, date, confidence, destination].join(", ")
+    Accessible.selectable: true
+    Accessible.selected: isCurrent
+    Accessible.onPressAction: row.chosen()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.bottomMargin: 1
+        color: row.isCurrent ? Theme.soft(Theme.tint(Theme.accent)) : hover.hovered ? Theme.sunken : "transparent"
+    }
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 1
+        color: Theme.line
+        opacity: 0.6
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    TapHandler {
+        onTapped: row.chosen()
+    }
+
+    Row {
+        height: parent.height
+
+        Item {
+            width: row.columns.widths[0]
+            height: parent.height
+
+            Symbol {
+                id: symbol
+
+                anchors.left: parent.left
+                anchors.leftMargin: Theme.s12
+                anchors.verticalCenter: parent.verticalCenter
+                name: row.symbol
+                size: 16
+                color: Theme.textSecondary
+            }
+
+            TableCell {
+                anchors.left: symbol.right
+                anchors.right: parent.right
+                leftPadding: Theme.s8
+                text: row.fileName
+                elide: Text.ElideMiddle
+                explain: row.explain
+            }
+        }
+
+        TableCell {
+            width: row.columns.widths[1]
+            text: row.date
+            color: row.isDated ? Theme.textPrimary : Theme.yellow
+            explain: row.explain
+        }
+
+        TableCell {
+            width: row.columns.widths[2]
+            text: row.dateSource
+            color: Theme.textSecondary
+            explain: row.explain
+        }
+
+        TableCell {
+            width: row.columns.widths[3]
+            text: row.confidence
+            color: Theme.tint(row.confidenceTint)
+            font.pixelSize: Theme.captionSize
+            font.weight: Font.Medium
+            explain: row.explain
+        }
+
+        TableCell {
+            width: row.columns.widths[4]
+            text: row.destination
+            color: Theme.textSecondary
+            font.family: Theme.mono
+            font.pixelSize: Theme.captionSize
+            elide: Text.ElideMiddle
+            explain: row.explain
+        }
+
+        TableCell {
+            width: row.columns.widths[5]
+            text: qsTrId("preview.ready")
+            color: Theme.green
+            explain: row.explain
+        }
+    }
+}

@@ -1,0 +1,138 @@
+import QtQuick
+import Lumeo.Kit
+import Lumeo.Window
+
+/// The items of the catalogue, one a line. Only the lines in sight exist; Up, Down, Page Up, Page Down,
+/// Home and End go from one to the next.
+FocusScope {
+    id: table
+
+    required property PreviewModel model
+    property bool byKeyboard: false
+
+    function choose(row: int) {
+        table.model.inspect(row);
+    }
+
+    function explain(cell: Item) {
+        tip.visible = false;
+        if (cell) {
+            tip.parent = cell;
+            tip.text = cell.text;
+            tip.visible = true;
+        }
+    }
+
+    activeFocusOnTab: true
+    clip: true
+    Accessible.role: Accessible.List
+    Accessible.name: qsTrId("preview.title")
+    onActiveFocusChanged: if (!activeFocus) byKeyboard = false
+
+    Keys.onPressed: event => {
+        const current = table.model.currentRow;
+        const page = Math.max(1, Math.floor(list.height / list.rowHeight) - 1);
+        let row = current;
+        switch (event.key) {
+        case Qt.Key_Up:
+            row = current - 1;
+            break;
+        case Qt.Key_Down:
+            row = current + 1;
+            break;
+        case Qt.Key_PageUp:
+            row = current - page;
+            break;
+        case Qt.Key_PageDown:
+            row = current + page;
+            break;
+        case Qt.Key_Home:
+            row = 0;
+            break;
+        case Qt.Key_End:
+            row = list.count - 1;
+            break;
+        case Qt.Key_Return:
+        case Qt.Key_Enter:
+        case Qt.Key_Space:
+            break;
+        default:
+            return;
+        }
+        event.accepted = true;
+        byKeyboard = true;
+        table.choose(row);
+    }
+
+    TableColumns {
+        id: columns
+
+        available: table.width
+    }
+
+    TableHeader {
+        id: header
+
+        x: -list.contentX
+        columns: columns
+    }
+
+    ListView {
+        id: list
+
+        readonly property int rowHeight: 30
+        readonly property bool mirrored: LayoutMirroring.enabled
+
+        /// The end where reading starts.
+        function showFirstColumn() {
+            contentX = mirrored ? contentWidth - width : 0;
+        }
+
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        contentWidth: columns.total
+        flickableDirection: Flickable.AutoFlickIfNeeded
+        boundsBehavior: Flickable.StopAtBounds
+        model: table.model.rows
+        reuseItems: true
+        clip: true
+        focus: true
+        keyNavigationEnabled: false
+        onWidthChanged: Qt.callLater(showFirstColumn)
+        onMirroredChanged: Qt.callLater(showFirstColumn)
+
+        delegate: PreviewRow {
+            columns: columns
+            isCurrent: index === table.model.currentRow
+            explain: table.explain
+            onChosen: {
+                table.forceActiveFocus(Qt.MouseFocusReason);
+                table.byKeyboard = false;
+                table.choose(index);
+            }
+        }
+
+        ScrollBar.vertical: ScrollBar {}
+        ScrollBar.horizontal: ScrollBar {}
+
+        Connections {
+            target: table.model
+
+            function onCurrentRowChanged() {
+                if (table.model.currentRow >= 0)
+                    list.positionViewAtIndex(table.model.currentRow, ListView.Contain);
+            }
+        }
+    }
+
+    FocusRing {
+        target: table
+        shown: table.activeFocus && table.byKeyboard
+        anchors.margins: 0
+    }
+
+    ToolTip {
+        id: tip
+    }
+}

@@ -1,0 +1,67 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+import Lumeo.Window
+
+/// What can be done with a run: save its report, look at the archive, and, apart, take it back.
+ColumnLayout {
+    id: actions
+
+    required property ReportModel model
+
+    spacing: Theme.s8
+
+    Flow {
+        Layout.fillWidth: true
+        spacing: Theme.s8
+
+        PlainButton {
+            objectName: "exportCSV"
+            visible: actions.model.hasManifest
+            enabled: !actions.model.isExporting
+            text: qsTrId("report.exportCSV")
+            symbol: "doc.text"
+            onClicked: actions.model.exportCSV()
+        }
+
+        PlainButton {
+            objectName: "exportReport"
+            visible: actions.model.hasManifest
+            enabled: !actions.model.isExporting
+            text: qsTrId("report.exportReport")
+            symbol: "doc.text"
+            onClicked: actions.model.exportReport()
+        }
+
+        PlainButton {
+            objectName: "openDestination"
+            enabled: actions.model.hasDestination
+            text: qsTrId("report.openInFinder")
+            symbol: "folder.fill"
+            onClicked: actions.model.openDestination()
+        }
+
+        Item {
+            width: Theme.s16
+            height: 1
+        }
+
+        DestructiveButton {
+            objectName: "undo"
+            visible: actions.model.hasManifest
+            enabled: !actions.model.isUndoing
+            text: qsTrId("report.undo")
+            symbol: "arrow.uturn.backward"
+            onClicked: actions.model.showUndoAlert = true
+        }
+    }
+
+    Banner {
+        objectName: "exportMessage"
+        Layout.fillWidth: true
+        visible: text !== ""
+        symbol: actions.model.exportFailed ? "xmark.circle.fill" : "checkmark.circle.fill"
+        tint: actions.model.exportFailed ? "red" : "green"
+        text: actions.model.exportMessage
+    }
+}

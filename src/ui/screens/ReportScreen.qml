@@ -1,0 +1,148 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+import Lumeo.Window
+
+/// The outcome of a run, and what can be done with it.
+Item {
+    id: screen
+
+    required property ReportModel model
+
+    Flickable {
+        anchors.top: parent.top
+        anchors.bottom: bar.top
+        width: parent.width
+        contentHeight: content.implicitHeight + 2 * Theme.s24
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        ScrollBar.vertical: ScrollBar {}
+
+        ColumnLayout {
+            id: content
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: Theme.s24
+            width: Math.min(Theme.contentWidth, parent.width - 2 * Theme.s32)
+            spacing: Theme.s16
+
+            ReportHeading {
+                Layout.fillWidth: true
+                hasFailures: screen.model.hasFailures
+            }
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: Theme.s16
+
+                RunTile {
+                    symbol: "checkmark.shield.fill"
+                    tint: "green"
+                    value: screen.model.organized
+                    caption: qsTrId("report.organized")
+                }
+
+                RunTile {
+                    symbol: "arrowshape.turn.up.right.fill"
+                    tint: "orange"
+                    value: screen.model.skipped
+                    caption: qsTrId("report.skipped")
+                }
+
+                RunTile {
+                    symbol: "exclamationmark.triangle.fill"
+                    tint: screen.model.hasFailures ? "red" : "grey"
+                    value: screen.model.errors
+                    caption: qsTrId("report.errors")
+                }
+
+                RunTile {
+                    symbol: "externaldrive.fill"
+                    tint: "blue"
+                    value: screen.model.totalTransferred
+                    caption: qsTrId("report.totalTransferred")
+                }
+            }
+
+            ReportActions {
+                Layout.fillWidth: true
+                model: screen.model
+            }
+
+            UndoOutcome {
+                Layout.fillWidth: true
+                visible: screen.model.isUndoing || screen.model.undoStatusMessage !== ""
+                model: screen.model
+            }
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: Theme.s16
+
+                ArchiveTimeline {
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 3
+                    Layout.alignment: Qt.AlignTop
+                    years: screen.model.timeline
+                }
+
+                RunStatistics {
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 2
+                    Layout.alignment: Qt.AlignTop
+                    model: screen.model
+                }
+            }
+        }
+    }
+
+    BottomBar {
+        id: bar
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        PlainButton {
+            objectName: "newArchive"
+            text: qsTrId("report.newArchive")
+            enabled: !screen.model.isUndoing
+            onClicked: screen.model.startNewArchive()
+        }
+
+        Item {
+            Layout.fillWidth: true
+        }
+
+        PrimaryButton {
+            objectName: "done"
+            text: qsTrId("common.done")
+            enabled: !screen.model.isUndoing
+            onClicked: screen.model.done()
+        }
+    }
+
+    Alert {
+        id: undoConfirmation
+
+        objectName: "undoConfirmation"
+        title: qsTrId("report.undoConfirmTitle")
+        message: qsTrId("report.undoConfirmMessage")
+        confirmText: qsTrId("report.undoConfirmButton")
+        cancelText: qsTrId("preview.cancel")
+        destructive: true
+        onConfirmed: screen.model.confirmUndo()
+        onCancelled: screen.model.showUndoAlert = false
+    }
+
+    Connections {
+        target: screen.model
+
+        function onUndoChanged() {
+            if (screen.model.showUndoAlert)
+                undoConfirmation.open();
+            else
+                undoConfirmation.close();
+        }
+    }
+}

@@ -1,0 +1,9 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+
+/// A figure of a run, in a row of equal ones.
+StatTile {
+    Layout.fillWidth: true
+    Layout.preferredWidth: 1
+}

@@ -1,0 +1,97 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumeo.Kit
+import Lumeo.Window
+
+/// An undo while it goes on and how it ended, with what could not be taken back.
+Card {
+    id: outcome
+
+    required property ReportModel model
+
+    contentItem: ColumnLayout {
+        spacing: Theme.s8
+
+        ProgressBar {
+            objectName: "undoing"
+            Layout.fillWidth: true
+            visible: outcome.model.isUndoing
+            indeterminate: true
+            tint: "red"
+            Accessible.name: qsTrId("report.undoConfirmTitle")
+        }
+
+        BodyText {
+            Layout.fillWidth: true
+            visible: outcome.model.isUndoing
+            text: qsTrId("report.undoConfirmMessage")
+            color: Theme.textSecondary
+        }
+
+        RowLayout {
+            visible: outcome.model.undoStatusMessage !== ""
+            spacing: Theme.s8
+
+            Symbol {
+                name: outcome.model.undoWarningCount > 0 ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
+                color: outcome.model.undoWarningCount > 0 ? Theme.orange : Theme.green
+            }
+
+            ColumnLayout {
+                spacing: 2
+
+                RoleText {
+                    objectName: "undoStatusMessage"
+                    Layout.fillWidth: true
+                    text: outcome.model.undoStatusMessage
+                    font.weight: Font.DemiBold
+                    wrapMode: Text.Wrap
+                }
+
+                CaptionText {
+                    objectName: "undoCounts"
+                    Layout.fillWidth: true
+                    visible: text !== ""
+                    text: outcome.model.undoCounts
+                }
+            }
+        }
+
+        Disclosure {
+            id: warnings
+
+            objectName: "undoWarnings"
+            Layout.fillWidth: true
+            visible: outcome.model.undoWarningCount > 0
+            text: qsTrId("preview.filter.warnings")
+
+            ListView {
+                Layout.fillWidth: true
+                Layout.preferredHeight: Math.min(contentHeight, 180)
+                model: outcome.model.undoWarnings
+                spacing: Theme.s4
+                boundsBehavior: Flickable.StopAtBounds
+                clip: true
+
+                ScrollBar.vertical: ScrollBar {}
+
+                delegate: RoleText {
+                    required property string display
+
+                    width: ListView.view.width - 12
+                    text: display
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.tableSize
+                    wrapMode: Text.Wrap
+                }
+            }
+
+            LinkButton {
+                objectName: "copyWarnings"
+                text: "Copy"
+                symbol: "doc.on.doc"
+                onClicked: outcome.model.copyUndoWarnings()
+            }
+        }
+    }
+}
