@@ -52,13 +52,17 @@ public:
     std::vector<FilePath> folders;
     std::optional<FilePath> document;
     std::vector<FolderRequest> requests;
+    std::vector<SaveRequest> saveRequests;
     std::vector<FilePath> revealed;
 
     void choose(const FolderRequest& request, FolderChooser::Answer answer) override {
         requests.push_back(request);
         answer(folders);
     }
-    void choose(const SaveRequest&, SavePanel::Answer answer) override { answer(document); }
+    void choose(const SaveRequest& request, SavePanel::Answer answer) override {
+        saveRequests.push_back(request);
+        answer(document);
+    }
     void reveal(const FilePath& folder) override { revealed.push_back(folder); }
 };
 
@@ -92,6 +96,32 @@ struct MadeState {
         state.addSource(folder / "source");
         state.startScan();
         return waitUntil([this] { return !state.isScanning(); });
+    }
+
+    /// Scans, and goes on to the preview with every file planned into "archive" below the folder.
+    [[nodiscard]] bool goToPreview() {
+        if (!scan()) {
+            return false;
+        }
+        state.proceedToNextStep();
+        state.setDestination(folder / "archive");
+        state.previewChanges();
+        return waitUntil([this] { return !state.isPlanning(); });
+    }
+
+    /// And through a run to the report.
+    [[nodiscard]] bool goToReport() {
+        if (!goToPreview()) {
+            return false;
+        }
+        state.startOperation();
+        return waitUntil([this] { return state.currentStep() == WizardStep::report; });
+    }
+
+    void setMode(OperationMode mode) {
+        OrganizationPlan plan = state.organizationPlan();
+        plan.operationMode = mode;
+        state.setOrganizationPlan(plan);
     }
 };
 

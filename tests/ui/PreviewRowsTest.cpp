@@ -1,4 +1,4 @@
-#include "PreviewRows.h"
+#include "ui/models/PreviewRows.h"
 
 #include "support/SystemSettings.h"
 

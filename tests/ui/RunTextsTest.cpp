@@ -1,7 +1,7 @@
-#include "RunTexts.h"
+#include "ui/models/RunTexts.h"
 
-#include "ReportFigures.h"
 #include "support/SystemSettings.h"
+#include "ui/models/ReportFigures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

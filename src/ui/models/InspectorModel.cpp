@@ -1,9 +1,10 @@
-#include "InspectorModel.h"
+#include "ui/models/InspectorModel.h"
 
-#include "MediaItemTexts.h"
-#include "ThumbnailService.h"
 #include "dates/LUMEODateFormatters.h"
 #include "platform/TextFormat.h"
+#include "ui/models/MediaItemTexts.h"
+#include "ui/models/ShownText.h"
+#include "ui/models/ThumbnailService.h"
 
 #include <QVariantMap>
 
@@ -20,7 +21,7 @@ QVariantMap row(const char* label, const QString& value, bool isPath = false) {
 }
 
 QVariantMap row(const char* label, const std::string& value) {
-    return row(label, QString::fromStdString(value));
+    return row(label, shownText(value));
 }
 
 QVariantMap row(const char* label, const CompactOptional<Instant>& candidate) {
@@ -37,9 +38,9 @@ QVariantMap section(const char* heading, const QVariantList& rows) {
 
 QVariantMap fileInformation(const MediaItem& item) {
     return section("FILE INFORMATION",
-                   {row("Filename", replacingInvalidUtf8(item.fileName())),
+                   {row("Filename", std::string(item.fileName())),
                     row("Size", TextFormat::byteCount(item.fileSize)), row("Type", typeName(item.mediaType)),
-                    row("Source", displayText(item.sourceURL), true),
+                    row("Source", shownPath(item.sourceURL), true),
                     row("Planned Destination", destinationText(item.plannedDestinationURL), true)});
 }
 
@@ -77,7 +78,7 @@ QVariantMap cameraAndSpecs(const MediaItem& item) {
 QStringList lines(const std::vector<std::string>& texts) {
     QStringList list;
     for (const std::string& text : texts) {
-        list.append(QString::fromStdString(text));
+        list.append(shownText(text));
     }
     return list;
 }

@@ -1,4 +1,6 @@
-#include "MediaItemTexts.h"
+#include "ui/models/MediaItemTexts.h"
+
+#include "ui/models/ShownText.h"
 
 namespace lumeo {
 
@@ -44,12 +46,8 @@ QString tintName(DateConfidence confidence) {
     return QStringLiteral("grey");
 }
 
-QString displayText(const FilePath& path) {
-    return QString::fromStdString(path.displayText());
-}
-
 QString destinationText(const std::optional<FilePath>& destination) {
-    return destination ? displayText(*destination) : QString(emDash);
+    return destination ? shownPath(*destination) : QString(emDash);
 }
 
 } // namespace lumeo

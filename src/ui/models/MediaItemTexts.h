@@ -15,8 +15,6 @@ QString symbolName(MediaType type);
 QString typeName(MediaType type);
 QString tintName(DateConfidence confidence);
 
-QString displayText(const FilePath& path);
-
 /// The path, or a dash where there is none.
 QString destinationText(const std::optional<FilePath>& destination);
 

@@ -1,4 +1,4 @@
-#include "NameSearch.h"
+#include "ui/models/NameSearch.h"
 
 #include "platform/AsciiCase.h"
 

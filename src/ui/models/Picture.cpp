@@ -1,4 +1,4 @@
-#include "Picture.h"
+#include "ui/models/Picture.h"
 
 #include <QPainter>
 

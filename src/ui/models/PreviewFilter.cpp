@@ -1,6 +1,6 @@
-#include "PreviewFilter.h"
+#include "ui/models/PreviewFilter.h"
 
-#include "NameSearch.h"
+#include "ui/models/NameSearch.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,9 +1,8 @@
-#include "PreviewModel.h"
+#include "ui/models/PreviewModel.h"
 
-#include "RunTexts.h"
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
-#include "platform/FilePath.h"
+#include "ui/models/ShownText.h"
 
 #include <QLocale>
 #include <QVariantMap>
@@ -110,19 +109,19 @@ QVariantList PreviewModel::filters() const {
     for (const PreviewFilter filter : allCases<PreviewFilter>()) {
         list.append(QVariantMap{{QStringLiteral("name"), name(filter)},
                                 {QStringLiteral("text"), texts_.localized(titleKey(filter))},
-                                {QStringLiteral("count"), numberText(counts_.of(filter))}});
+                                {QStringLiteral("count"), shownNumber(counts_.of(filter))}});
     }
     return list;
 }
 
 QVariantList PreviewModel::chips() const {
     const QLocale language(languageCode(texts_.currentLanguage()));
-    QVariantList list{chip(numberText(counts_.of(PreviewFilter::all)) +
+    QVariantList list{chip(shownNumber(counts_.of(PreviewFilter::all)) +
                                (isMove() ? QStringLiteral(" to move") : QStringLiteral(" to copy")),
                            "blue")};
     const auto appendIfAny = [&](PreviewFilter filter, const char* tint) {
         if (counts_.of(filter) > 0) {
-            list.append(chip(numberText(counts_.of(filter)) + QLatin1Char(' ') +
+            list.append(chip(shownNumber(counts_.of(filter)) + QLatin1Char(' ') +
                                  language.toLower(texts_.localized(titleKey(filter))),
                              tint));
         }
@@ -134,9 +133,8 @@ QVariantList PreviewModel::chips() const {
 
 QString PreviewModel::listed() const {
     const auto all = static_cast<std::int64_t>(rows_.items().size());
-    return rows_.count() == all
-               ? QString()
-               : QStringLiteral("%1 / %2").arg(numberText(rows_.count()), numberText(all));
+    return rows_.count() == all ? QString()
+                                : QStringLiteral("%1 / %2").arg(shownNumber(rows_.count()), shownNumber(all));
 }
 
 int PreviewModel::currentRow() const {
@@ -173,7 +171,7 @@ double PreviewModel::planningFraction() const {
 QString PreviewModel::planningText() const {
     const PlanningProgress& progress = state_.planningProgress();
     return QStringLiteral("Planning destinations: %1 / %2")
-        .arg(numberText(progress.plannedCount), numberText(progress.totalCount));
+        .arg(shownNumber(progress.plannedCount), shownNumber(progress.totalCount));
 }
 
 QString PreviewModel::refusal() const {
@@ -190,8 +188,7 @@ QString PreviewModel::refusal() const {
     const std::int64_t missing = std::max<std::int64_t>(needed - free, 0) + 1;
     return QStringLiteral("Not enough space on %1: %2 needed, %3 free, %4 missing. Make room there or choose "
                           "another destination.")
-        .arg(QString::fromStdString(replacingInvalidUtf8(volume->name)), byteCountText(needed),
-             byteCountText(free), byteCountText(missing));
+        .arg(shownText(volume->name), shownByteCount(needed), shownByteCount(free), shownByteCount(missing));
 }
 
 QString PreviewModel::cancellation() const {
@@ -201,7 +198,7 @@ QString PreviewModel::cancellation() const {
     }
     return QStringLiteral("The operation was cancelled: %1 of %2 files were transferred and verified, and "
                           "stay at the destination.")
-        .arg(numberText(progress.verifiedCount), numberText(progress.totalFiles));
+        .arg(shownNumber(progress.verifiedCount), shownNumber(progress.totalFiles));
 }
 
 void PreviewModel::inspect(int row) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "InspectorModel.h"
-#include "PreviewFilter.h"
-#include "PreviewRows.h"
+#include "ui/models/InspectorModel.h"
+#include "ui/models/PreviewFilter.h"
+#include "ui/models/PreviewRows.h"
 
 #include <QObject>
 #include <QString>

@@ -1,19 +1,13 @@
-#include "PreviewRows.h"
+#include "ui/models/PreviewRows.h"
 
-#include "MediaItemTexts.h"
 #include "dates/LUMEODateFormatters.h"
 #include "platform/FilePath.h"
+#include "ui/models/MediaItemTexts.h"
+#include "ui/models/ShownText.h"
 
 #include <algorithm>
 
 namespace lumeo {
-namespace {
-
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-} // namespace
 
 PreviewRows::PreviewRows(QObject* parent)
     : QAbstractListModel(parent), items_(std::make_shared<const std::vector<MediaItem>>()) {}
@@ -73,17 +67,17 @@ QVariant PreviewRows::data(const QModelIndex& index, int role) const {
     const MediaItem& item = (*items_)[itemIndex(index.row())];
     switch (role) {
     case FileNameRole:
-        return text(item.fileName());
+        return shownText(item.fileName());
     case SymbolRole:
         return symbolName(item.mediaType);
     case DateRole:
-        return text(LUMEODateFormatters::formattedMedium(item.resolvedDate));
+        return shownText(LUMEODateFormatters::formattedMedium(item.resolvedDate));
     case IsDatedRole:
         return item.resolvedDate.hasValue();
     case DateSourceRole:
-        return text(userFriendlyLabel(item.dateSource));
+        return shownText(userFriendlyLabel(item.dateSource));
     case ConfidenceRole:
-        return text(userFriendlyLabel(item.dateConfidence));
+        return shownText(userFriendlyLabel(item.dateConfidence));
     case ConfidenceTintRole:
         return tintName(item.dateConfidence);
     case DestinationRole:

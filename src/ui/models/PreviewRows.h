@@ -1,9 +1,9 @@
 #pragma once
 
-#include "PreviewFilter.h"
+#include "ui/models/PreviewFilter.h"
 
-#include "NameSearch.h"
 #include "app/AppState.h"
+#include "ui/models/NameSearch.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>

@@ -1,8 +1,8 @@
-#include "ProcessingModel.h"
+#include "ui/models/ProcessingModel.h"
 
-#include "RunTexts.h"
 #include "app/AppState.h"
-#include "platform/FilePath.h"
+#include "ui/models/RunTexts.h"
+#include "ui/models/ShownText.h"
 
 #include <algorithm>
 
@@ -45,19 +45,19 @@ QString ProcessingModel::processedOfTotal() const {
 }
 
 QString ProcessingModel::currentName() const {
-    return QString::fromStdString(replacingInvalidUtf8(state_.operationProgress().currentItemName));
+    return shownText(state_.operationProgress().currentItemName);
 }
 
 QString ProcessingModel::verified() const {
-    return numberText(state_.operationProgress().verifiedCount);
+    return shownNumber(state_.operationProgress().verifiedCount);
 }
 
 QString ProcessingModel::skipped() const {
-    return numberText(state_.operationProgress().skippedCount);
+    return shownNumber(state_.operationProgress().skippedCount);
 }
 
 QString ProcessingModel::errors() const {
-    return numberText(state_.operationProgress().errorsCount);
+    return shownNumber(state_.operationProgress().errorsCount);
 }
 
 bool ProcessingModel::hasErrors() const {
@@ -65,7 +65,7 @@ bool ProcessingModel::hasErrors() const {
 }
 
 QString ProcessingModel::transferred() const {
-    return byteCountText(state_.operationProgress().transferredBytes);
+    return shownByteCount(state_.operationProgress().transferredBytes);
 }
 
 QString ProcessingModel::speed() const {
@@ -74,7 +74,7 @@ QString ProcessingModel::speed() const {
 
 QString ProcessingModel::remaining() const {
     const OperationProgress& progress = state_.operationProgress();
-    return numberText(std::max<std::int64_t>(progress.totalFiles - progress.processedCount, 0));
+    return shownNumber(std::max<std::int64_t>(progress.totalFiles - progress.processedCount, 0));
 }
 
 QString ProcessingModel::elapsed() const {

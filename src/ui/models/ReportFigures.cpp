@@ -1,4 +1,4 @@
-#include "ReportFigures.h"
+#include "ui/models/ReportFigures.h"
 
 #include "platform/LocalCalendar.h"
 

@@ -1,11 +1,11 @@
-#include "ReportModel.h"
+#include "ui/models/ReportModel.h"
 
-#include "MediaItemTexts.h"
-#include "RunTexts.h"
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
 #include "platform/DocumentWriter.h"
 #include "transfer/ReportExporter.h"
+#include "ui/models/RunTexts.h"
+#include "ui/models/ShownText.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -56,19 +56,19 @@ bool ReportModel::hasManifest() const {
 }
 
 QString ReportModel::organized() const {
-    return numberText(figures_.organized);
+    return shownNumber(figures_.organized);
 }
 
 QString ReportModel::skipped() const {
-    return numberText(figures_.skipped);
+    return shownNumber(figures_.skipped);
 }
 
 QString ReportModel::errors() const {
-    return numberText(figures_.failed);
+    return shownNumber(figures_.failed);
 }
 
 QString ReportModel::totalTransferred() const {
-    return byteCountText(figures_.transferredBytes);
+    return shownByteCount(figures_.transferredBytes);
 }
 
 QVariantList ReportModel::timeline() const {
@@ -96,11 +96,11 @@ QString ReportModel::mode() const {
 
 QString ReportModel::photosVsVideos() const {
     return QStringLiteral("%1 photos, %2 videos")
-        .arg(numberText(figures_.photos), numberText(figures_.videos));
+        .arg(shownNumber(figures_.photos), shownNumber(figures_.videos));
 }
 
 QString ReportModel::unknownDates() const {
-    return QStringLiteral("%1 file(s)").arg(numberText(figures_.undated));
+    return QStringLiteral("%1 file(s)").arg(shownNumber(figures_.undated));
 }
 
 bool ReportModel::hasDestination() const {
@@ -153,11 +153,9 @@ void ReportModel::write(Manifest manifest, Document document, const FilePath& pa
             const std::stop_token&) { return writeDocument(fileSystem_, document(*manifest, *items), path); },
         [this, path](const FileResult<void>& written) {
             if (written) {
-                endExport(QStringLiteral("Saved as %1")
-                              .arg(QString::fromStdString(replacingInvalidUtf8(path.lastComponent()))),
-                          false);
+                endExport(QStringLiteral("Saved as %1").arg(shownText(path.lastComponent())), false);
             } else {
-                endExport(QString::fromStdString(written.error().message()), true);
+                endExport(shownText(written.error().message()), true);
             }
         });
 }
@@ -199,7 +197,7 @@ void ReportModel::endUndo(const Manifest& manifest, UndoResult result) {
         QStringList warnings;
         warnings.reserve(static_cast<qsizetype>(result.warnings.size()));
         for (const std::string& warning : result.warnings) {
-            warnings.append(QString::fromStdString(replacingInvalidUtf8(warning)));
+            warnings.append(shownText(warning));
         }
         undoWarnings_.setStringList(warnings);
         undoResult_ = std::move(result);
@@ -218,8 +216,8 @@ QString ReportModel::undoCounts() const {
         return {};
     }
     return QStringLiteral("%1: %2 · %3: %4")
-        .arg(texts_.localized(QStringLiteral("report.skipped")), numberText(undoResult_->skippedCount),
-             texts_.localized(QStringLiteral("report.errors")), numberText(undoResult_->failedCount));
+        .arg(texts_.localized(QStringLiteral("report.skipped")), shownNumber(undoResult_->skippedCount),
+             texts_.localized(QStringLiteral("report.errors")), shownNumber(undoResult_->failedCount));
 }
 
 void ReportModel::copyUndoWarnings() const {

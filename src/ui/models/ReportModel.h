@@ -1,11 +1,11 @@
 #pragma once
 
-#include "ReportFigures.h"
 #include "app/BackgroundJobs.h"
 #include "app/Desktop.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "transfer/UndoEngine.h"
+#include "ui/models/ReportFigures.h"
 
 #include <QAbstractItemModel>
 #include <QObject>

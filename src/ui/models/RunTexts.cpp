@@ -1,6 +1,6 @@
-#include "RunTexts.h"
+#include "ui/models/RunTexts.h"
 
-#include "platform/TextFormat.h"
+#include "ui/models/ShownText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +22,7 @@ bool isShown(double value) {
 } // namespace
 
 QString speedText(double bytesPerSecond) {
-    return isShown(bytesPerSecond) ? byteCountText(whole(bytesPerSecond)) + QStringLiteral("/s")
+    return isShown(bytesPerSecond) ? shownByteCount(whole(bytesPerSecond)) + QStringLiteral("/s")
                                    : QStringLiteral("0 KB/s");
 }
 
@@ -38,15 +38,7 @@ QString percentText(std::int64_t part, std::int64_t whole) {
 }
 
 QString fileCountText(std::int64_t count) {
-    return numberText(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
-}
-
-QString numberText(std::int64_t value) {
-    return QString::fromStdString(TextFormat::number(value));
-}
-
-QString byteCountText(std::int64_t bytes) {
-    return QString::fromStdString(TextFormat::byteCount(bytes));
+    return shownNumber(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
 }
 
 } // namespace lumeo

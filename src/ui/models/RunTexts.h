@@ -20,8 +20,4 @@ QString percentText(std::int64_t part, std::int64_t whole);
 /// "1 file", "2 files".
 QString fileCountText(std::int64_t count);
 
-/// What the locale makes of a number and of a size.
-QString numberText(std::int64_t value);
-QString byteCountText(std::int64_t bytes);
-
 } // namespace lumeo
