@@ -102,7 +102,8 @@ protected:
 
     /// Each destination against the rules of the archive, told once more in the plainest way: the first
     /// to come gets the name, the next ones a number from 2.
-    void expectDestinationsAsKnown(std::set<FilePath> taken) const {
+    void expectDestinationsAsKnown() const {
+        std::set<FilePath> taken;
         for (const MediaItem& item : items_) {
             const FilePath folder =
                 plan_.destinationURL->appending(library_->media.at(item.sourceURL).folder);
@@ -158,7 +159,7 @@ TEST_F(ArchiveTest, ArchivesALibraryWholeAndTouchesNothingElse) {
     scanned_.currentItemName.clear();
     scanned_.scanDurationSeconds = 0;
     EXPECT_EQ(scanned_, library_->counters) << encode(scanned_) << encode(library_->counters);
-    expectDestinationsAsKnown({});
+    expectDestinationsAsKnown();
     EXPECT_TRUE(writingCalls.empty()) << "a scan and a plan only read";
     EXPECT_FALSE(real_.exists(*plan_.destinationURL));
 
@@ -183,27 +184,16 @@ TEST_F(ArchiveTest, WritesNothingOverAnythingWhenRunAgain) {
     scanAndPlan();
     run();
     const auto archived = snapshot(*plan_.destinationURL);
-    const auto expectArchivedUntouched = [&] {
-        auto now = snapshot(*plan_.destinationURL);
-        for (const auto& [path, was] : archived) {
-            if (was.status.kind == FileKind::regular) {
-                EXPECT_EQ(now[path], was) << path.displayText();
-            }
+    const auto expectEachSkipped = [&](const OperationManifest& manifest) {
+        for (const FileTransactionItem& record : manifest.items) {
+            EXPECT_EQ(record.status, TransactionStatus::skipped) << record.originalPath.displayText();
         }
+        EXPECT_EQ(snapshot(*plan_.destinationURL), archived);
     };
 
-    const OperationManifest stale = run(); // the same plan once more
-    for (const FileTransactionItem& record : stale.items) {
-        EXPECT_EQ(record.status, TransactionStatus::skipped) << record.originalPath.displayText();
-    }
-    EXPECT_EQ(snapshot(*plan_.destinationURL), archived);
-
-    const std::set<FilePath> taken = filesIn(*plan_.destinationURL);
+    expectEachSkipped(run()); // the same plan once more
     scanAndPlan();
-    expectDestinationsAsKnown(taken);
-    expectEachArchived(run());
-    expectArchivedUntouched();
-    EXPECT_EQ(filesIn(*plan_.destinationURL).size(), 2 * taken.size());
+    expectEachSkipped(run());
 }
 
 TEST_F(ArchiveTest, MovesTheMediaAndLeavesTheRestWhereItIs) {
