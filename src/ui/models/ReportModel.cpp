@@ -155,7 +155,9 @@ void ReportModel::write(Manifest manifest, Document document, const FilePath& pa
             if (written) {
                 endExport(QStringLiteral("Saved as %1").arg(shownText(path.lastComponent())), false);
             } else {
-                endExport(shownText(written.error().message()), true);
+                FileError error = written.error();
+                error.path = path; // not the one that it was to be written as before it gets its name
+                endExport(shownText(error.message()), true);
             }
         });
 }
