@@ -65,7 +65,7 @@ FocusScope {
     }
 
     TableColumns {
-        id: columns
+        id: layout
 
         available: table.width
     }
@@ -74,7 +74,7 @@ FocusScope {
         id: header
 
         x: -list.contentX
-        columns: columns
+        columns: layout
     }
 
     ListView {
@@ -91,7 +91,7 @@ FocusScope {
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         width: parent.width
-        contentWidth: columns.total
+        contentWidth: layout.total
         flickableDirection: Flickable.AutoFlickIfNeeded
         boundsBehavior: Flickable.StopAtBounds
         model: table.model.rows
@@ -103,7 +103,7 @@ FocusScope {
         onMirroredChanged: Qt.callLater(showFirstColumn)
 
         delegate: PreviewRow {
-            columns: columns
+            columns: layout
             isCurrent: index === table.model.currentRow
             explain: table.explain
             onChosen: {

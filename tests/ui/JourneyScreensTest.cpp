@@ -1,0 +1,110 @@
+#include "support/Warnings.h"
+#include "ui/MadeState.h"
+#include "ui/models/PreviewModel.h"
+#include "ui/models/ProcessingModel.h"
+#include "ui/models/ReportModel.h"
+#include "ui/models/ThumbnailService.h"
+
+#include <gtest/gtest.h>
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QtTest>
+
+namespace lumeo {
+namespace {
+
+using testing::MadeState;
+using testing::waitUntil;
+
+/// The last three screens, each in a window of its own, on a real state.
+class JourneyScreensTest : public ::testing::Test {
+protected:
+    void show(const char* screen, QObject* model) {
+        view_.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        QQmlComponent component(view_.engine());
+        component.setData("import Lumeo.Window\n" + QByteArray(screen) + " {}", QUrl());
+        auto* item = qobject_cast<QQuickItem*>(
+            component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model)}}));
+        ASSERT_NE(item, nullptr) << component.errorString().toStdString();
+        view_.setResizeMode(QQuickView::SizeRootObjectToView);
+        view_.setContent(QUrl(), &component, item);
+        view_.resize(900, 522);
+        view_.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&view_));
+    }
+    [[nodiscard]] QQuickItem* find(const char* name) const {
+        return view_.rootObject()->findChild<QQuickItem*>(QString::fromLatin1(name));
+    }
+    void click(const char* name) {
+        QQuickItem* item = find(name);
+        ASSERT_NE(item, nullptr) << name;
+        const QPointF middle = item->mapToScene({item->width() / 2, item->height() / 2});
+        QTest::mouseClick(&view_, Qt::LeftButton, {}, middle.toPoint());
+    }
+    void preview() {
+        made_.writePhoto("source/a.jpg");
+        made_.folder.write("source/b.mov", "no movie");
+        made_.writePhoto("source/c.jpg");
+        ASSERT_TRUE(made_.goToPreview());
+        show("PreviewScreen", &preview_);
+    }
+
+    void TearDown() override { EXPECT_EQ(testing::Warnings::text(), ""); }
+
+    const testing::Warnings warnings_;
+    MadeState made_;
+    ThumbnailService thumbnails_;
+    PreviewModel preview_{made_.state, made_.localization, thumbnails_};
+    ProcessingModel processing_{made_.state};
+    ReportModel report_{made_.state, made_.localization, Desktop{made_.desktop, made_.desktop, made_.desktop},
+                        made_.fileSystem, made_.clock};
+    QQuickView view_;
+};
+
+TEST_F(JourneyScreensTest, ThePreviewIsWalkedAndSearchedByKeyboard) {
+    preview();
+    find("table")->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(&view_, Qt::Key_Down);
+    EXPECT_EQ(preview_.currentRow(), 0);
+    QTest::keyClick(&view_, Qt::Key_End);
+    EXPECT_EQ(preview_.currentRow(), 2);
+    QTest::keyClick(&view_, Qt::Key_Up);
+    EXPECT_EQ(preview_.currentRow(), 1);
+    QTest::keyClick(&view_, Qt::Key_Escape);
+    EXPECT_FALSE(preview_.inspector()->isOpen());
+
+    QTest::keyClick(&view_, Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClick(&view_, Qt::Key_M);
+    EXPECT_EQ(preview_.searchText(), QStringLiteral("m"));
+    EXPECT_EQ(preview_.rows()->count(), 1);
+}
+
+TEST_F(JourneyScreensTest, TheRunGoesFromThePreviewToAReportThatCanBeTakenBack) {
+    preview();
+    click("start");
+    ASSERT_TRUE(waitUntil([this] { return made_.state.currentStep() == WizardStep::report; }));
+    show("ReportScreen", &report_);
+    report_.setShowUndoAlert(true);
+    QTest::qWait(50);
+    report_.confirmUndo();
+    ASSERT_TRUE(waitUntil([this] { return !report_.isUndoing(); }));
+    EXPECT_TRUE(
+        find("undoStatusMessage")->property("text").toString().startsWith(QStringLiteral("Rollback")));
+}
+
+TEST_F(JourneyScreensTest, ARunIsHeldAndResumedByItsButton) {
+    preview();
+    made_.state.startOperation();
+    processing_.pause();
+    show("ProcessingScreen", &processing_);
+    EXPECT_TRUE(processing_.isPaused());
+    click("pause");
+    EXPECT_FALSE(processing_.isPaused());
+    EXPECT_TRUE(waitUntil([this] { return made_.state.currentStep() == WizardStep::report; }));
+}
+
+} // namespace
+} // namespace lumeo
