@@ -13,6 +13,9 @@ Window {
     required property SourcesModel sourcesModel
     required property ScanModel scanModel
     required property OrganizationModel organizationModel
+    required property PreviewModel previewModel
+    required property ProcessingModel processingModel
+    required property ReportModel reportModel
 
     property bool closeConfirmed: false
 
@@ -97,7 +100,7 @@ Window {
             Layout.fillWidth: true
             Layout.fillHeight: true
             step: window.shell.currentStep
-            screens: [sources, scan, organization]
+            screens: [sources, scan, organization, preview, processing, report]
         }
     }
 
@@ -122,6 +125,30 @@ Window {
 
         OrganizationScreen {
             model: window.organizationModel
+        }
+    }
+
+    Component {
+        id: preview
+
+        PreviewScreen {
+            model: window.previewModel
+        }
+    }
+
+    Component {
+        id: processing
+
+        ProcessingScreen {
+            model: window.processingModel
+        }
+    }
+
+    Component {
+        id: report
+
+        ReportScreen {
+            model: window.reportModel
         }
     }
 

@@ -20,7 +20,10 @@ Program::Program(QQmlEngine& engine, const Machine& machine)
       settings_(preferences_),
       sources_(state_, localization_),
       scan_(state_, localization_),
-      organization_(state_, localization_) {
+      organization_(state_, localization_),
+      preview_(state_, localization_, thumbnails_),
+      processing_(state_),
+      report_(state_, localization_, machine.desktop, machine.fileSystem, machine.clock) {
     engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
     QCoreApplication::installTranslator(&translator_);
     QObject::connect(&localization_, &LocalizationManager::currentLanguageChanged, &engine_,
@@ -44,6 +47,9 @@ QQuickWindow* Program::makeWindow() {
             {QStringLiteral("sourcesModel"), of(sources_)},
             {QStringLiteral("scanModel"), of(scan_)},
             {QStringLiteral("organizationModel"), of(organization_)},
+            {QStringLiteral("previewModel"), of(preview_)},
+            {QStringLiteral("processingModel"), of(processing_)},
+            {QStringLiteral("reportModel"), of(report_)},
         }));
     }
     window_.reset(qobject_cast<QQuickWindow*>(made.release()));

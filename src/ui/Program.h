@@ -5,10 +5,14 @@
 #include "l10n/LocalizationManager.h"
 #include "ui/models/KeyTranslator.h"
 #include "ui/models/OrganizationModel.h"
+#include "ui/models/PreviewModel.h"
+#include "ui/models/ProcessingModel.h"
+#include "ui/models/ReportModel.h"
 #include "ui/models/ScanModel.h"
 #include "ui/models/SettingsModel.h"
 #include "ui/models/ShellModel.h"
 #include "ui/models/SourcesModel.h"
+#include "ui/models/ThumbnailService.h"
 
 #include <QQuickWindow>
 
@@ -57,6 +61,10 @@ private:
     SourcesModel sources_;
     ScanModel scan_;
     OrganizationModel organization_;
+    ThumbnailService thumbnails_;
+    PreviewModel preview_;
+    ProcessingModel processing_;
+    ReportModel report_;
     std::unique_ptr<QQuickWindow> window_;
 };
 

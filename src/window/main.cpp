@@ -16,10 +16,10 @@
 namespace {
 
 void name(QGuiApplication& application) {
-    application.setOrganizationName(QStringLiteral("lumeo"));
-    application.setApplicationName(QStringLiteral("lumeo"));
+    application.setOrganizationName(QStringLiteral("LUMEO"));
+    application.setApplicationName(QStringLiteral("LUMEO"));
     application.setApplicationVersion(QStringLiteral(LUMEO_VERSION));
-    application.setDesktopFileName(QStringLiteral("lumeo"));
+    application.setDesktopFileName(QStringLiteral("org.lumeo.Lumeo"));
 }
 
 void bringToFront(QWindow& window) {
