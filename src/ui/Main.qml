@@ -21,7 +21,6 @@ Window {
 
     function openSettings() {
         settings.show();
-        settings.raise();
         settings.requestActivate();
     }
 
