@@ -57,6 +57,7 @@ Item {
 
                 StructureSection {
                     Layout.fillWidth: true
+                    Layout.fillHeight: false
                     Layout.preferredWidth: 1
                     Layout.alignment: Qt.AlignTop
                     model: screen.model
@@ -64,6 +65,7 @@ Item {
 
                 ColumnLayout {
                     Layout.fillWidth: true
+                    Layout.fillHeight: false
                     Layout.preferredWidth: 1
                     Layout.alignment: Qt.AlignTop
                     spacing: Theme.s24

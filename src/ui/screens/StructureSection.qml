@@ -27,9 +27,11 @@ ColumnLayout {
         contentItem: ColumnLayout {
             spacing: 0
 
-            RadioGroup {
+            ColumnLayout {
                 Layout.fillWidth: true
-                label: qsTrId("org.folderStructure")
+                spacing: Theme.s4
+                Accessible.role: Accessible.Grouping
+                Accessible.name: qsTrId("org.folderStructure")
 
                 Repeater {
                     model: section.model.presetExamples
@@ -38,6 +40,7 @@ ColumnLayout {
                         required property int index
                         required property string modelData
 
+                        Layout.fillWidth: true
                         text: qsTrId(section.presetKeys[index])
                         detail: modelData
                         monospaced: index < 3
