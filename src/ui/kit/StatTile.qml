@@ -54,7 +54,7 @@ Card {
                 visible: text !== ""
                 text: tile.detail
                 color: Theme.textTertiary
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
             }
         }
     }
