@@ -110,10 +110,30 @@ public:
         plan.preset = OrganizationPreset::custom;
         state.setOrganizationPlan(plan);
         take("organization");
+        run();
         return Warnings::text().empty();
     }
 
 private:
+    void run() {
+        auto& state = made_.state;
+        state.previewChanges();
+        std::ignore = waitUntil([&] { return !state.isPlanning(); });
+        take("preview");
+        made_.program.localization().setLanguage(AppLanguage::english);
+        made_.click("IMG_1002.JPG");
+        take("inspector");
+        state.startOperation();
+        std::ignore = waitUntil([&] { return state.isProcessing(); });
+        state.pauseOperation();
+        take("processing-paused");
+        state.resumeOperation();
+        std::ignore = waitUntil([&] { return !state.isProcessing(); });
+        take("report");
+        state.finishCompletedOperation();
+        take("sources-again");
+    }
+
     void sheets() {
         const std::pair<const char*, const char*> all[] = {{"How to Use", "help"},
                                                            {"Privacy & Security", "privacy"},
