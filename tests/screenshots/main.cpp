@@ -22,10 +22,9 @@ struct View {
     QSize size;
 };
 
-std::vector<View> views() {
+std::vector<View> views(const std::vector<AppLanguage>& languages) {
     std::vector<View> all;
-    for (const auto language : {AppLanguage::english, AppLanguage::german, AppLanguage::arabic,
-                                AppLanguage::japanese, AppLanguage::hindi}) {
+    for (const auto language : languages) {
         for (const auto appearance : {AppAppearance::light, AppAppearance::dark}) {
             for (const QSize size : {QSize(900, 650), QSize(1100, 760)}) {
                 all.push_back({language, appearance, size});
@@ -75,7 +74,8 @@ public:
 /// Walks through the program and takes its picture in every state.
 class Photographer {
 public:
-    explicit Photographer(QDir folder) : folder_(std::move(folder)) {}
+    Photographer(QDir folder, const std::vector<AppLanguage>& languages)
+        : folder_(std::move(folder)), views_(views(languages)) {}
 
     bool walk() {
         made_.volumes.add(made_.folder / "card", 64'000'000'000, 9'000'000'000, true);
@@ -162,7 +162,7 @@ private:
     }
 
     void take(const char* state) {
-        for (const auto& view : views()) {
+        for (const auto& view : views_) {
             made_.program.localization().setLanguage(view.language);
             made_.program.preferences().setAppearance(view.appearance);
             made_.window->resize(view.size);
@@ -178,26 +178,31 @@ private:
 
     MadeProgram made_;
     QDir folder_;
+    std::vector<View> views_;
 };
 
 } // namespace
 
-/// Takes pictures of every screen, in both appearances, both sizes and five languages; fails when
+/// Takes pictures of every screen, in both appearances, both sizes and the languages given; fails when
 /// anything was warned of meanwhile.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
     const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::cerr << "usage: lumeo-screenshots FOLDER\n";
+    if (argc < 3) {
+        std::cerr << "usage: lumeo-screenshots FOLDER LANGUAGE...\n";
         return 2;
+    }
+    std::vector<AppLanguage> languages;
+    for (int i = 2; i < argc; ++i) {
+        languages.push_back(languageOfCode(QString::fromLatin1(argv[i])).value_or(AppLanguage::english));
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     if (!folder.mkpath(QStringLiteral("."))) {
         std::cerr << "cannot make " << argv[1] << '\n';
         return 1;
     }
-    if (!Photographer(folder).walk()) {
+    if (!Photographer(folder, languages).walk()) {
         std::cerr << Warnings::text() << '\n';
         return 1;
     }
