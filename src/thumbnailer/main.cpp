@@ -22,7 +22,7 @@ namespace {
 
 using namespace lumeo;
 
-constexpr rlim_t mostMemory = rlim_t{2} * 1024 * 1024 * 1024;
+[[maybe_unused]] constexpr rlim_t mostMemory = rlim_t{2} * 1024 * 1024 * 1024;
 constexpr int leastUrgent = 10;
 
 void limit(int resource, rlim_t most) {
@@ -36,7 +36,9 @@ void giveUpRights() {
     std::ofstream("/proc/self/oom_score_adj") << 1000;
     limit(RLIMIT_FSIZE, 0);
     limit(RLIMIT_CORE, 0);
-    limit(RLIMIT_AS, mostMemory);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    limit(RLIMIT_AS, mostMemory); // the sanitizers lay claim to terabytes of addresses
+#endif
     setpriority(PRIO_PROCESS, 0, leastUrgent);
 }
 

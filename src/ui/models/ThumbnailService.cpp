@@ -19,6 +19,7 @@ constexpr int mostKept = 200;
 constexpr int pixelsPerPoint = 2;
 constexpr auto longestWork = 15s;
 constexpr auto longestUnwantedWork = 300ms; // long enough for most files, whose picture is then kept
+constexpr auto longestGoodbye = 1000ms;     // a killed helper ends at once, unless its disk does not answer
 
 /// Beside the program, as in a build, or where it is installed.
 QString installedHelper() {
@@ -42,12 +43,12 @@ ThumbnailService::ThumbnailService(QString helper, QObject* parent)
 }
 
 ThumbnailService::~ThumbnailService() {
-    if (asked_) {
-        leaveHelper();
-    } else if (helper_) {
+    if (helper_) {
         helper_->disconnect(this);
         helper_->kill();
-        helper_->waitForFinished();
+        if (helper_->state() != QProcess::NotRunning && !helper_->waitForFinished(longestGoodbye.count())) {
+            static_cast<void>(helper_.release()); // its own end would wait for the helper's
+        }
     }
 }
 
