@@ -35,6 +35,10 @@ FocusScope {
             visible: text !== ""
             text: control.label
             elide: Text.ElideRight
+
+            TapHandler {
+                onTapped: field.forceActiveFocus(Qt.MouseFocusReason)
+            }
         }
 
         T.TextField {

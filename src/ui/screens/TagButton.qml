@@ -6,6 +6,8 @@ import Lumeo.Window
 ButtonBase {
     id: control
 
+    // A click leaves the line that is written on, and what is selected there, as they are.
+    focusPolicy: Qt.TabFocus
     implicitHeight: 24
     leftPadding: 6
     rightPadding: 6
