@@ -13,9 +13,10 @@ namespace {
 
 class ThumbnailServiceTest : public ::testing::Test {
 protected:
-    FilePath picture(const std::string& name) const {
-        return folder_.write(name, encoded(redAndBlue({400, 200}), "png"));
+    FilePath picture(const std::string& name, QSize size = {400, 200}) const {
+        return folder_.write(name, encoded(redAndBlue(size), "png"));
     }
+    [[nodiscard]] const TempFolder& folder() const { return folder_; }
     static void remove(const FilePath& file) { std::filesystem::remove(file.bytes()); }
 
     /// A helper that does what a shell script says.
@@ -54,18 +55,28 @@ TEST_F(ThumbnailServiceTest, KeepsPicturesButNoFailures) {
 
 TEST_F(ThumbnailServiceTest, ForgetsThePictureThatWasUsedLongestAgo) {
     ThumbnailService service;
-    const FilePath oldest = picture("oldest.png");
-    const FilePath used = picture("used.png");
-    answerOf(service, used);
-    answerOf(service, oldest);
-    for (int i = 0; i < 199; ++i) {
-        answerOf(service, used);
-        answerOf(service, picture("photo" + std::to_string(i) + ".png"));
+    const FilePath oldest = picture("oldest.png", {4, 2});
+    const FilePath used = picture("used.png", {4, 2});
+    int asked = 0;
+    int answered = 0;
+    const auto ask = [&](const FilePath& file) {
+        ++asked;
+        service.load(file, {40, 40}, [&](const QImage& image) { answered += image.isNull() ? 0 : 1; });
+    };
+    ask(used);
+    ask(oldest);
+    for (int i = 0; i < 198; ++i) {
+        ask(picture("photo" + std::to_string(i) + ".png", {4, 2}));
     }
+    ask(used); // for the second time, with every place taken
+    ask(picture("one too many.png", {4, 2}));
+    EXPECT_TRUE(testing::waitUntil([&] { return answered == asked; }));
     remove(oldest);
     remove(used);
     EXPECT_FALSE(answerOf(service, used)->isNull());
     EXPECT_TRUE(answerOf(service, oldest)->isNull());
+    remove(folder() / "photo0.png");
+    EXPECT_FALSE(answerOf(service, folder() / "photo0.png")->isNull());
 }
 
 TEST_F(ThumbnailServiceTest, GivesNoAnswerToADroppedRequest) {
