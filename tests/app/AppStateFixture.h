@@ -5,16 +5,15 @@
 #include "platform/PosixFileSystem.h"
 #include "support/EventLoop.h"
 #include "support/FaultyFileSystem.h"
+#include "support/Gate.h"
 #include "support/TempFolder.h"
 
 #include <QSettings>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <iterator>
-#include <map>
 #include <memory>
 #include <string>
 #include <thread>
@@ -120,19 +119,6 @@ protected:
         state().setOrganizationPlan(plan);
     }
 
-    /// The files below a folder with their contents, by path relative to it.
-    static std::map<std::string, std::string> filesBelow(const FilePath& folder) {
-        std::map<std::string, std::string> files;
-        if (std::filesystem::exists(folder.bytes())) {
-            for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.bytes())) {
-                if (entry.is_regular_file()) {
-                    files.emplace(std::filesystem::relative(entry.path(), folder.bytes()).string(),
-                                  contentOf(FilePath(entry.path().string())));
-                }
-            }
-        }
-        return files;
-    }
     static std::vector<std::string> namesBelow(const FilePath& folder) {
         std::vector<std::string> names;
         for (const auto& [name, content] : filesBelow(folder)) {
@@ -172,37 +158,6 @@ private:
     std::unique_ptr<QSettings> settings_;
     std::unique_ptr<Preferences> preferences_;
     std::unique_ptr<AppState> state_;
-};
-
-/// Holds the jobs' threads at a kind of disk call until it is opened or goes out of scope.
-class Gate {
-public:
-    Gate(FaultyFileSystem& disk, std::string operation) {
-        disk.beforeEachCall([door = door_, operation = std::move(operation)](const DiskCall& call) {
-            if (call.operation == operation) {
-                ++door->arrivals;
-                door->isOpen.wait(false);
-            }
-        });
-    }
-    ~Gate() { open(); }
-    Gate(const Gate&) = delete;
-    Gate& operator=(const Gate&) = delete;
-
-    void open() const {
-        door_->isOpen = true;
-        door_->isOpen.notify_all();
-    }
-    [[nodiscard]] bool awaitArrival(int count = 1) const {
-        return testing::waitUntil([this, count] { return door_->arrivals >= count; });
-    }
-
-private:
-    struct Door {
-        std::atomic<bool> isOpen = false;
-        std::atomic<int> arrivals = 0;
-    };
-    std::shared_ptr<Door> door_ = std::make_shared<Door>();
 };
 
 } // namespace lumeo

@@ -59,4 +59,17 @@ std::string contentOf(const FilePath& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+std::map<std::string, std::string> filesBelow(const FilePath& folder) {
+    std::map<std::string, std::string> files;
+    if (std::filesystem::exists(folder.bytes())) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.bytes())) {
+            if (entry.is_regular_file()) {
+                files.emplace(std::filesystem::relative(entry.path(), folder.bytes()).string(),
+                              contentOf(FilePath(entry.path().string())));
+            }
+        }
+    }
+    return files;
+}
+
 } // namespace lumeo

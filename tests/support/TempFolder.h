@@ -2,6 +2,7 @@
 
 #include "platform/FilePath.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -28,5 +29,8 @@ private:
 
 /// The whole content of a file; fails the running test when it cannot be read.
 std::string contentOf(const FilePath& path);
+
+/// The files below a folder with their contents, by path relative to it; none when it is not there.
+std::map<std::string, std::string> filesBelow(const FilePath& folder);
 
 } // namespace lumeo

@@ -1,3 +1,4 @@
+#include "support/Gate.h"
 #include "ui/MadeState.h"
 #include "ui/ShownScreen.h"
 #include "ui/models/OrganizationModel.h"
@@ -61,26 +62,27 @@ TEST(SourcesScreenTest, TakesDroppedFoldersAndShowsThemAsCards) {
 
 TEST(ScanScreenTest, ShowsTheScanThenItsResults) {
     MadeState made;
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 3; ++i) {
         made.writePhoto("source/" + std::to_string(i) + ".jpg");
     }
     ScanModel model(made.state, made.localization);
+    const Gate gate(made.disk, "openForReading");
     made.state.addSource(made.folder / "source");
     made.state.startScan();
-    // Paused at once, lest it be over before the window is there.
-    made.state.pauseScan();
+    ASSERT_TRUE(gate.awaitArrival());
     ShownScreen screen("ScanScreen", model);
-    ASSERT_TRUE(waitUntil([&] { return screen.find("scan.resume") != nullptr; }));
+    EXPECT_TRUE(screen.press("scan.pause"));
     EXPECT_NE(screen.find("scan.pausedTitle"), nullptr);
+    gate.open();
     EXPECT_TRUE(screen.press("scan.resume"));
     ASSERT_TRUE(waitUntil([&] { return screen.find("results.title") != nullptr; }));
 
-    EXPECT_NE(screen.find("scan.photos: 300"), nullptr);
+    EXPECT_NE(screen.find("scan.photos: 3"), nullptr);
     EXPECT_NE(screen.find("results.exactDuplicates: 0"), nullptr);
     EXPECT_TRUE(screen.press("results.analyzeDuplicates"));
     EXPECT_EQ(screen.find("results.analyzeDuplicates"), nullptr);
     EXPECT_NE(screen.find("results.analyzingDuplicates"), nullptr);
-    ASSERT_TRUE(waitUntil([&] { return screen.find("results.exactDuplicates: 300") != nullptr; }));
+    ASSERT_TRUE(waitUntil([&] { return screen.find("results.exactDuplicates: 3") != nullptr; }));
     EXPECT_TRUE(screen.press("results.organize"));
     EXPECT_EQ(made.state.currentStep(), WizardStep::organization);
     EXPECT_EQ(Warnings::text(), "");

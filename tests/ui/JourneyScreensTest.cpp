@@ -1,3 +1,4 @@
+#include "support/Gate.h"
 #include "support/Warnings.h"
 #include "ui/MadeState.h"
 #include "ui/models/PreviewModel.h"
@@ -60,7 +61,7 @@ protected:
     PreviewModel preview_{made_.state, made_.localization, thumbnails_};
     ProcessingModel processing_{made_.state};
     ReportModel report_{made_.state, made_.localization, Desktop{made_.desktop, made_.desktop, made_.desktop},
-                        made_.fileSystem, made_.clock};
+                        made_.disk, made_.clock};
     QQuickView view_;
 };
 
@@ -97,10 +98,13 @@ TEST_F(JourneyScreensTest, TheRunGoesFromThePreviewToAReportThatCanBeTakenBack) 
 
 TEST_F(JourneyScreensTest, ARunIsHeldAndResumedByItsButton) {
     preview();
+    const Gate gate(made_.disk, "write");
     made_.state.startOperation();
+    ASSERT_TRUE(gate.awaitArrival());
     processing_.pause();
     show("ProcessingScreen", &processing_);
     EXPECT_TRUE(processing_.isPaused());
+    gate.open();
     click("pause");
     EXPECT_FALSE(processing_.isPaused());
     EXPECT_TRUE(waitUntil([this] { return made_.state.currentStep() == WizardStep::report; }));

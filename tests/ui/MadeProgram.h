@@ -5,8 +5,13 @@
 #include <QQuickItem>
 #include <QtTest>
 
+#include <algorithm>
 #include <stdexcept>
+#include <string>
+#include <string_view>
+#include <tuple>
 
+#include "support/FaultyFileSystem.h"
 #include "support/Warnings.h"
 #include "ui/MadeState.h"
 #include "ui/Program.h"
@@ -20,13 +25,14 @@ struct MadeProgram {
     ScopedEnvironment locale{"LC_ALL", "en_US.UTF-8"};
     TempFolder folder;
     QSettings settings{QString::fromStdString((folder / "settings.ini").bytes()), QSettings::IniFormat};
-    PosixFileSystem fileSystem;
+    PosixFileSystem realDisk;
+    FaultyFileSystem disk{realDisk};
     SystemClock clock;
     MadeVolumes volumes;
     MadeDesktop desktop;
     QQmlEngine engine;
     Program program{(settings.setValue(QStringLiteral("appLanguage"), QStringLiteral("en")), engine),
-                    {.fileSystem = fileSystem,
+                    {.fileSystem = disk,
                      .clock = clock,
                      .volumes = volumes,
                      .settings = settings,
@@ -46,9 +52,16 @@ struct MadeProgram {
         }
     }
 
-    /// The item in sight of that accessible name; null when there is none.
+    /// The item in sight of that accessible name, the topmost one; null when there is none. The row of a
+    /// table goes by its first cell.
     [[nodiscard]] QQuickItem* find(const std::string& name) const {
-        return find(window->contentItem(), name);
+        const auto layers = window->contentItem()->childItems();
+        for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+            if (auto* found = find(*layer, name)) {
+                return found;
+            }
+        }
+        return nullptr;
     }
 
     /// Waits until something of that name is in sight.
@@ -56,12 +69,15 @@ struct MadeProgram {
         return waitUntil([&] { return find(name) != nullptr; });
     }
 
-    /// Clicks in the middle of what has that name; false when it is not in sight.
+    /// Clicks in the middle of what has that name, scrolled to if need be; false when it is not in sight
+    /// or cannot be clicked.
     bool click(const std::string& name) {
-        const auto* item = find(name);
-        if (item == nullptr) {
+        auto* item = find(name);
+        if (item == nullptr || !item->isEnabled()) {
             return false;
         }
+        std::ignore = window->grabWindow(); // a hand clicks on what has been laid out and drawn
+        scrollTo(*item);
         const QPointF middle = item->mapToScene({item->width() / 2, item->height() / 2});
         QTest::mouseClick(window, Qt::LeftButton, {}, middle.toPoint());
         return true;
@@ -69,13 +85,44 @@ struct MadeProgram {
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(window, key, modifiers); }
 
+    void type(std::string_view text) {
+        for (const char letter : text) {
+            QTest::keyClick(window, letter);
+        }
+    }
+
+    /// The name of what the keyboard speaks to; that of the control, where it is a part of one.
+    [[nodiscard]] std::string focusedName() const {
+        for (auto* item = window->activeFocusItem(); item != nullptr; item = item->parentItem()) {
+            if (std::string name = nameOf(item); !name.empty()) {
+                return name;
+            }
+        }
+        return {};
+    }
+
+    /// Presses Tab until the keyboard speaks to what has that name; false when it never does.
+    bool tabTo(const std::string& name) {
+        for (int presses = 0; presses < 100; ++presses) {
+            if (focusedName() == name) {
+                return true;
+            }
+            press(Qt::Key_Tab);
+        }
+        return false;
+    }
+
+    [[nodiscard]] static std::string nameOf(QQuickItem* item) {
+        auto* face = QAccessible::queryAccessibleInterface(item);
+        return face != nullptr ? face->text(QAccessible::Name).toStdString() : std::string();
+    }
+
 private:
     static QQuickItem* find(QQuickItem* item, const std::string& name) {
         if (!item->isVisible()) {
             return nullptr;
         }
-        auto* face = QAccessible::queryAccessibleInterface(item);
-        if (face != nullptr && face->text(QAccessible::Name).toStdString() == name) {
+        if (const std::string found = nameOf(item); found == name || found.starts_with(name + ", ")) {
             return item;
         }
         for (auto* child : item->childItems()) {
@@ -84,6 +131,20 @@ private:
             }
         }
         return nullptr;
+    }
+
+    /// As the wheel would.
+    static void scrollTo(QQuickItem& item) {
+        for (auto* page = item.parentItem(); page != nullptr; page = page->parentItem()) {
+            if (page->inherits("QQuickFlickable")) {
+                const double y = item.mapToItem(page, {0, item.height() / 2}).y();
+                if (y < 0 || y > page->height()) {
+                    const double wanted = page->property("contentY").toDouble() + y - page->height() / 2;
+                    const double end = page->property("contentHeight").toDouble() - page->height();
+                    page->setProperty("contentY", std::clamp(wanted, 0.0, end));
+                }
+            }
+        }
     }
 };
 

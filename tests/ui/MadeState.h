@@ -6,6 +6,7 @@
 #include "platform/PosixFileSystem.h"
 #include "platform/Volumes.h"
 #include "support/EventLoop.h"
+#include "support/FaultyFileSystem.h"
 #include "support/SystemSettings.h"
 #include "support/TempFolder.h"
 #include "support/TinyPhotos.h"
@@ -73,11 +74,12 @@ struct MadeState {
     QSettings settings{QString::fromStdString((folder / "settings.ini").bytes()), QSettings::IniFormat};
     Preferences preferences{settings};
     LocalizationManager localization{settings, {QStringLiteral("en")}};
-    PosixFileSystem fileSystem;
+    PosixFileSystem realDisk;
+    FaultyFileSystem disk{realDisk};
     SystemClock clock;
     MadeVolumes volumes;
     MadeDesktop desktop;
-    AppState state{{.fileSystem = fileSystem,
+    AppState state{{.fileSystem = disk,
                     .clock = clock,
                     .volumes = volumes,
                     .preferences = preferences,

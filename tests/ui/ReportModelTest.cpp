@@ -49,7 +49,7 @@ protected:
     MadeState made_;
     Desktop desktop_{made_.desktop, made_.desktop, made_.desktop};
     FilePath first_;
-    ReportModel report{made_.state, made_.localization, desktop_, made_.fileSystem, made_.clock};
+    ReportModel report{made_.state, made_.localization, desktop_, made_.disk, made_.clock};
 };
 
 TEST_F(ReportModelTest, TellsOfTheRun) {
@@ -136,7 +136,7 @@ TEST_F(ReportModelTest, TakesAMoveRunBackAndForgetsItWithTheNextRun) {
 TEST_F(ReportModelTest, EndsAnUndoThatTheProgramDoesNotWaitFor) {
     run();
     {
-        ReportModel leaving(made_.state, made_.localization, desktop_, made_.fileSystem, made_.clock);
+        ReportModel leaving(made_.state, made_.localization, desktop_, made_.disk, made_.clock);
         leaving.confirmUndo();
         leaving.confirmUndo(); // one at a time
     }

@@ -1,0 +1,219 @@
+#include "ui/Journey.h"
+#include "transfer/ReportExporter.h"
+
+#include <thread>
+
+namespace lumeo {
+namespace {
+
+using testing::waitUntil;
+
+/// The program as a hand with a mouse leads it, and what is on the disk afterwards.
+class JourneyTest : public testing::Journey {
+protected:
+    bool click(const char* name) { return made->shows(name) && made->click(name); }
+
+    /// Up to a whole plan, copies not looked for.
+    void plan() {
+        ASSERT_TRUE(click("Choose Folder..."));
+        ASSERT_TRUE(click("Scan Media"));
+        ASSERT_TRUE(click("Organize"));
+        ASSERT_NO_FATAL_FAILURE(choosePattern());
+        ASSERT_NO_FATAL_FAILURE(chooseDestination());
+    }
+    void choosePattern() {
+        ASSERT_TRUE(click("Custom Template"));
+        ASSERT_TRUE(click("Custom Template Pattern:"));
+        made->press(Qt::Key_A, Qt::ControlModifier);
+        ASSERT_TRUE(click("{YYYY}"));
+        made->type("-");
+        ASSERT_TRUE(click("{MM}"));
+        EXPECT_EQ(made->state.organizationPlan().customTemplate, "{YYYY}-{MM}");
+    }
+    void chooseDestination() {
+        made->desktop.folders = {archive()};
+        ASSERT_TRUE(click("Choose Destination Folder or Drive..."));
+        EXPECT_TRUE(made->shows("Archive"));
+    }
+    void listenToTheEnd() {
+        QObject::connect(&made->state, &AppState::operationFinished,
+                         [this](const std::shared_ptr<const OperationManifest>& journal, bool isCancelled) {
+                             journal_ = journal;
+                             isCancelled_ = isCancelled;
+                         });
+    }
+    /// Whether the journal has the file as archived.
+    [[nodiscard]] bool isJournalled(const FilePath& file) const {
+        return std::ranges::any_of(journal_->items, [&file](const FileTransactionItem& record) {
+            return record.originalPath == file && record.status == TransactionStatus::verified;
+        });
+    }
+    void undo() {
+        ASSERT_TRUE(click("Undo Organization..."));
+        ASSERT_TRUE(click("Cancel"));
+        EXPECT_TRUE(waitUntil([this] { return made->find("Yes, Undo Organization") == nullptr; }));
+        ASSERT_TRUE(click("Undo Organization..."));
+        ASSERT_TRUE(click("Yes, Undo Organization"));
+    }
+    void saveAs(const char* button, const char* name) {
+        made->desktop.document = home / name;
+        ASSERT_TRUE(click(button));
+        ASSERT_TRUE(made->shows(std::string("Saved as ") + name));
+    }
+
+    std::shared_ptr<const OperationManifest> journal_;
+    bool isCancelled_ = false;
+};
+
+TEST_F(JourneyTest, CopiesFromTwoFoldersAndTakesItBack) {
+    ASSERT_TRUE(click("Choose Folder..."));
+    EXPECT_TRUE(made->shows("card"));
+    EXPECT_TRUE(made->shows("Pictures"));
+    {
+        const Gate gate(made->disk, [](const DiskCall& call) {
+            return call.operation == "openForReading" && call.path.lastComponent() == "IMG_0002.JPG";
+        });
+        ASSERT_TRUE(click("Scan Media"));
+        ASSERT_TRUE(gate.awaitArrival());
+        ASSERT_TRUE(click("Pause"));
+        EXPECT_TRUE(made->shows("Scan Paused"));
+        gate.open();
+        QTest::qWait(50);
+        ASSERT_TRUE(click("Resume"));
+    }
+    EXPECT_TRUE(made->shows("Scan Complete"));
+    EXPECT_TRUE(made->shows("6 media files found across 2"));
+    EXPECT_TRUE(made->shows("Missing Date: 1"));
+    ASSERT_TRUE(click("Analyze Duplicates (SHA-256)"));
+    EXPECT_TRUE(made->shows("Exact Duplicates: 2"));
+    EXPECT_TRUE(areThere(originals)) << "looking changes nothing";
+
+    ASSERT_TRUE(click("Organize"));
+    ASSERT_NO_FATAL_FAILURE(choosePattern());
+    ASSERT_NO_FATAL_FAILURE(chooseDestination());
+    ASSERT_TRUE(click("Preview Changes"));
+    ASSERT_TRUE(arrives(WizardStep::preview));
+    EXPECT_TRUE(made->shows("6 to copy"));
+    ASSERT_TRUE(click("Search by filename..."));
+    made->type("undated");
+    EXPECT_TRUE(made->shows("1 / 6"));
+    ASSERT_TRUE(click("Clear"));
+    ASSERT_TRUE(click("Duplicates 2"));
+    EXPECT_TRUE(made->shows("2 / 6"));
+    ASSERT_TRUE(click("again.jpg"));
+    EXPECT_TRUE(made->shows("Media Inspector"));
+    EXPECT_TRUE(made->shows((home / "Pictures/again.jpg").bytes()));
+    ASSERT_TRUE(click("Close"));
+    EXPECT_TRUE(areThere(originals)) << "nor does planning";
+
+    ASSERT_TRUE(click("Start Copy"));
+    ASSERT_TRUE(made->shows("Organization Complete"));
+    EXPECT_TRUE(made->shows("Organized: 5"));
+    EXPECT_TRUE(made->shows("Skipped: 1"));
+    EXPECT_TRUE(areThere(copied()));
+
+    const OperationManifest& journal = *made->state.activeManifest();
+    saveAs("Export CSV", "run.csv");
+    EXPECT_EQ(contentOf(home / "run.csv"), ReportExporter::generateCSV(journal, *made->state.scannedItems()));
+    saveAs("Export Report", "run.txt");
+    EXPECT_EQ(contentOf(home / "run.txt"), ReportExporter::generateTextReport(journal));
+    ASSERT_TRUE(click("Open in Finder"));
+    EXPECT_EQ(made->desktop.revealed, std::vector{archive()});
+
+    ASSERT_NO_FATAL_FAILURE(undo());
+    EXPECT_TRUE(made->shows("Rollback complete: 5 files restored/removed."));
+    Files left = originals;
+    left["run.csv"] = contentOf(home / "run.csv");
+    left["run.txt"] = contentOf(home / "run.txt");
+    EXPECT_TRUE(areThere(left));
+    ASSERT_TRUE(click("Done"));
+    EXPECT_TRUE(made->shows("Last Completed Operation"));
+}
+
+TEST_F(JourneyTest, MovesOnceConfirmedAndBringsEverythingBack) {
+    ASSERT_NO_FATAL_FAILURE(plan());
+    ASSERT_TRUE(click("Move"));
+    ASSERT_TRUE(click("Preview Changes"));
+    ASSERT_TRUE(click("Start Move..."));
+    ASSERT_TRUE(click("Cancel"));
+    EXPECT_TRUE(waitUntil([this] { return made->find("Yes, Move Files") == nullptr; }));
+    EXPECT_TRUE(areThere(originals));
+
+    ASSERT_TRUE(click("Start Move..."));
+    ASSERT_TRUE(click("Yes, Move Files"));
+    ASSERT_TRUE(made->shows("Organization Complete"));
+    EXPECT_TRUE(areThere(moved()));
+
+    ASSERT_NO_FATAL_FAILURE(undo());
+    EXPECT_TRUE(made->shows("Rollback complete: 6 files restored/removed."));
+    EXPECT_TRUE(areThere(originals));
+}
+
+TEST_F(JourneyTest, LosesNothingWhenTheRunIsCancelledWithinAFile) {
+    ASSERT_NO_FATAL_FAILURE(plan());
+    ASSERT_TRUE(click("Move"));
+    ASSERT_TRUE(click("Preview Changes"));
+    listenToTheEnd();
+    const Gate gate(made->disk, [files = 0](const DiskCall& call) mutable {
+        return call.operation == "write" && ++files == 3;
+    });
+    ASSERT_TRUE(click("Start Move..."));
+    ASSERT_TRUE(click("Yes, Move Files"));
+    ASSERT_TRUE(gate.awaitArrival());
+    ASSERT_TRUE(click("Pause"));
+    EXPECT_TRUE(made->shows("Organization Paused"));
+    ASSERT_TRUE(click("Cancel Operation"));
+    ASSERT_TRUE(arrives(WizardStep::preview));
+    gate.open();
+    ASSERT_TRUE(waitUntil([this] { return journal_ != nullptr; }));
+
+    EXPECT_TRUE(isCancelled_);
+    EXPECT_EQ(journal_->isCancelled, true);
+    auto those = places();
+    std::erase_if(those, [this](const auto& place) { return !isJournalled(home / place.first); });
+    EXPECT_EQ(those.size(), 2U);
+    EXPECT_TRUE(areThere(moved(those))) << "every file once, and nothing half made";
+    EXPECT_TRUE(made->find("Start Move...")->isEnabled());
+}
+
+TEST_F(JourneyTest, AsksBeforeItIsClosedDuringARunAndThenEndsCleanly) {
+    ASSERT_NO_FATAL_FAILURE(plan());
+    ASSERT_TRUE(click("Preview Changes"));
+    bool hasQuit = false;
+    QObject::connect(&made->engine, &QQmlEngine::quit, [&] { hasQuit = true; });
+    const Gate gate(made->disk, [files = 0](const DiskCall& call) mutable {
+        return call.operation == "write" && ++files == 2;
+    });
+    ASSERT_TRUE(click("Start Copy"));
+    ASSERT_TRUE(gate.awaitArrival());
+
+    made->window->close();
+    EXPECT_TRUE(made->shows("Cancel Operation?"));
+    made->press(Qt::Key_Escape);
+    EXPECT_TRUE(waitUntil([this] { return made->find("Cancel Operation?") == nullptr; }));
+    made->press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(made->shows("Cancel Operation?"));
+    EXPECT_TRUE(made->window->isVisible());
+    EXPECT_TRUE(made->state.isProcessing());
+    EXPECT_FALSE(hasQuit);
+
+    ASSERT_TRUE(made->click("Cancel Operation")); // in the question, which lies above the screen
+    EXPECT_TRUE(waitUntil([&] { return hasQuit; }));
+    const std::jthread opening([&gate] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50)); // by when the program waits for its job
+        gate.open();
+    });
+    made.reset();
+    Files expected = originals;
+    const Files archived = filesBelow(archive());
+    EXPECT_EQ(archived.size(), 1U) << "the one that was whole before";
+    for (const auto& [from, to] : places()) {
+        if (archived.contains(to.substr(std::string("Archive/").size()))) {
+            expected[to] = originals.at(from);
+        }
+    }
+    EXPECT_TRUE(areThere(expected));
+}
+
+} // namespace
+} // namespace lumeo
