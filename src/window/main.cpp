@@ -13,7 +13,26 @@
 #include <QQmlEngine>
 #include <QSettings>
 
+#include <iostream>
+#include <span>
+#include <string_view>
+
 namespace {
+
+/// Answers what needs no display; false when the window is wanted.
+bool hasAnswered(std::span<const char* const> arguments) {
+    for (const std::string_view argument : arguments) {
+        if (argument == "--version") {
+            std::cout << LUMEO_VERSION << '\n';
+            return true;
+        }
+        if (argument == "--help" || argument == "-h") {
+            std::cout << "lumeo opens the window. For scripts and terminals there is lumeo-cli.\n";
+            return true;
+        }
+    }
+    return false;
+}
 
 void name(QGuiApplication& application) {
     application.setOrganizationName(QStringLiteral("LUMEO"));
@@ -32,6 +51,9 @@ void bringToFront(QWindow& window) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    if (hasAnswered(std::span(argv, static_cast<std::size_t>(argc)))) {
+        return 0;
+    }
     QGuiApplication application(argc, argv);
     name(application);
 
