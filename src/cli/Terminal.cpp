@@ -1,7 +1,5 @@
 #include "cli/Terminal.h"
 
-#include "platform/FilePath.h"
-
 #include <algorithm>
 #include <iostream>
 
@@ -47,26 +45,6 @@ std::string fittedEnd(const std::string& text, std::size_t columns) {
 }
 
 } // namespace
-
-std::string printable(std::string_view bytes) {
-    std::string text;
-    for (const char character : replacingInvalidUtf8(bytes)) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (character == '\n') {
-            text += "\\n";
-        } else if (character == '\t') {
-            text += "\\t";
-        } else if (byte < 0x20U || byte == 0x7FU) {
-            constexpr std::string_view digits = "0123456789ABCDEF";
-            text += "\\x";
-            text += digits[byte >> 4U];
-            text += digits[byte & 0x0FU];
-        } else {
-            text += character;
-        }
-    }
-    return text;
-}
 
 bool isTerminal(int descriptor) {
     return isatty(descriptor) == 1;

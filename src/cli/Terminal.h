@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/FilePath.h" // printable()
 
 #include <chrono>
 #include <cstddef>
@@ -9,10 +10,6 @@
 #include <vector>
 
 namespace lumeo::cli {
-
-/// A file name or path as one line of terminal text: what is not UTF-8 shows as U+FFFD, control
-/// characters as \n, \t or \xHH, so that no name can move the cursor or break a table.
-std::string printable(std::string_view bytes);
 
 bool isTerminal(int descriptor);
 
