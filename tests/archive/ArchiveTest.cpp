@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
 #include <set>
 
 namespace lumeo {
@@ -102,8 +103,7 @@ protected:
 
     /// Each destination against the rules of the archive, told once more in the plainest way: the first
     /// to come gets the name, the next ones a number from 2.
-    void expectDestinationsAsKnown() const {
-        std::set<FilePath> taken;
+    void expectDestinationsAsKnown(std::set<FilePath> taken) const {
         for (const MediaItem& item : items_) {
             const FilePath folder =
                 plan_.destinationURL->appending(library_->media.at(item.sourceURL).folder);
@@ -159,7 +159,7 @@ TEST_F(ArchiveTest, ArchivesALibraryWholeAndTouchesNothingElse) {
     scanned_.currentItemName.clear();
     scanned_.scanDurationSeconds = 0;
     EXPECT_EQ(scanned_, library_->counters) << encode(scanned_) << encode(library_->counters);
-    expectDestinationsAsKnown();
+    expectDestinationsAsKnown({});
     EXPECT_TRUE(writingCalls.empty()) << "a scan and a plan only read";
     EXPECT_FALSE(real_.exists(*plan_.destinationURL));
 
@@ -183,17 +183,30 @@ TEST_F(ArchiveTest, WritesNothingOverAnythingWhenRunAgain) {
     make(200);
     scanAndPlan();
     run();
-    const auto archived = snapshot(*plan_.destinationURL);
-    const auto expectEachSkipped = [&](const OperationManifest& manifest) {
-        for (const FileTransactionItem& record : manifest.items) {
+    auto archived = snapshot(*plan_.destinationURL);
+    for (const bool isPlannedAnew : {false, true}) {
+        if (isPlannedAnew) {
+            scanAndPlan();
+        }
+        for (const FileTransactionItem& record : run().items) {
             EXPECT_EQ(record.status, TransactionStatus::skipped) << record.originalPath.displayText();
         }
-        EXPECT_EQ(snapshot(*plan_.destinationURL), archived);
-    };
+        EXPECT_EQ(snapshot(*plan_.destinationURL), archived) << "each copy is known again";
+    }
 
-    expectEachSkipped(run()); // the same plan once more
+    const std::set<FilePath> taken = filesIn(*plan_.destinationURL);
+    for (const FilePath& path : taken) {
+        std::ofstream(path.bytes(), std::ios::app) << "edited";
+    }
+    archived = snapshot(*plan_.destinationURL);
     scanAndPlan();
-    expectEachSkipped(run());
+    expectDestinationsAsKnown(taken);
+    expectEachArchived(run());
+    auto now = snapshot(*plan_.destinationURL);
+    EXPECT_EQ(filesIn(*plan_.destinationURL).size(), 2 * taken.size());
+    for (const FilePath& path : taken) {
+        EXPECT_EQ(now[path], archived[path]) << path.displayText();
+    }
 }
 
 TEST_F(ArchiveTest, MovesTheMediaAndLeavesTheRestWhereItIs) {
