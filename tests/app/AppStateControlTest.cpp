@@ -122,11 +122,10 @@ TEST_F(AppStateControlTest, PausesARunFromItsFirstMomentOn) {
     state().startOperation();
     ASSERT_TRUE(state().isProcessing());
     state().pauseOperation();
-    ASSERT_TRUE(waitUntil([this] { return state().operationProgress().processedCount > 0; }));
     EXPECT_TRUE(state().operationProgress().isPaused);
-    const auto archived = namesBelow(archive()).size();
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_LE(namesBelow(archive()).size(), archived + 1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_LE(namesBelow(archive()).size(), 2U)
+        << "the file that was begun and one that may meet no pause yet";
     state().resumeOperation();
     ASSERT_TRUE(waitUntil([this] { return state().currentStep() == WizardStep::report; }));
     EXPECT_THAT(namesBelow(archive()), SizeIs(20));
