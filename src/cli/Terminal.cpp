@@ -18,12 +18,24 @@ std::size_t width(std::string_view utf8) {
     }));
 }
 
-std::size_t terminalColumns() {
+std::size_t terminalColumns(int descriptor) {
     winsize size{};
-    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+    if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
         return size.ws_col;
     }
     return 80;
+}
+
+/// As many of the facts, which two spaces part, as one line holds: a line that wraps cannot be rewritten.
+std::string fittedFacts(std::string facts, std::size_t columns) {
+    while (width(facts) >= columns) {
+        const std::size_t gap = facts.rfind("  ");
+        if (gap == std::string::npos) {
+            return {};
+        }
+        facts.resize(gap);
+    }
+    return facts;
 }
 
 /// The end of `text` that fits into `columns`, behind an ellipsis where something was cut.
@@ -72,9 +84,9 @@ void StatusLine::show(const std::string& facts, std::string_view name) {
     if (!enabled_) {
         return;
     }
-    const std::size_t columns = terminalColumns();
+    const std::size_t columns = terminalColumns(STDERR_FILENO);
     const std::size_t used = width(facts) + 3;
-    std::cerr << '\r' << facts;
+    std::cerr << '\r' << fittedFacts(facts, columns);
     if (used < columns) {
         std::cerr << "  " << fittedEnd(printable(name), columns - used);
     }
@@ -99,15 +111,46 @@ void Table::addRow(std::vector<std::string> cells) {
 }
 
 void Table::print() const {
-    for (const std::vector<std::string>& row : rows_) {
-        for (std::size_t column = 0; column < row.size(); ++column) {
-            std::cout << row[column];
-            if (column + 1 < row.size()) {
-                std::cout << std::string(widths_[column] - width(row[column]) + 2, ' ');
-            }
-        }
-        std::cout << '\n';
+    // The last column, which is not lined up, wants some room of its own.
+    constexpr std::size_t leastForLast = 24;
+    std::size_t linedUp = 0;
+    for (std::size_t column = 0; column + 1 < widths_.size(); ++column) {
+        linedUp += widths_[column] + 2;
     }
+    const bool isNarrow =
+        isTerminal(STDOUT_FILENO) && linedUp + leastForLast > terminalColumns(STDOUT_FILENO);
+    for (const std::vector<std::string>& row : rows_) {
+        if (isNarrow) {
+            printFlowing(row, terminalColumns(STDOUT_FILENO));
+        } else {
+            printLinedUp(row);
+        }
+    }
+}
+
+void Table::printLinedUp(const std::vector<std::string>& row) const {
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        std::cout << row[column];
+        if (column + 1 < row.size()) {
+            std::cout << std::string(widths_[column] - width(row[column]) + 2, ' ');
+        }
+    }
+    std::cout << '\n';
+}
+
+void Table::printFlowing(const std::vector<std::string>& row, std::size_t columns) {
+    std::size_t used = 0;
+    for (const std::string& cell : row) {
+        const std::size_t wanted = 2 + width(cell);
+        if (used > 0 && used + wanted > columns) {
+            std::cout << "\n    " << cell;
+            used = wanted + 2;
+        } else {
+            std::cout << (used > 0 ? "  " : "") << cell;
+            used += used > 0 ? wanted : width(cell);
+        }
+    }
+    std::cout << '\n';
 }
 
 } // namespace lumeo::cli

@@ -31,7 +31,7 @@ public:
     /// True when the line may be shown again: not more than ten times a second.
     [[nodiscard]] bool isDue() const;
 
-    /// Shows `facts`, and as much of `name` as the terminal's width leaves room for.
+    /// Shows of `facts`, which two spaces part, and then of `name` as much as fits on one line.
     void show(const std::string& facts, std::string_view name);
     void clear();
 
@@ -42,7 +42,8 @@ private:
     std::chrono::nanoseconds lastShown_{0};
 };
 
-/// Lines up columns of text on stdout, each as wide as its widest cell but the last.
+/// Lines up columns of text on stdout, each as wide as its widest cell but the last. On a terminal too
+/// narrow for that, each row takes as many lines as its cells need.
 class Table {
 public:
     explicit Table(std::vector<std::string> headings) { addRow(std::move(headings)); }
@@ -50,6 +51,9 @@ public:
     void print() const;
 
 private:
+    void printLinedUp(const std::vector<std::string>& row) const;
+    static void printFlowing(const std::vector<std::string>& row, std::size_t columns);
+
     std::vector<std::vector<std::string>> rows_;
     std::vector<std::size_t> widths_;
 };
