@@ -153,6 +153,7 @@ signals:
     void scannedItemsChanged();
     void isScanningChanged();
     void scanProgressChanged();
+    void scanFinished(); ///< its items have come, part of them when cancelled; not sent of a replaced scan
     void organizationPlanChanged();
     void destinationVolumeChanged();
     void isPlanningChanged();

@@ -66,6 +66,7 @@ void AppState::finishScan(std::vector<MediaItem> items) {
     replaceCatalogue(std::move(items));
     change(isScanning_, false, &AppState::isScanningChanged);
     complete({WizardStep::sources, WizardStep::scanResults});
+    emit scanFinished();
 }
 
 void AppState::pauseScan() {

@@ -36,8 +36,9 @@ void store(QSettings& settings, const char* key, Enum value) {
 
 } // namespace
 
-Preferences::Preferences(QSettings& settings, QObject* parent) : QObject(parent), settings_(settings) {
-    if (!storedCase<AppAppearance>(settings_, appearanceKey)) {
+Preferences::Preferences(QSettings& settings, QObject* parent, StartUp startUp)
+    : QObject(parent), settings_(settings) {
+    if (startUp == StartUp::normalize && !storedCase<AppAppearance>(settings_, appearanceKey)) {
         store(settings_, appearanceKey, AppAppearance::light);
     }
 }

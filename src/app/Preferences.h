@@ -24,8 +24,12 @@ class Preferences : public QObject {
     Q_OBJECT
 
 public:
-    /// Replaces an unknown stored appearance by "light". `settings` must outlive this object.
-    explicit Preferences(QSettings& settings, QObject* parent = nullptr);
+    enum class StartUp { normalize, leaveAsIs };
+
+    /// Replaces an unknown stored appearance by "light", unless told otherwise. `settings` must outlive
+    /// this object.
+    explicit Preferences(QSettings& settings, QObject* parent = nullptr,
+                         StartUp startUp = StartUp::normalize);
 
     [[nodiscard]] AppAppearance appearance() const;
     void setAppearance(AppAppearance appearance);

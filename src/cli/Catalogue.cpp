@@ -24,6 +24,13 @@ std::string_view kindName(MediaType type) {
     return "other";
 }
 
+void printLine(const Json& json) {
+    // Whatever text slipped through that is not UTF-8 shows as a replacement character.
+    std::cout << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+} // namespace
+
 std::string scanFacts(const ScanProgress& progress) {
     std::string facts = "Scanning  " + TextFormat::number(progress.totalScannedCount) + " files  " +
                         TextFormat::byteCount(progress.totalBytesScanned);
@@ -33,29 +40,6 @@ std::string scanFacts(const ScanProgress& progress) {
         facts += "  " + TextFormat::number(static_cast<std::int64_t>(perSecond)) + " files/s";
     }
     return facts;
-}
-
-void printLine(const Json& json) {
-    // Whatever text slipped through that is not UTF-8 shows as a replacement character.
-    std::cout << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
-}
-
-} // namespace
-
-Catalogue scanSources(const Arguments& arguments, const Environment& environment) {
-    MediaScanner scanner(environment.fileSystem, environment.clock);
-    StatusLine status(environment.clock, arguments.quiet);
-    Catalogue catalogue;
-    catalogue.items = scanner.scan(
-        arguments.sources,
-        [&](const ScanProgress& progress) {
-            if (status.isDue()) {
-                status.show(scanFacts(progress), progress.currentItemName);
-            }
-            catalogue.progress = progress;
-        },
-        environment.interrupt.token());
-    return catalogue;
 }
 
 void printCounters(const ScanProgress& progress) {
@@ -94,11 +78,11 @@ void printPlan(const std::vector<MediaItem>& items) {
     }
 }
 
-void printJson(const Catalogue& catalogue) {
-    for (const MediaItem& item : catalogue.items) {
+void printJson(const std::vector<MediaItem>& items, const ScanProgress& progress) {
+    for (const MediaItem& item : items) {
         printLine(encode(item));
     }
-    printLine(Json{{"scanProgress", encode(catalogue.progress)}});
+    printLine(Json{{"scanProgress", encode(progress)}});
 }
 
 } // namespace lumeo::cli

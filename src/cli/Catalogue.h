@@ -1,20 +1,15 @@
 #pragma once
 
-#include "cli/Commands.h"
-#include "scan/MediaScanner.h"
+#include "model/MediaItem.h"
+#include "scan/ScanProgress.h"
 
+#include <string>
 #include <vector>
 
 namespace lumeo::cli {
 
-/// What a scan found.
-struct Catalogue {
-    std::vector<MediaItem> items;
-    ScanProgress progress;
-};
-
-/// Scans the sources with a status line; an interrupt ends it early with `progress.isCancelled`.
-Catalogue scanSources(const Arguments& arguments, const Environment& environment);
+/// What a scan has come to, for the status line.
+std::string scanFacts(const ScanProgress& progress);
 
 /// One line a counter on stdout.
 void printCounters(const ScanProgress& progress);
@@ -26,6 +21,6 @@ void printItems(const std::vector<MediaItem>& items);
 void printPlan(const std::vector<MediaItem>& items);
 
 /// One coded item a line on stdout, then {"scanProgress": …}.
-void printJson(const Catalogue& catalogue);
+void printJson(const std::vector<MediaItem>& items, const ScanProgress& progress);
 
 } // namespace lumeo::cli

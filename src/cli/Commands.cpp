@@ -3,9 +3,9 @@
 #include "cli/Catalogue.h"
 #include "cli/Duplicates.h"
 #include "cli/Organize.h"
+#include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "cli/Undo.h"
-#include "planning/DestinationPlanner.h"
 #include "platform/TextFormat.h"
 
 #include <iostream>
@@ -48,62 +48,62 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
     return std::nullopt;
 }
 
-void printReport(const Arguments& arguments, const Catalogue& catalogue) {
+void printReport(const Arguments& arguments, const AppState& state) {
     if (arguments.json) {
-        printJson(catalogue);
+        printJson(*state.scannedItems(), state.scanProgress());
         return;
     }
     if (arguments.quiet) {
         return;
     }
-    printCounters(catalogue.progress);
-    if (catalogue.items.empty()) {
+    printCounters(state.scanProgress());
+    if (state.scannedItems()->empty()) {
         return;
     }
     std::cout << '\n';
     if (arguments.command == Command::scan) {
-        printItems(catalogue.items);
+        printItems(*state.scannedItems());
     } else {
-        printPlan(catalogue.items);
+        printPlan(*state.scannedItems());
     }
 }
 
-/// The sources' catalogue, with its duplicates where they are wanted; absent after an interrupt.
-std::optional<Catalogue> takeCatalogue(const Arguments& arguments, const Environment& environment) {
-    Catalogue catalogue = scanSources(arguments, environment);
-    if (catalogue.progress.errorsCount > 0) {
-        printError(TextFormat::number(catalogue.progress.errorsCount) +
-                   " entries of the sources could not be read");
+/// Fills the catalogue, with its duplicates where they are wanted; false after an interrupt.
+bool takeCatalogue(const Arguments& arguments, const Environment& environment, Session& session) {
+    session.scan();
+    const ScanProgress& progress = session.state().scanProgress();
+    if (progress.errorsCount > 0) {
+        printError(TextFormat::number(progress.errorsCount) + " entries of the sources could not be read");
     }
-    if (!catalogue.progress.isCancelled &&
-        (arguments.analyzeDuplicates || arguments.command == Command::duplicates)) {
-        analyzeDuplicates(arguments, environment, catalogue);
+    if (!progress.isCancelled && (arguments.analyzeDuplicates || arguments.command == Command::duplicates)) {
+        session.findDuplicates();
     }
     if (environment.interrupt.requested()) {
         if (arguments.command == Command::scan) {
-            printReport(arguments, catalogue);
+            printReport(arguments, session.state());
         }
         printError("interrupted before anything was written");
-        return std::nullopt;
+        return false;
     }
-    return catalogue;
+    return true;
 }
 
-ExitStatus useCatalogue(const Arguments& arguments, const Environment& environment, Catalogue& catalogue) {
+ExitStatus useCatalogue(const Arguments& arguments, const Environment& environment, Session& session) {
     if (arguments.command == Command::duplicates) {
-        printDuplicates(arguments, catalogue);
+        printDuplicates(arguments, *session.state().scannedItems());
         return ExitStatus::success;
     }
-    DestinationPlanner::plan(catalogue.items, arguments.plan, environment.fileSystem,
-                             environment.interrupt.token());
-    if (arguments.command == Command::organize && !environment.interrupt.requested()) {
-        return organize(arguments, environment, catalogue);
+    if (arguments.plan.destinationURL) {
+        session.plan();
     }
     if (environment.interrupt.requested()) {
         printError("interrupted before anything was written");
         return ExitStatus::interrupted;
     }
-    printReport(arguments, catalogue);
+    if (arguments.command == Command::organize) {
+        return organize(arguments, environment, session);
+    }
+    printReport(arguments, session.state());
     return ExitStatus::success;
 }
 
@@ -117,13 +117,13 @@ ExitStatus runCommand(const Arguments& arguments, const Environment& environment
     if (arguments.command == Command::undo) {
         return undo(arguments, environment);
     }
-    std::optional<Catalogue> catalogue = takeCatalogue(arguments, environment);
-    if (!catalogue) {
+    Session session(arguments, environment);
+    if (!takeCatalogue(arguments, environment, session)) {
         return ExitStatus::interrupted;
     }
-    const ExitStatus status = useCatalogue(arguments, environment, *catalogue);
+    const ExitStatus status = useCatalogue(arguments, environment, session);
     // An unread folder may hold photos that the archive now lacks: that is not "all well".
-    const bool isIncomplete = catalogue->progress.errorsCount > 0;
+    const bool isIncomplete = session.state().scanProgress().errorsCount > 0;
     return status == ExitStatus::success && isIncomplete ? ExitStatus::someFailed : status;
 }
 

@@ -1,7 +1,6 @@
 #include "cli/Duplicates.h"
 
 #include "cli/Terminal.h"
-#include "hashing/DuplicateDetector.h"
 #include "hashing/DuplicateGroups.h"
 #include "model/Json.h"
 #include "platform/TextFormat.h"
@@ -19,15 +18,15 @@ std::int64_t total(const std::vector<DuplicateGroup>& groups) {
     return bytes;
 }
 
-void printGroupsAsJson(const Catalogue& catalogue, const std::vector<DuplicateGroup>& groups) {
+void printGroupsAsJson(const std::vector<MediaItem>& items, const std::vector<DuplicateGroup>& groups) {
     Json coded = Json::array();
     for (const DuplicateGroup& group : groups) {
         Json files = Json::array();
         for (const std::size_t member : group.members) {
-            files.push_back(catalogue.items[member].sourceURL.fileUrl());
+            files.push_back(items[member].sourceURL.fileUrl());
         }
         coded.push_back({{"id", group.id.text()},
-                         {"size", catalogue.items[group.members.front()].fileSize},
+                         {"size", items[group.members.front()].fileSize},
                          {"reclaimableBytes", group.reclaimableBytes},
                          {"files", std::move(files)}});
     }
@@ -36,28 +35,21 @@ void printGroupsAsJson(const Catalogue& catalogue, const std::vector<DuplicateGr
 
 } // namespace
 
-void analyzeDuplicates(const Arguments& arguments, const Environment& environment, Catalogue& catalogue) {
-    StatusLine status(environment.clock, arguments.quiet);
-    status.show("Comparing files of equal size", "");
-    catalogue.items = DuplicateDetector(environment.fileSystem)
-                          .detectDuplicates(std::move(catalogue.items), environment.interrupt.token());
-}
-
-void printDuplicates(const Arguments& arguments, const Catalogue& catalogue) {
-    const std::vector<DuplicateGroup> groups = duplicateGroups(catalogue.items);
+void printDuplicates(const Arguments& arguments, const std::vector<MediaItem>& items) {
+    const std::vector<DuplicateGroup> groups = duplicateGroups(items);
     if (arguments.json) {
-        printGroupsAsJson(catalogue, groups);
+        printGroupsAsJson(items, groups);
         return;
     }
     if (arguments.quiet) {
         return;
     }
     for (const DuplicateGroup& group : groups) {
-        const MediaItem& first = catalogue.items[group.members.front()];
+        const MediaItem& first = items[group.members.front()];
         std::cout << TextFormat::number(static_cast<std::int64_t>(group.members.size())) << " files of "
                   << TextFormat::byteCount(first.fileSize) << " each\n";
         for (const std::size_t member : group.members) {
-            std::cout << "    " << printable(catalogue.items[member].sourceURL.bytes()) << '\n';
+            std::cout << "    " << printable(items[member].sourceURL.bytes()) << '\n';
         }
     }
     std::cout << TextFormat::number(static_cast<std::int64_t>(groups.size()))

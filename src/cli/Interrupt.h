@@ -6,8 +6,8 @@
 namespace lumeo::cli {
 
 /// Turns Ctrl-C, a closed terminal and a polite kill into a stop request; the second one ends the
-/// program at once. Make one before any other
-/// thread is started: the signals are blocked in this thread and all that come after it.
+/// program at once. Make one before any other thread is started: the signals are blocked in this thread
+/// and all that come after it.
 class Interrupt {
 public:
     Interrupt();

@@ -1,15 +1,12 @@
 #include "cli/Organize.h"
 
 #include "cli/Terminal.h"
-#include "planning/OutputSize.h"
 #include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
-#include "transfer/FileOperationEngine.h"
 #include "transfer/ReportExporter.h"
 
 #include <cmath>
 #include <iostream>
-#include <stop_token>
 
 namespace lumeo::cli {
 namespace {
@@ -24,37 +21,6 @@ std::string clockText(double seconds) {
                         : std::to_string(minutes / 60) + ":" + twoDigits(minutes % 60) + end;
 }
 
-std::string runFacts(const OperationProgress& progress) {
-    std::string facts = TextFormat::number(progress.processedCount) + " of " +
-                        TextFormat::number(progress.totalFiles) + " files  " +
-                        TextFormat::byteCount(progress.transferredBytes) + " of " +
-                        TextFormat::byteCount(progress.totalBytes);
-    if (progress.currentThroughputBytesPerSec > 0) {
-        facts += "  " +
-                 TextFormat::byteCount(static_cast<std::int64_t>(progress.currentThroughputBytesPerSec)) +
-                 "/s";
-    }
-    if (progress.estimatedSecondsRemaining > 0) {
-        facts += "  " + clockText(progress.estimatedSecondsRemaining) + " left";
-    }
-    if (progress.errorsCount > 0) {
-        facts += "  " + TextFormat::number(progress.errorsCount) + " failed";
-    }
-    return facts;
-}
-
-bool hasRoom(const Arguments& arguments, const Environment& environment, std::int64_t required) {
-    const FileResult<VolumeSpace> space = environment.fileSystem.volumeSpace(
-        environment.fileSystem.nearestExisting(*arguments.plan.destinationURL));
-    if (!space || required < space->available) {
-        return true;
-    }
-    printError("not enough space at " + printable(arguments.plan.destinationURL->bytes()) + ": " +
-               TextFormat::byteCount(required) + " needed, " + TextFormat::byteCount(space->available) +
-               " free; nothing was written");
-    return false;
-}
-
 bool moveIsConfirmed(const Arguments& arguments, std::size_t files, std::int64_t required) {
     if (arguments.plan.operationMode != OperationMode::move || arguments.assumeYes) {
         return true;
@@ -63,6 +29,13 @@ bool moveIsConfirmed(const Arguments& arguments, std::size_t files, std::int64_t
                    TextFormat::byteCount(required) + ") to " +
                    printable(arguments.plan.destinationURL->bytes()) +
                    "? Each source is removed once its copy is proven.");
+}
+
+void printWantOfRoom(const AppState& state) {
+    const SourceVolume& destination = *state.destinationVolume();
+    printError("not enough space at " + printable(destination.url.bytes()) + ": " +
+               TextFormat::byteCount(state.requiredOutputSizeBytes()) + " needed, " +
+               TextFormat::byteCount(destination.freeSpaceBytes.value_or(0)) + " free; nothing was written");
 }
 
 void printFailures(const OperationManifest& manifest) {
@@ -88,8 +61,9 @@ void printSummary(const OperationManifest& manifest, const OperationProgress& pr
 }
 
 /// False when something could not be written, after saying so.
-bool writeDocuments(const Arguments& arguments, const Environment& environment, const Catalogue& catalogue,
-                    const OperationManifest& manifest, const std::string& journal) {
+bool writeDocuments(const Arguments& arguments, const Environment& environment,
+                    const std::vector<MediaItem>& items, const OperationManifest& manifest,
+                    const std::string& journal) {
     bool allWritten = true;
     const auto write = [&](const std::optional<FilePath>& file, const auto& document) {
         if (!file) {
@@ -102,53 +76,62 @@ bool writeDocuments(const Arguments& arguments, const Environment& environment, 
         }
     };
     write(arguments.manifestFile, [&] { return journal; });
-    write(arguments.csvFile, [&] { return ReportExporter::generateCSV(manifest, catalogue.items); });
+    write(arguments.csvFile, [&] { return ReportExporter::generateCSV(manifest, items); });
     write(arguments.reportFile, [&] { return ReportExporter::generateTextReport(manifest); });
     return allWritten;
 }
 
 } // namespace
 
-ExitStatus organize(const Arguments& arguments, const Environment& environment, const Catalogue& catalogue) {
-    const std::int64_t required = requiredOutputSizeBytes(catalogue.items, arguments.plan.duplicatePolicy);
-    if (!catalogue.items.empty() && !hasRoom(arguments, environment, required)) {
-        return ExitStatus::noSpace;
+std::string runFacts(const OperationProgress& progress) {
+    std::string facts = TextFormat::number(progress.processedCount) + " of " +
+                        TextFormat::number(progress.totalFiles) + " files  " +
+                        TextFormat::byteCount(progress.transferredBytes) + " of " +
+                        TextFormat::byteCount(progress.totalBytes);
+    if (progress.currentThroughputBytesPerSec > 0) {
+        facts += "  " +
+                 TextFormat::byteCount(static_cast<std::int64_t>(progress.currentThroughputBytesPerSec)) +
+                 "/s";
     }
-    if (!catalogue.items.empty() && !moveIsConfirmed(arguments, catalogue.items.size(), required)) {
+    if (progress.estimatedSecondsRemaining > 0) {
+        facts += "  " + clockText(progress.estimatedSecondsRemaining) + " left";
+    }
+    if (progress.errorsCount > 0) {
+        facts += "  " + TextFormat::number(progress.errorsCount) + " failed";
+    }
+    return facts;
+}
+
+ExitStatus organize(const Arguments& arguments, const Environment& environment, Session& session) {
+    const AppState& state = session.state();
+    if (!session.items().empty() &&
+        !moveIsConfirmed(arguments, session.items().size(), state.requiredOutputSizeBytes())) {
         printError("nothing was moved");
         return ExitStatus::interrupted;
     }
-
-    FileOperationEngine engine(environment.fileSystem, environment.clock);
-    // A stop alone would let the file in transfer finish first, be it 100 GB long.
-    const std::stop_callback cancelling(environment.interrupt.token(), [&engine] { engine.cancel(); });
-    OperationProgress last;
-    OperationManifest manifest;
-    {
-        StatusLine status(environment.clock, arguments.quiet);
-        manifest = engine.execute(
-            catalogue.items, arguments.plan, arguments.sources,
-            [&](const OperationProgress& progress) {
-                if (status.isDue()) {
-                    status.show(runFacts(progress), progress.currentItemName);
-                }
-                last = progress;
-            },
-            environment.interrupt.token());
+    if (environment.interrupt.requested()) { // while it was asked
+        printError("interrupted before anything was written");
+        return ExitStatus::interrupted;
     }
-
+    const RunOutcome outcome = session.organize();
+    if (!outcome.journal) {
+        printWantOfRoom(state);
+        return ExitStatus::noSpace;
+    }
+    const OperationManifest& manifest = *outcome.journal;
     const std::string journal = encode(manifest).dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
     printFailures(manifest);
     if (arguments.json) {
         std::cout << journal;
     } else if (!arguments.quiet) {
-        printSummary(manifest, last);
+        printSummary(manifest, state.operationProgress());
     }
-    const bool allWritten = writeDocuments(arguments, environment, catalogue, manifest, journal);
-    if (last.isCancelled) {
+    const bool allWritten = writeDocuments(arguments, environment, session.items(), manifest, journal);
+    if (outcome.isCancelled) {
         return ExitStatus::interrupted;
     }
-    return last.errorsCount > 0 || !allWritten ? ExitStatus::someFailed : ExitStatus::success;
+    return state.operationProgress().errorsCount > 0 || !allWritten ? ExitStatus::someFailed
+                                                                    : ExitStatus::success;
 }
 
 } // namespace lumeo::cli

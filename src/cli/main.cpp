@@ -1,6 +1,9 @@
 #include "cli/Commands.h"
 #include "platform/PosixFileSystem.h"
 
+#include <QCoreApplication>
+
+#include <cstdlib>
 #include <iostream>
 
 int main(int argc, char** argv) {
@@ -11,9 +14,13 @@ int main(int argc, char** argv) {
     if (const auto* status = std::get_if<cli::ExitStatus>(&parsed)) {
         return static_cast<int>(*status);
     }
+    // An application object adopts the user's locale and complains of one that is not UTF-8. Numbers and
+    // messages are to be the same for every script.
+    setenv("LC_ALL", "C.UTF-8", 1);
     PosixFileSystem fileSystem;
     const SystemClock clock;
     const cli::Interrupt interrupt;
+    const QCoreApplication application(argc, argv); // whose event loop the jobs come back through
     const cli::ExitStatus status =
         cli::runCommand(std::get<cli::Arguments>(parsed), {fileSystem, clock, interrupt});
     return static_cast<int>(status);

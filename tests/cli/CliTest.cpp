@@ -18,6 +18,7 @@ namespace lumeo {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 struct Outcome {
     int status = -1;
@@ -25,8 +26,8 @@ struct Outcome {
     std::string err;
 };
 
-/// Runs the real program, its standard input closed, as a script would.
-Outcome lumeoCli(const std::vector<std::string>& arguments) {
+/// Runs the real program, its standard input closed, as a script would, with preferences of its own.
+Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& preferences) {
     const TempFolder folder;
     const FilePath out = folder / "out";
     const FilePath err = folder / "err";
@@ -38,6 +39,7 @@ Outcome lumeoCli(const std::vector<std::string>& arguments) {
         redirect("/dev/null", O_RDONLY, STDIN_FILENO);
         redirect(out.c_str(), O_WRONLY | O_CREAT, STDOUT_FILENO);
         redirect(err.c_str(), O_WRONLY | O_CREAT, STDERR_FILENO);
+        setenv("XDG_CONFIG_HOME", preferences.c_str(), 1);
         std::vector<std::string> words{LUMEO_CLI};
         words.insert(words.end(), arguments.begin(), arguments.end());
         std::vector<char*> argv;
@@ -82,10 +84,13 @@ protected:
         }
         return all;
     }
-    [[nodiscard]] Outcome run(const std::vector<std::string>& all) const { return lumeoCli(words(all)); }
+    [[nodiscard]] Outcome run(const std::vector<std::string>& all) const {
+        return lumeoCli(words(all), preferences_.path());
+    }
 
     TempFolder source_;
     TempFolder archive_;
+    TempFolder preferences_;
 };
 
 TEST_F(Cli, ScanAndPlanPrintCodedItemsAndThenTheCounters) {
@@ -127,6 +132,23 @@ TEST_F(Cli, OrganizeCopiesAndGivesTheJournal) {
     EXPECT_TRUE(std::filesystem::exists(march.appending("IMG_20210314_153045.jpg").bytes()));
     EXPECT_TRUE(std::filesystem::exists(march.appending("IMG_20210314_153045_2.jpg").bytes()));
     EXPECT_TRUE(std::filesystem::exists((archive_ / "Archive/_Unknown Date/undated.mov").bytes()));
+}
+
+TEST_F(Cli, TakesItsPlanFromTheCommandLineAndKeepsOnlyTheSummaryOfARun) {
+    const FilePath stored = preferences_.write("LUMEO/LUMEO.conf", "[General]\ndefaultOperation=move\n");
+    ASSERT_EQ(run({"plan", "SOURCE", "--to", "DEST"}).status, 0);
+    EXPECT_EQ(contentOf(stored), "[General]\ndefaultOperation=move\n");
+    ASSERT_EQ(run({"organize", "SOURCE", "--to", "DEST"}).status, 0);
+    EXPECT_TRUE(std::filesystem::exists((source_ / "card/undated.mov").bytes())) << "a copy, as by default";
+    EXPECT_THAT(contentOf(stored), HasSubstr("lastOperationSummary.v1="));
+    EXPECT_THAT(contentOf(stored), Not(HasSubstr("appearanceMode")));
+}
+
+TEST_F(Cli, GivesAnEmptyCardAnEmptyJournal) {
+    const TempFolder empty;
+    const Outcome outcome = run({"organize", empty.path().bytes(), "--to", "DEST", "--json"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(Json::parse(outcome.out).at("items"), Json::array());
 }
 
 TEST_F(Cli, MoveNeedsAYesAndThenEmptiesTheSources) {

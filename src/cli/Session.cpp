@@ -1,0 +1,116 @@
+#include "cli/Session.h"
+
+#include "cli/Catalogue.h"
+#include "cli/Organize.h"
+#include "cli/Terminal.h"
+#include "platform/TextFormat.h"
+#include "transfer/FileOperationEngine.h"
+
+#include <QEventLoop>
+
+#include <stop_token>
+
+namespace lumeo::cli {
+namespace {
+
+std::string planFacts(const PlanningProgress& progress) {
+    return "Planning  " + TextFormat::number(progress.plannedCount) + " of " +
+           TextFormat::number(progress.totalCount) + " files";
+}
+
+} // namespace
+
+Session::Session(const Arguments& arguments, const Environment& environment)
+    : arguments_(arguments),
+      environment_(environment),
+      // The window's file. Its wishes are overwritten below by the command line's, so that a script does the
+      // same whatever the window is set to. Only the summary of a completed run is written into it: the
+      // window shows the last run, and a run is one wherever it was started.
+      settings_(QStringLiteral("LUMEO"), QStringLiteral("LUMEO")),
+      preferences_(settings_, nullptr, Preferences::StartUp::leaveAsIs),
+      state_({environment.fileSystem,
+              environment.clock,
+              volumes_,
+              preferences_,
+              {desktop_, desktop_, desktop_}}) {
+    state_.setOrganizationPlan(arguments.plan);
+    for (const FilePath& source : arguments.sources) {
+        state_.addSource(source);
+    }
+}
+
+void Session::run(QEventLoop& loop, void (AppState::*cancel)()) {
+    const std::stop_callback interrupting(environment_.interrupt.token(), [this, &loop, cancel] {
+        // Within the loop, and only as long as it stands.
+        QMetaObject::invokeMethod(
+            &loop, [this, cancel] { (state_.*cancel)(); }, Qt::QueuedConnection);
+    });
+    loop.exec();
+}
+
+void Session::scan() {
+    QEventLoop loop;
+    StatusLine status(environment_.clock, arguments_.quiet);
+    QObject::connect(&state_, &AppState::scanProgressChanged, &loop, [this, &status] {
+        if (status.isDue()) {
+            status.show(scanFacts(state_.scanProgress()), state_.scanProgress().currentItemName);
+        }
+    });
+    QObject::connect(&state_, &AppState::scanFinished, &loop, &QEventLoop::quit);
+    state_.startScan();
+    run(loop, &AppState::cancelScan);
+}
+
+void Session::findDuplicates() {
+    QEventLoop loop;
+    StatusLine status(environment_.clock, arguments_.quiet);
+    status.show("Comparing files of equal size", "");
+    state_.runDuplicateDetection();
+    if (state_.isDetectingDuplicates()) {
+        QObject::connect(&state_, &AppState::isDetectingDuplicatesChanged, &loop, &QEventLoop::quit);
+        run(loop, &AppState::stopDuplicateDetection);
+    }
+}
+
+void Session::plan() {
+    QEventLoop loop;
+    StatusLine status(environment_.clock, arguments_.quiet);
+    QObject::connect(&state_, &AppState::planningProgressChanged, &loop, [this, &status] {
+        if (status.isDue()) {
+            status.show(planFacts(state_.planningProgress()), "");
+        }
+    });
+    QObject::connect(&state_, &AppState::planningFinished, &loop, &QEventLoop::quit);
+    state_.setDestination(*arguments_.plan.destinationURL);
+    run(loop, &AppState::cancelPlanning);
+}
+
+RunOutcome Session::organize() {
+    RunOutcome outcome;
+    if (items().empty()) {
+        // The state runs nothing for nothing; a script still gets its journal.
+        FileOperationEngine engine(environment_.fileSystem, environment_.clock);
+        outcome.journal = std::make_shared<const OperationManifest>(
+            engine.execute({}, state_.organizationPlan(), arguments_.sources, [](const auto&) {}));
+        return outcome;
+    }
+    QEventLoop loop;
+    StatusLine status(environment_.clock, arguments_.quiet);
+    QObject::connect(&state_, &AppState::operationProgressChanged, &loop, [this, &status] {
+        if (status.isDue()) {
+            status.show(runFacts(state_.operationProgress()), state_.operationProgress().currentItemName);
+        }
+    });
+    QObject::connect(&state_, &AppState::operationFinished, &loop,
+                     [&](const std::shared_ptr<const OperationManifest>& journal, bool isCancelled) {
+                         outcome = {journal, isCancelled};
+                         loop.quit();
+                     });
+    state_.startOperation();
+    if (state_.isProcessing()) {
+        run(loop, &AppState::cancelOperation);
+    }
+    return outcome;
+}
+
+} // namespace lumeo::cli
