@@ -17,6 +17,11 @@ using testing::waitUntil;
 /// The jobs of the state while they run.
 class AppStateControlTest : public AppStateTest {
 protected:
+    /// A sanitizer starts a thread of its own together with the first: have it before threads are counted.
+    AppStateControlTest() {
+        std::jthread([] {}).join();
+    }
+
     void connectRunEnds() {
         QObject::connect(&state(), &AppState::operationFinished,
                          [this](const std::shared_ptr<const OperationManifest>& journal, bool cancelled) {
@@ -79,7 +84,7 @@ TEST_F(AppStateControlTest, ForgetsACancelledScanOnceAnotherOneOrAnewStartReplac
         state().restartWorkflow();
         EXPECT_FALSE(state().isScanning());
     }
-    ASSERT_TRUE(waitUntil([threads] { return threadCount() == threads; }));
+    ASSERT_TRUE(waitUntil([threads] { return threadCount() <= threads; }));
     EXPECT_THAT(*state().scannedItems(), IsEmpty());
     EXPECT_THAT(state().completedSteps(), IsEmpty());
 }
@@ -244,7 +249,6 @@ TEST_F(AppStateControlTest, MarksDuplicatesAmongItemsThatWerePlannedMeanwhile) {
 TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {
     fillCard(200, 100);
     const auto card = filesBelow(card_.path());
-    std::jthread([] {}).join(); // a sanitizer starts one of its own together with the first
     const auto threads = threadCount();
     slowDown(std::chrono::microseconds(300));
     state().addSource(card_.path());
@@ -316,7 +320,7 @@ TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
     state().cancelScan();
     state().cancelOperation();
     ASSERT_TRUE(waitUntil([this, threads] {
-        return threadCount() == threads && !state().isScanning() && !state().isPlanning() &&
+        return threadCount() <= threads && !state().isScanning() && !state().isPlanning() &&
                !state().isProcessing() && !state().isDetectingDuplicates();
     }));
     EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
