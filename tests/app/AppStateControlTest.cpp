@@ -84,7 +84,7 @@ TEST_F(AppStateControlTest, ForgetsACancelledScanOnceAnotherOneOrAnewStartReplac
         state().restartWorkflow();
         EXPECT_FALSE(state().isScanning());
     }
-    ASSERT_TRUE(waitUntil([threads] { return threadCount() <= threads; }));
+    ASSERT_TRUE(comesDownTo(threads));
     EXPECT_THAT(*state().scannedItems(), IsEmpty());
     EXPECT_THAT(state().completedSteps(), IsEmpty());
 }
@@ -255,7 +255,7 @@ TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {
     state().startScan();
     ASSERT_TRUE(waitUntil([this] { return state().scanProgress().totalScannedCount > 0; }));
     restart();
-    EXPECT_EQ(threadCount(), threads);
+    EXPECT_TRUE(comesDownTo(threads));
 
     slowDown({});
     preview();
@@ -263,7 +263,7 @@ TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {
     state().runDuplicateDetection();
     state().startPlanning();
     restart();
-    EXPECT_EQ(threadCount(), threads);
+    EXPECT_TRUE(comesDownTo(threads));
 
     for (const bool isPaused : {false, true}) {
         slowDown({});
@@ -275,7 +275,7 @@ TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {
             state().pauseOperation();
         }
         restart();
-        EXPECT_EQ(threadCount(), threads);
+        EXPECT_TRUE(comesDownTo(threads));
         EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
     }
     EXPECT_LT(filesBelow(archive()).size(), card.size());

@@ -141,6 +141,10 @@ protected:
     static std::ptrdiff_t threadCount() {
         return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
     }
+    /// Waits for it: the kernel lists a joined thread for a moment more.
+    static bool comesDownTo(std::ptrdiff_t threads) {
+        return testing::waitUntil([threads] { return threadCount() <= threads; });
+    }
     /// From now on every call of the disk takes this long.
     void slowDown(std::chrono::microseconds delay) {
         disk_.beforeEachCall([delay](const DiskCall& /*call*/) { std::this_thread::sleep_for(delay); });
