@@ -50,6 +50,10 @@ PortalRequest::PortalRequest(Answer answer, Refusal refused, QObject* parent)
 
 void PortalRequest::call(const QString& method, const QString& title, QVariantMap options,
                          const QWindow* window) {
+    if (!QDBusConnection::sessionBus().isConnected()) { // then a call would never come to an end
+        QMetaObject::invokeMethod(this, &PortalRequest::refuse, Qt::QueuedConnection);
+        return;
+    }
     const QString token = newToken();
     options[QStringLiteral("handle_token")] = token;
     listen(expectedHandle(token));
@@ -76,15 +80,19 @@ void PortalRequest::called(QDBusPendingCallWatcher* watcher) {
     watcher->deleteLater();
     const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
     if (reply.isError()) {
-        if (answer_) {
-            answer_ = nullptr;
-            deleteLater();
-            std::exchange(refused_, nullptr)();
-        }
+        refuse();
         return;
     }
     if (reply.value().path() != handle_) {
         listen(reply.value().path()); // as old portals answer
+    }
+}
+
+void PortalRequest::refuse() {
+    if (answer_) {
+        answer_ = nullptr;
+        deleteLater();
+        std::exchange(refused_, nullptr)();
     }
 }
 

@@ -31,6 +31,7 @@ private:
     PortalRequest(Answer answer, Refusal refused, QObject* parent);
     void call(const QString& method, const QString& title, QVariantMap options, const QWindow* window);
     void listen(const QString& handle);
+    void refuse();
     void finish(const QStringList& uris);
 
 private slots:
