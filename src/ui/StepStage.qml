@@ -26,7 +26,7 @@ FocusScope {
     onStepChanged: show()
     Component.onCompleted: show()
 
-    Loader {
+    ScreenLoader {
         id: screen
 
         width: parent.width

@@ -50,17 +50,14 @@ Rectangle {
         }
     }
 
-    Flickable {
+    Page {
         id: flickable
 
         anchors.top: heading.bottom
         anchors.bottom: parent.bottom
         width: parent.width
         contentHeight: content.implicitHeight + Theme.s24
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        ScrollBar.vertical: ScrollBar {}
+        activeFocusOnTab: scrolls
 
         ColumnLayout {
             id: content

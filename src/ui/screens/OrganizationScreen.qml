@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Lumeo.Kit
 import Lumeo.Window
 
@@ -10,18 +9,13 @@ Item {
 
     required property OrganizationModel model
 
-    Flickable {
+    Page {
         id: page
 
         anchors.top: parent.top
         anchors.bottom: bar.top
         width: parent.width
         contentHeight: column.height + 2 * Theme.s24
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        T.ScrollBar.vertical: ScrollBar {
-        }
 
         ColumnLayout {
             id: column

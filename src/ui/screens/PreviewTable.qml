@@ -1,10 +1,11 @@
 import QtQuick
+import QtQuick.Templates as T
 import Lumeo.Kit
 import Lumeo.Window
 
 /// The items of the catalogue, one a line. Only the lines in sight exist; Up, Down, Page Up, Page Down,
 /// Home and End go from one to the next.
-FocusScope {
+T.Control {
     id: table
 
     required property PreviewModel model
@@ -23,7 +24,7 @@ FocusScope {
         }
     }
 
-    activeFocusOnTab: true
+    focusPolicy: Qt.StrongFocus
     clip: true
     Accessible.role: Accessible.List
     Accessible.name: qsTrId("preview.title")
@@ -97,7 +98,6 @@ FocusScope {
         model: table.model.rows
         reuseItems: true
         clip: true
-        focus: true
         keyNavigationEnabled: false
         onWidthChanged: Qt.callLater(showFirstColumn)
         onMirroredChanged: Qt.callLater(showFirstColumn)
@@ -128,7 +128,7 @@ FocusScope {
 
     FocusRing {
         target: table
-        shown: table.activeFocus && table.byKeyboard
+        shown: table.visualFocus || (table.activeFocus && table.byKeyboard)
         anchors.margins: 0
     }
 

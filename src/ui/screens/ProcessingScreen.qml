@@ -9,15 +9,13 @@ Item {
 
     required property ProcessingModel model
 
-    Flickable {
+    Page {
         anchors.top: parent.top
         anchors.bottom: bar.top
         width: parent.width
         contentHeight: Math.max(height, content.implicitHeight + 2 * Theme.s24)
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        ScrollBar.vertical: ScrollBar {}
+        activeFocusOnTab: scrolls
+        Accessible.name: qsTrId("proc.title")
 
         ColumnLayout {
             id: content

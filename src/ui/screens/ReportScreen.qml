@@ -9,15 +9,11 @@ Item {
 
     required property ReportModel model
 
-    Flickable {
+    Page {
         anchors.top: parent.top
         anchors.bottom: bar.top
         width: parent.width
         contentHeight: content.implicitHeight + 2 * Theme.s24
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        ScrollBar.vertical: ScrollBar {}
 
         ColumnLayout {
             id: content

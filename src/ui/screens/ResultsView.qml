@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Lumeo.Kit
 import Lumeo.Window
 
@@ -10,18 +9,15 @@ Item {
 
     required property ScanModel model
 
-    Flickable {
+    Page {
         id: page
 
         anchors.top: parent.top
         anchors.bottom: bar.top
         width: parent.width
         contentHeight: Math.max(height, column.implicitHeight + 2 * Theme.s32)
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        T.ScrollBar.vertical: ScrollBar {
-        }
+        activeFocusOnTab: scrolls
+        Accessible.name: qsTrId("results.title")
 
         ColumnLayout {
             id: column

@@ -1,4 +1,5 @@
 import QtQuick
+import Lumeo.Kit
 import Lumeo.Window
 
 /// The second step: the scan while it runs, and what it found once it is over.
@@ -7,8 +8,9 @@ Item {
 
     required property ScanModel model
 
-    Loader {
+    ScreenLoader {
         anchors.fill: parent
+        focus: true
         sourceComponent: screen.model.isScanning ? scanning : results
     }
 

@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// What may be longer than its place: scrolls to whatever the keyboard comes to, and by keys. Where
+/// nothing on it takes the keyboard, `activeFocusOnTab: scrolls` lets the page itself take it.
+Flickable {
+    id: page
+
+    readonly property bool scrolls: contentHeight > height
+    readonly property Item focused: Window.activeFocusItem
+
+    function scrollTo(y: real) {
+        contentY = Math.max(0, Math.min(y, contentHeight - height));
+    }
+
+    function holds(item: Item): bool {
+        while (item && item !== contentItem)
+            item = item.parent;
+        return item !== null;
+    }
+
+    onFocusedChanged: {
+        if (!scrolls || !holds(focused))
+            return;
+        const top = focused.mapToItem(contentItem, 0, 0).y - Theme.s24;
+        const bottom = top + focused.height + 2 * Theme.s24;
+        if (top < contentY)
+            scrollTo(top);
+        else if (bottom > contentY + height)
+            scrollTo(bottom - height);
+    }
+
+    boundsBehavior: Flickable.StopAtBounds
+    Accessible.role: Accessible.Pane
+    clip: true
+    Keys.onPressed: event => {
+        const line = 40;
+        const most = height - line;
+        const steps = new Map([[Qt.Key_Up, -line], [Qt.Key_Down, line], [Qt.Key_PageUp, -most],
+                               [Qt.Key_PageDown, most], [Qt.Key_Home, -contentHeight],
+                               [Qt.Key_End, contentHeight]]);
+        event.accepted = scrolls && steps.has(event.key);
+        if (event.accepted)
+            scrollTo(contentY + steps.get(event.key));
+    }
+
+    T.ScrollBar.vertical: ScrollBar {
+    }
+
+    FocusRing {
+        parent: page
+        target: page
+        shown: page.activeFocus && page.Window.activeFocusItem === page
+        anchors.margins: 2
+    }
+}
