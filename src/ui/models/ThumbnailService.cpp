@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <tuple>
 #include <utility>
 
 namespace lumeo {
@@ -44,10 +45,12 @@ ThumbnailService::ThumbnailService(QString helper, QObject* parent)
 
 ThumbnailService::~ThumbnailService() {
     if (helper_) {
-        helper_->disconnect(this);
-        helper_->kill();
-        if (helper_->state() != QProcess::NotRunning && !helper_->waitForFinished(longestGoodbye.count())) {
-            static_cast<void>(helper_.release()); // its own end would wait for the helper's
+        leaveHelper();
+    }
+    for (auto& left : left_) {
+        left->disconnect(this);
+        if (left->state() != QProcess::NotRunning && !left->waitForFinished(longestGoodbye.count())) {
+            std::ignore = left.release(); // its own end would wait for the helper's
         }
     }
 }
@@ -129,14 +132,17 @@ void ThumbnailService::endHelper() {
 
 /// Its end is not waited for: it may be hanging on a disk that does not answer.
 void ThumbnailService::leaveHelper() {
-    QProcess* const left = helper_.release();
-    left->disconnect(this);
+    helper_->disconnect(this);
+    const QProcess* const left = left_.emplace_back(std::move(helper_)).get();
+    const auto forget = [this, left] {
+        std::erase_if(left_, [left](const auto& process) { return process.get() == left; });
+    };
     if (left->state() == QProcess::NotRunning) {
-        left->deleteLater();
+        QMetaObject::invokeMethod(this, forget, Qt::QueuedConnection); // it may be speaking at this moment
         return;
     }
-    connect(left, &QProcess::finished, left, &QObject::deleteLater);
-    left->kill();
+    connect(left, &QProcess::finished, this, forget, Qt::QueuedConnection);
+    left_.back()->kill();
 }
 
 void ThumbnailService::finish(const QImage& picture) {

@@ -12,6 +12,7 @@
 
 #include <deque>
 #include <functional>
+#include <list>
 #include <memory>
 #include <optional>
 
@@ -68,6 +69,7 @@ private:
     std::optional<Request> asked_; ///< the one that the helper works on
     QCache<QByteArray, QImage> kept_;
     std::unique_ptr<QProcess> helper_;
+    std::list<std::unique_ptr<QProcess>> left_; ///< killed helpers, until they have ended
     QByteArray received_;
     QTimer patience_;
 };
