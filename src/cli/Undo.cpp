@@ -47,6 +47,21 @@ std::string intention(const OperationManifest& manifest) {
            ", each only if it is unchanged.";
 }
 
+UndoResult rollBack(const OperationManifest& manifest, const Environment& environment, bool quiet) {
+    StatusLine status(environment.clock, quiet);
+    return UndoEngine(environment.fileSystem)
+        .rollback(
+            manifest,
+            [&](const UndoProgress& progress) {
+                if (status.isDue()) {
+                    status.show(TextFormat::number(progress.processedCount) + " of " +
+                                    TextFormat::number(progress.totalFiles) + " files",
+                                progress.currentItemName);
+                }
+            },
+            environment.interrupt.token());
+}
+
 } // namespace
 
 ExitStatus undo(const Arguments& arguments, const Environment& environment) {
@@ -63,8 +78,7 @@ ExitStatus undo(const Arguments& arguments, const Environment& environment) {
         printError("nothing was undone");
         return ExitStatus::interrupted;
     }
-    const UndoResult result =
-        UndoEngine(environment.fileSystem).rollback(manifest, environment.interrupt.token());
+    const UndoResult result = rollBack(manifest, environment, arguments.quiet);
     for (const std::string& warning : result.warnings) {
         printError(printable(warning));
     }

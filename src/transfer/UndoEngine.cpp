@@ -206,14 +206,25 @@ TransferResult<void> Rollback::removeArchived(const FilePath& originalPath, Held
 
 } // namespace
 
-UndoResult UndoEngine::rollback(const OperationManifest& manifest, std::stop_token stop) {
+UndoResult UndoEngine::rollback(const OperationManifest& manifest, const ProgressCallback& onProgress,
+                                std::stop_token stop) {
     Rollback rollback(fileSystem_, isMoveRun(manifest), std::move(stop));
+    const auto isToBeUndone = [](const FileTransactionItem& item) {
+        return item.status == TransactionStatus::verified;
+    };
+    UndoProgress progress;
+    progress.totalFiles = std::ranges::count_if(manifest.items, isToBeUndone);
     std::vector<std::pair<const FileTransactionItem*, Outcome>> outcomes;
     for (const FileTransactionItem& item : manifest.items) {
-        if (item.status == TransactionStatus::verified) {
+        if (isToBeUndone(item)) {
+            progress.currentItemName = item.destinationPath.lastComponent();
+            onProgress(progress);
             outcomes.emplace_back(&item, rollback.rollBack(item));
+            ++progress.processedCount;
         }
     }
+    progress.currentItemName.clear();
+    onProgress(progress);
     const std::vector<UnflushedFolder> unflushed = rollback.flushFolders();
     UndoResult result;
     for (auto& [item, outcome] : outcomes) {

@@ -4,6 +4,7 @@
 #include "transfer/OperationManifest.h"
 
 #include <cstdint>
+#include <functional>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -18,14 +19,28 @@ struct UndoResult {
     friend bool operator==(const UndoResult&, const UndoResult&) = default;
 };
 
+/// How far an undo has come.
+struct UndoProgress {
+    std::int64_t totalFiles = 0;     ///< verified files of the run
+    std::int64_t processedCount = 0; ///< whatever the outcome
+    std::string currentItemName;     ///< bytes as on disk; empty at the end
+    friend bool operator==(const UndoProgress&, const UndoProgress&) = default;
+};
+
 /// Takes a finished run back, touching only files proven to be byte for byte what the run wrote.
 /// Blocks the thread it is called on.
 class UndoEngine {
 public:
+    using ProgressCallback = std::function<void(const UndoProgress&)>;
+
     /// `fileSystem` must outlive the engine.
     explicit UndoEngine(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
-    UndoResult rollback(const OperationManifest& manifest, std::stop_token stop = {});
+    /// `onProgress` is called on this thread before each file and once at the end. Once `stop` is
+    /// requested, what is left counts as failed and stays as it is.
+    UndoResult rollback(
+        const OperationManifest& manifest, const ProgressCallback& onProgress = [](const auto&) {},
+        std::stop_token stop = {});
 
 private:
     FileSystem& fileSystem_;

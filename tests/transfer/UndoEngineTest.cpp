@@ -86,7 +86,11 @@ TEST_F(UndoEngineTest, RestoresAWholeMoveAndFindsNothingTheSecondTime) {
     run.manifest.items.push_back(run.manifest.items[0]);
     run.manifest.items.back().status = TransactionStatus::skipped;
     fs::remove_all(run.source("folder").bytes());
-    EXPECT_EQ(undo.rollback(run.manifest), (UndoResult{3, 0, 0, {}}));
+    std::vector<UndoProgress> told;
+    EXPECT_EQ(undo.rollback(run.manifest, [&](const auto& progress) { told.push_back(progress); }),
+              (UndoResult{3, 0, 0, {}}));
+    EXPECT_EQ(told,
+              (std::vector<UndoProgress>{{3, 0, "a.jpg"}, {3, 1, "b.jpg"}, {3, 2, "c.mov"}, {3, 3, ""}}));
     run.expectRestored();
     const UndoResult again = undo.rollback(run.manifest);
     EXPECT_EQ(again.skippedCount, 3);

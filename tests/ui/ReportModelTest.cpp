@@ -39,7 +39,9 @@ protected:
         report.confirmUndo();
         EXPECT_TRUE(report.isUndoing());
         EXPECT_FALSE(report.showUndoAlert());
+        EXPECT_EQ(report.undoFraction(), 0);
         ASSERT_TRUE(waitUntil([this] { return !report.isUndoing(); }));
+        EXPECT_EQ(report.undoFraction(), 1);
     }
     void exportAndWait() {
         report.exportCSV();

@@ -30,6 +30,7 @@ ReportModel::ReportModel(AppState& state, const LocalizationManager& texts, cons
     connect(&state, &AppState::currentStepChanged, this, &ReportModel::takeFigures);
     connect(&state, &AppState::organizationPlanChanged, this, &ReportModel::destinationChanged);
     connect(&texts, &LocalizationManager::currentLanguageChanged, this, &ReportModel::undoChanged);
+    connect(&texts, &LocalizationManager::currentLanguageChanged, this, &ReportModel::undoProgressChanged);
     takeFigures();
 }
 
@@ -182,15 +183,43 @@ void ReportModel::confirmUndo() {
         isUndoing_ = true;
         undoResult_.reset();
         undoWarnings_.setStringList({});
+        showUndoProgress({});
+        const auto latest = std::make_shared<LatestValue<UndoProgress>>();
         jobs_.start(
-            [this, manifest = state_.activeManifest()](const std::stop_token& stop) {
-                return UndoEngine(fileSystem_).rollback(*manifest, stop);
+            [this, manifest = state_.activeManifest(), latest](const std::stop_token& stop) {
+                return UndoEngine(fileSystem_)
+                    .rollback(
+                        *manifest,
+                        [&](const UndoProgress& progress) {
+                            latest->post(*this, progress,
+                                         [this](UndoProgress value) { showUndoProgress(std::move(value)); });
+                        },
+                        stop);
             },
             [this, manifest = state_.activeManifest()](UndoResult result) {
                 endUndo(manifest, std::move(result));
             });
     }
     emit undoChanged();
+}
+
+void ReportModel::showUndoProgress(UndoProgress progress) {
+    undoProgress_ = std::move(progress);
+    emit undoProgressChanged();
+}
+
+double ReportModel::undoFraction() const {
+    return undoProgress_.totalFiles > 0 ? static_cast<double>(undoProgress_.processedCount) /
+                                              static_cast<double>(undoProgress_.totalFiles)
+                                        : 0;
+}
+
+QString ReportModel::undoProgressText() const {
+    return undoProgress_.totalFiles > 0 ? QStringLiteral("%1 / %2 %3")
+                                              .arg(undoProgress_.processedCount)
+                                              .arg(undoProgress_.totalFiles)
+                                              .arg(texts_.localized(QStringLiteral("proc.processed")))
+                                        : QString();
 }
 
 void ReportModel::endUndo(const Manifest& manifest, UndoResult result) {

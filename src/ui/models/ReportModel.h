@@ -47,6 +47,9 @@ class ReportModel : public QObject {
 
     Q_PROPERTY(bool showUndoAlert READ showUndoAlert WRITE setShowUndoAlert NOTIFY undoChanged)
     Q_PROPERTY(bool isUndoing READ isUndoing NOTIFY undoChanged)
+    Q_PROPERTY(double undoFraction READ undoFraction NOTIFY undoProgressChanged) ///< from 0 to 1
+    /// "120 / 4000 files processed"; empty until the first file is looked at.
+    Q_PROPERTY(QString undoProgressText READ undoProgressText NOTIFY undoProgressChanged)
     Q_PROPERTY(QString undoStatusMessage READ undoStatusMessage NOTIFY undoChanged) ///< empty before
     Q_PROPERTY(QString undoCounts READ undoCounts NOTIFY undoChanged) ///< empty when all went well
     Q_PROPERTY(QAbstractItemModel* undoWarnings READ undoWarnings CONSTANT)
@@ -75,6 +78,8 @@ public:
     [[nodiscard]] bool showUndoAlert() const { return showUndoAlert_; }
     void setShowUndoAlert(bool show);
     [[nodiscard]] bool isUndoing() const { return isUndoing_; }
+    [[nodiscard]] double undoFraction() const;
+    [[nodiscard]] QString undoProgressText() const;
     [[nodiscard]] QString undoStatusMessage() const;
     [[nodiscard]] QString undoCounts() const;
     [[nodiscard]] QAbstractItemModel* undoWarnings() { return &undoWarnings_; }
@@ -93,6 +98,7 @@ signals:
     void destinationChanged();
     void exportChanged();
     void undoChanged();
+    void undoProgressChanged();
 
 private:
     using Manifest = std::shared_ptr<const OperationManifest>;
@@ -103,6 +109,7 @@ private:
     void save(const SaveRequest& request, Document document);
     void write(Manifest manifest, Document document, const FilePath& path);
     void endExport(const QString& message, bool failed);
+    void showUndoProgress(UndoProgress progress);
     void endUndo(const Manifest& manifest, UndoResult result);
 
     AppState& state_;
@@ -116,6 +123,7 @@ private:
     QString exportMessage_;
     bool showUndoAlert_ = false;
     bool isUndoing_ = false;
+    UndoProgress undoProgress_;
     std::optional<UndoResult> undoResult_;
     QStringListModel undoWarnings_;
     BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with

@@ -12,20 +12,32 @@ Card {
     contentItem: ColumnLayout {
         spacing: Theme.s8
 
+        RowLayout {
+            Layout.fillWidth: true
+            visible: outcome.model.isUndoing
+            spacing: Theme.s16
+
+            RoleText {
+                Layout.fillWidth: true
+                text: qsTrId("report.undoConfirmTitle")
+                font.weight: Font.DemiBold
+                elide: Text.ElideRight
+            }
+
+            BodyText {
+                objectName: "undoProgress"
+                text: outcome.model.undoProgressText
+                color: Theme.textSecondary
+            }
+        }
+
         ProgressBar {
             objectName: "undoing"
             Layout.fillWidth: true
             visible: outcome.model.isUndoing
-            indeterminate: true
+            value: outcome.model.undoFraction
             tint: "red"
             Accessible.name: qsTrId("report.undoConfirmTitle")
-        }
-
-        BodyText {
-            Layout.fillWidth: true
-            visible: outcome.model.isUndoing
-            text: qsTrId("report.undoConfirmMessage")
-            color: Theme.textSecondary
         }
 
         RowLayout {
