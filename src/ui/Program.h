@@ -47,6 +47,7 @@ public:
 
     [[nodiscard]] AppState& state() { return state_; }
     [[nodiscard]] ShellModel& shell() { return shell_; }
+    [[nodiscard]] const ProcessingModel& processing() const { return processing_; }
     [[nodiscard]] Preferences& preferences() { return preferences_; }
     [[nodiscard]] LocalizationManager& localization() { return localization_; }
 

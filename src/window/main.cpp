@@ -6,6 +6,7 @@
 #include "ui/desktop/DesktopFolderChooser.h"
 #include "ui/desktop/DesktopMotion.h"
 #include "ui/desktop/DesktopSavePanel.h"
+#include "ui/desktop/LauncherProgress.h"
 #include "window/SingleInstance.h"
 #include "window/WindowPlace.h"
 
@@ -14,6 +15,7 @@
 #include <QSettings>
 
 #include <iostream>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -89,6 +91,14 @@ int main(int argc, char* argv[]) {
                      &lumeo::ShellModel::setReducedMotion);
     QObject::connect(&instance, &lumeo::SingleInstance::startedAgain, window,
                      [window] { bringToFront(*window); });
+
+    lumeo::LauncherProgress launcher(QGuiApplication::desktopFileName());
+    const lumeo::ProcessingModel& run = program.processing();
+    const auto showRun = [&] {
+        launcher.show(run.isRunning() ? std::optional(run.fraction()) : std::nullopt);
+    };
+    QObject::connect(&run, &lumeo::ProcessingModel::isRunningChanged, &launcher, showRun);
+    QObject::connect(&run, &lumeo::ProcessingModel::progressChanged, &launcher, showRun);
 
     const lumeo::WindowPlace place(*window, settings);
     window->show();

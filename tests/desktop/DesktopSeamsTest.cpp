@@ -2,6 +2,7 @@
 #include "ui/desktop/DesktopFileBrowser.h"
 #include "ui/desktop/DesktopFolderChooser.h"
 #include "ui/desktop/DesktopSavePanel.h"
+#include "ui/desktop/LauncherProgress.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -177,6 +178,47 @@ TEST(DesktopSavePanelTest, TakesTheNameThatTheUserConfirmed) {
     ASSERT_TRUE(waitUntil([&] { return chosen.has_value(); }));
     EXPECT_EQ(*chosen, FilePath("/home/report\n"));
     EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("current_name")), QStringLiteral("report.csv"));
+}
+
+/// Stands for a dock that listens to the programs whose icons it shows.
+class FakeDock : public QObject {
+    Q_OBJECT
+
+public:
+    FakeDock() : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("dock"))) {
+        EXPECT_TRUE(bus_.connect({}, {}, QStringLiteral("com.canonical.Unity.LauncherEntry"),
+                                 QStringLiteral("Update"), this, SLOT(take(QString, QVariantMap))));
+    }
+    ~FakeDock() override { QDBusConnection::disconnectFromBus(QStringLiteral("dock")); }
+
+    QStringList updates;
+
+public slots:
+    void take(const QString& entry, const QVariantMap& properties) {
+        EXPECT_EQ(entry, QStringLiteral("application://org.lumeo.Lumeo.desktop"));
+        updates.append(properties.value(QStringLiteral("progress-visible")).toBool()
+                           ? properties.value(QStringLiteral("progress")).toString()
+                           : QStringLiteral("hidden"));
+    }
+
+private:
+    QDBusConnection bus_;
+};
+
+TEST(LauncherProgressTest, TellsTheDockOfEachPercentAndTakesTheBarAway) {
+    const FakeDock dock;
+    {
+        LauncherProgress progress(QStringLiteral("org.lumeo.Lumeo"));
+        progress.show(std::nullopt); // nothing was shown, so nothing is to be taken away
+        progress.show(0);
+        progress.show(0.254);
+        progress.show(0.2599);
+        progress.show(1);
+    }
+    const QStringList expected{QStringLiteral("0"), QStringLiteral("0.25"), QStringLiteral("1"),
+                               QStringLiteral("hidden")};
+    ASSERT_TRUE(waitUntil([&] { return dock.updates.size() >= expected.size(); }));
+    EXPECT_EQ(dock.updates, expected);
 }
 
 } // namespace
