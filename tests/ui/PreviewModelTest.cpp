@@ -107,6 +107,11 @@ TEST_F(PreviewModelTest, CopiesAtOnceAndSaysWhyARunIsRefused) {
     model_.start();
     EXPECT_TRUE(model_.refusal().contains(QStringLiteral("1 byte missing")))
         << model_.refusal().toStdString();
+    made_.volumes.add(made_.folder / "larger", 1'000'000, 500'000);
+    made_.folder.write("larger/readme", "");
+    made_.state.setDestination(made_.folder / "larger");
+    EXPECT_EQ(model_.refusal(), QString());
+    ASSERT_TRUE(waitUntil([this] { return model_.canStart(); }));
     made_.volumes.add(FilePath("/"), 1'000'000, 500'000);
     model_.start();
     EXPECT_EQ(model_.refusal(), QString());

@@ -42,6 +42,7 @@ PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, Th
         emit planChanged();
         emit textsChanged();
         emit readinessChanged();
+        emit outcomeChanged();
     });
     connect(&state, &AppState::isPlanningChanged, this, &PreviewModel::readinessChanged);
     connect(&state, &AppState::planningProgressChanged, this, &PreviewModel::planningProgressChanged);
@@ -184,8 +185,11 @@ QString PreviewModel::refusal() const {
     }
     const std::int64_t needed = state_.requiredOutputSizeBytes();
     const std::int64_t free = *volume->freeSpaceBytes;
+    if (needed < free) {
+        return {}; // room has been made, or the plan is another one by now
+    }
     // A run that fits to the last byte is refused too.
-    const std::int64_t missing = std::max<std::int64_t>(needed - free, 0) + 1;
+    const std::int64_t missing = needed - free + 1;
     return QStringLiteral("Not enough space on %1: %2 needed, %3 free, %4 missing. Make room there or choose "
                           "another destination.")
         .arg(shownText(volume->name), shownByteCount(needed), shownByteCount(free), shownByteCount(missing));
