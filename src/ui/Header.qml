@@ -36,17 +36,31 @@ Rectangle {
         }
 
         RowLayout {
+            id: way
+
+            /// A long name may take from the room of short ones; else the steps are of one width.
+            readonly property bool isEven: {
+                for (let i = 0; i < steps.count; ++i) {
+                    if (steps.itemAt(i).nameWidth * steps.count > width)
+                        return false;
+                }
+                return true;
+            }
+
             Layout.fillWidth: true
             Layout.maximumWidth: 720
             Layout.alignment: Qt.AlignHCenter
             spacing: 0
 
             Repeater {
+                id: steps
+
                 model: header.shell.steps
 
                 StepButton {
                     Layout.fillWidth: true
-                    Layout.preferredWidth: 1
+                    Layout.preferredWidth: way.isEven ? 1 : nameWidth
+                    previousWidth: index > 0 && index < steps.count ? steps.itemAt(index - 1).width : width
                     onClicked: header.shell.navigateTo(index)
                 }
             }

@@ -13,7 +13,9 @@ ButtonBase {
     required property bool isCompleted
     required property bool isReachable
 
+    property real previousWidth: width ///< of the step before it
     readonly property int circle: 28
+    readonly property real nameWidth: Math.ceil(metrics.advanceWidth) + leftPadding + rightPadding + 1
     readonly property bool showsCheckmark: isCompleted && !isCurrent
 
     text: qsTrId(labelKey)
@@ -22,6 +24,7 @@ ButtonBase {
     // A step that lies ahead is quiet by its colours; its name is to be read all the same.
     opacity: 1
     padding: Theme.s4
+    horizontalPadding: 2
     Accessible.role: Accessible.PageTab
     Accessible.selectable: true
     Accessible.selected: isCurrent
@@ -35,7 +38,7 @@ ButtonBase {
             anchors.verticalCenterOffset: button.circle / 2
             anchors.right: parent.horizontalCenter
             anchors.rightMargin: button.circle / 2 + 6
-            width: button.width - button.circle - 12
+            width: (button.width + button.previousWidth) / 2 - button.circle - 12
             height: 1
             color: Theme.line
         }
@@ -75,7 +78,8 @@ ButtonBase {
                 Symbol {
                     anchors.centerIn: parent
                     name: button.showsCheckmark ? "checkmark" : button.symbol
-                    size: 16
+                    // The check mark fills three quarters of its square: 11 to be seen.
+                    size: button.showsCheckmark ? 15 : 16
                     bold: button.showsCheckmark
                     color: button.isCurrent || button.isCompleted ? Theme.onFilled : Theme.tint(button.tint)
                     cutOut: button.isCurrent ? disc.ground : Theme.surface

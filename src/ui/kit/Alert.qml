@@ -68,16 +68,26 @@ ModalSurface {
                 horizontalAlignment: Text.AlignHCenter
             }
 
-            RowLayout {
+            // Of one width side by side; by their words where one of them needs more; and one above the
+            // other where even that is too little.
+            GridLayout {
+                id: answers
+
+                readonly property real half: (layout.width - columnSpacing) / 2
+                readonly property bool isEven: Math.max(cancel.implicitWidth, confirm.implicitWidth) <= half
+
+                Layout.fillWidth: true
                 Layout.topMargin: Theme.s8
-                spacing: Theme.s12
+                columnSpacing: Theme.s12
+                rowSpacing: Theme.s8
+                columns: cancel.implicitWidth + confirm.implicitWidth + columnSpacing <= layout.width ? 2 : 1
 
                 PlainButton {
                     id: cancel
 
                     Layout.fillWidth: true
                     Layout.preferredHeight: Theme.primaryHeight
-                    Layout.preferredWidth: 1
+                    Layout.preferredWidth: answers.isEven ? answers.half : implicitWidth
                     text: alert.cancelText
                     onClicked: alert.answer(false)
                 }
@@ -86,7 +96,7 @@ ModalSurface {
                     id: confirm
 
                     Layout.fillWidth: true
-                    Layout.preferredWidth: 1
+                    Layout.preferredWidth: answers.isEven ? answers.half : implicitWidth
                     accent: alert.destructive ? "red" : Theme.accent
                     text: alert.confirmText
                     onClicked: alert.answer(true)

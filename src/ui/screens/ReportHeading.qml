@@ -3,39 +3,48 @@ import QtQuick.Layouts
 import Lumeo.Kit
 
 /// How the run ended, at one look.
-ColumnLayout {
+Item {
     id: heading
 
     property bool hasFailures: false
     readonly property color tint: hasFailures ? Theme.orange : Theme.green
 
-    spacing: Theme.s4
+    implicitHeight: row.implicitHeight
 
-    Rectangle {
-        Layout.alignment: Qt.AlignHCenter
-        Layout.bottomMargin: Theme.s4
-        implicitWidth: 56
-        implicitHeight: 56
-        radius: 28
-        color: Theme.soft(heading.tint)
+    RowLayout {
+        id: row
 
-        Symbol {
-            anchors.centerIn: parent
-            name: heading.hasFailures ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
-            size: 32
-            color: heading.tint
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(implicitWidth, parent.width)
+        spacing: Theme.s16
+
+        Rectangle {
+            implicitWidth: 56
+            implicitHeight: 56
+            radius: 28
+            color: Theme.soft(heading.tint)
+
+            Symbol {
+                anchors.centerIn: parent
+                name: heading.hasFailures ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
+                size: 32
+                color: heading.tint
+            }
         }
-    }
 
-    TitleText {
-        Layout.fillWidth: true
-        text: qsTrId("report.title")
-        horizontalAlignment: Text.AlignHCenter
-    }
+        ColumnLayout {
+            spacing: Theme.s4
 
-    SubtitleText {
-        Layout.fillWidth: true
-        text: qsTrId("report.subtitle")
-        horizontalAlignment: Text.AlignHCenter
+            TitleText {
+                Layout.fillWidth: true
+                text: qsTrId("report.title")
+            }
+
+            SubtitleText {
+                Layout.fillWidth: true
+                text: qsTrId("report.subtitle")
+                horizontalAlignment: Text.AlignLeft
+            }
+        }
     }
 }
