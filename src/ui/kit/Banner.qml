@@ -8,6 +8,7 @@ Rectangle {
     property string symbol
     property alias text: label.text
     property string tint: "orange"
+    property int textSize: Theme.tableSize
 
     implicitWidth: 400
     implicitHeight: row.implicitHeight + 2 * Theme.s8
@@ -35,7 +36,7 @@ Rectangle {
             id: label
 
             Layout.fillWidth: true
-            font.pixelSize: Theme.tableSize
+            font.pixelSize: banner.textSize
             wrapMode: Text.Wrap
             verticalAlignment: Text.AlignVCenter
             Accessible.ignored: true

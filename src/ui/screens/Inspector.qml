@@ -68,7 +68,7 @@ Rectangle {
 
             Rectangle {
                 Layout.fillWidth: true
-                Layout.preferredHeight: 180
+                Layout.preferredHeight: Math.min(180, Math.round(panel.height * 0.36))
                 radius: Theme.radiusControl
                 color: Theme.sunken
 

@@ -4,89 +4,66 @@ import Lumeo.Kit
 import Lumeo.Window
 
 /// What the list is, how many files it is about, and what narrows it.
-ColumnLayout {
+GridLayout {
     id: heading
 
     required property PreviewModel model
     default property alias search: place.data
 
-    spacing: Theme.s12
+    columns: 2
+    columnSpacing: Theme.s16
+    rowSpacing: Theme.s4
 
-    RowLayout {
+    TitleText {
         Layout.fillWidth: true
-        spacing: Theme.s16
+        text: qsTrId("preview.title")
+        wrapMode: Text.NoWrap
+        elide: Text.ElideRight
+    }
 
-        ColumnLayout {
-            Layout.fillWidth: true
-            spacing: 2
+    Item {
+        id: place
 
-            TitleText {
-                Layout.fillWidth: true
-                text: qsTrId("preview.title")
-                wrapMode: Text.NoWrap
-                elide: Text.ElideRight
-            }
+        Layout.alignment: Qt.AlignRight
+        implicitWidth: childrenRect.width
+        implicitHeight: childrenRect.height
+    }
 
-            SubtitleText {
-                Layout.fillWidth: true
-                text: qsTrId("preview.subtitle")
-                horizontalAlignment: Text.AlignLeft
-            }
-        }
+    BodyText {
+        Layout.fillWidth: true
+        text: qsTrId("preview.subtitle")
+        color: Theme.textSecondary
+    }
 
-        Row {
-            Layout.alignment: Qt.AlignTop
-            Layout.topMargin: Theme.s4
-            spacing: Theme.s8
+    Row {
+        Layout.alignment: Qt.AlignRight
+        spacing: Theme.s8
 
-            Repeater {
-                model: heading.model.chips
+        Repeater {
+            model: heading.model.chips
 
-                Chip {
-                    required property var modelData
+            Chip {
+                required property var modelData
 
-                    text: modelData.text
-                    tint: modelData.tint
-                }
+                text: modelData.text
+                tint: modelData.tint
             }
         }
     }
 
     RowLayout {
+        Layout.columnSpan: 2
         Layout.fillWidth: true
+        Layout.topMargin: Theme.s4
         spacing: Theme.s12
 
-        Item {
-            id: place
-
-            Layout.alignment: Qt.AlignTop
-            implicitWidth: childrenRect.width
-            implicitHeight: childrenRect.height
-        }
-
-        Flow {
+        FilterStrip {
             Layout.fillWidth: true
-            Layout.topMargin: 2
-            spacing: Theme.s8
-
-            Repeater {
-                model: heading.model.filters
-
-                FilterPill {
-                    required property var modelData
-
-                    objectName: "filter-" + modelData.name
-                    text: modelData.text
-                    count: modelData.count
-                    checked: heading.model.selectedFilter === modelData.name
-                    onClicked: heading.model.selectedFilter = modelData.name
-                }
-            }
+            Layout.leftMargin: -ringRoom
+            model: heading.model
         }
 
         CaptionText {
-            Layout.alignment: Qt.AlignTop
-            Layout.topMargin: Theme.s8
             visible: text !== ""
             text: heading.model.listed
         }

@@ -3,20 +3,18 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// What is to be known before the start: a refusal, a cancelled run, planning under way, busy disks.
+/// What is to be known before the start: a refusal, a cancelled run, planning under way.
 ColumnLayout {
     id: notices
 
     required property PreviewModel model
 
-    spacing: 0
+    visible: model.refusal !== "" || model.cancellation !== "" || model.isPlanning
+    spacing: Theme.s8
 
     Banner {
         objectName: "refusal"
         Layout.fillWidth: true
-        Layout.leftMargin: Theme.s24
-        Layout.rightMargin: Theme.s24
-        Layout.topMargin: Theme.s8
         visible: text !== ""
         symbol: "xmark.circle.fill"
         tint: "red"
@@ -26,9 +24,6 @@ ColumnLayout {
     Banner {
         objectName: "cancellation"
         Layout.fillWidth: true
-        Layout.leftMargin: Theme.s24
-        Layout.rightMargin: Theme.s24
-        Layout.topMargin: Theme.s8
         visible: text !== ""
         symbol: "info.circle.fill"
         tint: "blue"
@@ -38,9 +33,6 @@ ColumnLayout {
     RowLayout {
         objectName: "planning"
         Layout.fillWidth: true
-        Layout.leftMargin: Theme.s24
-        Layout.rightMargin: Theme.s24
-        Layout.topMargin: Theme.s8
         visible: notices.model.isPlanning
         spacing: Theme.s12
 
@@ -58,13 +50,5 @@ ColumnLayout {
             text: qsTrId("preview.cancel")
             onClicked: notices.model.cancelPlanning()
         }
-    }
-
-    StorageActivityBanner {
-        Layout.fillWidth: true
-        Layout.leftMargin: Theme.s24
-        Layout.rightMargin: Theme.s24
-        Layout.topMargin: Theme.s8
-        Layout.bottomMargin: Theme.s8
     }
 }

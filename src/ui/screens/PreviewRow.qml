@@ -107,7 +107,7 @@ Item {
             color: Theme.textSecondary
             font.family: Theme.mono
             font.pixelSize: Theme.captionSize
-            elide: Text.ElideMiddle
+            elide: Text.ElideLeft // all begin with the same folder
             explain: row.explain
         }
 

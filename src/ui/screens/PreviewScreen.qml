@@ -29,8 +29,10 @@ Item {
 
         PreviewHeading {
             Layout.fillWidth: true
-            Layout.margins: Theme.s24
-            Layout.bottomMargin: Theme.s12
+            Layout.leftMargin: Theme.s32
+            Layout.rightMargin: Theme.s32
+            Layout.topMargin: Theme.s16
+            Layout.bottomMargin: Theme.s8
             model: screen.model
 
             SearchField {
@@ -101,6 +103,10 @@ Item {
 
         PreviewNotices {
             Layout.fillWidth: true
+            Layout.leftMargin: Theme.s32
+            Layout.rightMargin: Theme.s32
+            Layout.topMargin: Theme.s8
+            Layout.bottomMargin: Theme.s8
             model: screen.model
         }
 
@@ -110,10 +116,11 @@ Item {
             PlainButton {
                 objectName: "back"
                 text: qsTrId("org.back")
+                symbol: "arrow.left"
                 onClicked: screen.model.back()
             }
 
-            Item {
+            StorageActivityBanner {
                 Layout.fillWidth: true
             }
 

@@ -9,6 +9,7 @@ RoleText {
     required property var explain
 
     height: parent.height
+    visible: width > 0
     leftPadding: Theme.s12
     rightPadding: Theme.s8
     font.pixelSize: Theme.tableSize

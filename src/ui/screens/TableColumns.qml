@@ -1,29 +1,58 @@
 import QtQuick
+import Lumeo.Kit
 
-/// The widths of the preview's columns, which the user can change. The destination takes what is left.
+/// The widths of the preview's columns, which the user can change. The destination takes what is left;
+/// where that is too little to read, columns whose values the inspector shows as well give way.
 QtObject {
     id: columns
 
     required property real available
 
     readonly property var keys: ["file", "date", "source", "confidence", "destination", "status"]
-    readonly property var least: [120, 80, 80, 72, 180, 56]
-    property var chosen: [210, 112, 164, 104, 0, 88]
-
+    readonly property var names: keys.map(key => qsTrId("preview.col." + key))
     readonly property int destination: 4
+    readonly property int readable: 280 ///< of the destination: its last two folders and the name
+
+    readonly property var least: [120, 80, 80, 72, 180, 56]
+    readonly property var usual: [172, 104, 160, 84, 0, 70]
+    property var chosen: [0, 0, 0, 0, 0, 0] ///< by the user; 0 where there was no wish
+
     readonly property var widths: {
-        const all = chosen.slice();
-        const others = all.reduce((sum, width) => sum + width, 0);
-        all[destination] = Math.max(least[destination], available - others);
+        const all = usual.map((width, column) => chosen[column] || width);
+        let left = available - all.reduce((sum, width) => sum + width, 0);
+        for (const column of [2, 3, 5]) {
+            if (left < readable) {
+                left += all[column];
+                all[column] = 0;
+            }
+        }
+        // A name that does not fit widens its column, as long as there is more room than is needed.
+        all.forEach((width, column) => {
+            const wish = width > 0 && !chosen[column] ? nameWidth(column) - width : 0;
+            const more = Math.max(0, Math.min(wish, left - readable));
+            all[column] += more;
+            left -= more;
+        });
+        all[destination] = Math.max(least[destination], left);
         return all;
     }
     readonly property real total: widths.reduce((sum, width) => sum + width, 0)
+    readonly property FontMetrics metrics: FontMetrics {
+        font.pixelSize: Theme.captionSize
+        font.weight: Font.DemiBold
+        font.letterSpacing: 0.5
+    }
+
+    function nameWidth(column: int): real {
+        return Math.ceil(metrics.advanceWidth(names[column])) + Theme.s12 + Theme.s8 + 1;
+    }
 
     /// Makes a column wider or narrower; of the destination, its neighbour gives or takes.
     function resize(column: int, by: real) {
         const target = column === destination ? column + 1 : column;
         const all = chosen.slice();
-        all[target] = Math.max(least[target], Math.min(600, all[target] + (target === column ? by : -by)));
+        const now = widths[target] + (target === column ? by : -by);
+        all[target] = Math.max(least[target], Math.min(600, now));
         chosen = all;
     }
 }

@@ -15,7 +15,7 @@ Item {
         height: parent.height
 
         Repeater {
-            model: header.columns.keys
+            model: header.columns.names
 
             Item {
                 id: cell
@@ -26,11 +26,13 @@ Item {
                 width: header.columns.widths[index]
                 height: parent.height
 
+                visible: width > 0
+
                 SectionHeading {
                     anchors.fill: parent
                     anchors.leftMargin: Theme.s12
                     anchors.rightMargin: Theme.s8
-                    text: qsTrId("preview.col." + cell.modelData)
+                    text: cell.modelData
                     elide: Text.ElideRight
                     verticalAlignment: Text.AlignVCenter
                 }
@@ -40,7 +42,7 @@ Item {
                     anchors.rightMargin: -width / 2
                     width: 9
                     height: parent.height
-                    visible: cell.index < header.columns.keys.length - 1
+                    visible: cell.index < header.columns.names.length - 1
                     z: 1
 
                     Rectangle {
