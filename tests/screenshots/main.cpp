@@ -3,8 +3,11 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QQuickWindow>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <iostream>
 
@@ -84,6 +87,7 @@ public:
         auto& state = made_.state;
 
         take("sources-empty");
+        drag();
         state.addSource(made_.folder / "Pictures");
         state.addSource(made_.folder / "card");
         take("sources");
@@ -110,28 +114,104 @@ public:
         plan.preset = OrganizationPreset::custom;
         state.setOrganizationPlan(plan);
         take("organization");
+        preview();
         run();
+        report();
         return Warnings::text().empty();
     }
 
 private:
-    void run() {
+    void preview() {
         auto& state = made_.state;
         state.previewChanges();
         std::ignore = waitUntil([&] { return !state.isPlanning(); });
         take("preview");
-        made_.program.localization().setLanguage(AppLanguage::english);
-        made_.click("IMG_1002.JPG");
+        take("planning", [&] { state.startPlanning(); });
+        std::ignore = waitUntil([&] { return !state.isPlanning(); });
+
+        child("table").forceActiveFocus();
+        for (int row = 0; row < 7; ++row) {
+            made_.press(Qt::Key_Down);
+        }
         take("inspector");
+        made_.press(Qt::Key_Escape);
+        child("search").forceActiveFocus();
+        child("search").setProperty("text", QStringLiteral("grandmother"));
+        take("nothing-found");
+        child("search").setProperty("text", QString());
+
+        made_.volumes.add(FilePath("/"), 512'000'000'000, 4'000);
         state.startOperation();
-        std::ignore = waitUntil([&] { return state.isProcessing(); });
+        take("refusal");
+        made_.volumes.add(FilePath("/"), 512'000'000'000, 190'000'000'000);
+        setMode(OperationMode::move);
+        choose("Start Move...");
+        take("move-question");
+        made_.press(Qt::Key_Escape);
+        setMode(OperationMode::copy);
+        state.startOperation();
+        std::ignore = waitUntil([&] { return state.operationProgress().verifiedCount > 0; });
+        state.cancelOperation();
+        std::ignore = waitUntil([&] { return !state.isProcessing(); });
+        take("cancelled");
+        std::filesystem::remove_all((made_.folder / "Archive").bytes());
+        state.startPlanning();
+        std::ignore = waitUntil([&] { return !state.isPlanning(); });
+    }
+
+    void run() {
+        auto& state = made_.state;
+        state.startOperation();
+        std::ignore = waitUntil([&] { return state.operationProgress().verifiedCount > 0; });
         state.pauseOperation();
         take("processing-paused");
+        made_.window->close();
+        take("close-question");
+        made_.press(Qt::Key_Escape);
         state.resumeOperation();
         std::ignore = waitUntil([&] { return !state.isProcessing(); });
+    }
+
+    void report() {
         take("report");
-        state.finishCompletedOperation();
+        made_.desktop.document = made_.folder / "removed disk/report.csv";
+        choose("Export CSV");
+        take("export-failed");
+        made_.desktop.document = made_.folder / "report.csv";
+        choose("Export CSV");
+        take("exported");
+
+        choose("Undo Organization...");
+        take("undo-question");
+        spoilTwo(made_.state.activeManifest()->items);
+        choose("Yes, Undo Organization");
+        std::ignore = waitUntil([&] { return child("undo").isEnabled(); });
+        choose("Warnings");
+        take("undone");
+        made_.state.finishCompletedOperation();
         take("sources-again");
+    }
+
+    /// Takes the proof from one file of the archive, and another away.
+    static void spoilTwo(const std::vector<FileTransactionItem>& items) {
+        std::vector<std::string> archived;
+        for (const auto& item : items) {
+            if (item.status == TransactionStatus::verified) {
+                archived.push_back(item.destinationPath.bytes());
+            }
+        }
+        std::ofstream(archived.at(0)) << "edited since";
+        std::filesystem::remove(archived.at(1));
+    }
+
+    void drag() {
+        QMimeData data;
+        data.setData(QStringLiteral("text/uri-list"), "file:///photos\r\n");
+        QDragEnterEvent enter({450, 325}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(made_.window, &enter);
+        take("sources-drag");
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(made_.window, &leave);
     }
 
     void sheets() {
@@ -141,8 +221,7 @@ private:
                                                            {"About LUMEO.", "about"},
                                                            {"Application Language", "languages"}};
         for (const auto& [button, name] : all) {
-            made_.program.localization().setLanguage(AppLanguage::english);
-            made_.click(button);
+            choose(button);
             take(name);
             made_.press(Qt::Key_Escape);
         }
@@ -153,6 +232,7 @@ private:
             if (settings != nullptr && settings != made_.window && settings->isVisible()) {
                 for (const auto appearance : {AppAppearance::light, AppAppearance::dark}) {
                     made_.program.preferences().setAppearance(appearance);
+                    settle();
                     save(*settings, nameOf(QStringLiteral("settings"),
                                            {AppLanguage::english, appearance, settings->size()}));
                 }
@@ -161,20 +241,43 @@ private:
         }
     }
 
-    void take(const char* state) {
+    QQuickItem& child(const char* name) const {
+        return *made_.window->findChild<QQuickItem*>(QString::fromLatin1(name));
+    }
+
+    /// Clicks what has that name in English.
+    void choose(const char* name) {
+        made_.program.localization().setLanguage(AppLanguage::english);
+        settle();
+        if (!made_.shows(name) || !made_.click(name)) {
+            std::cerr << "There is no \"" << name << "\" to be clicked\n";
+        }
+    }
+
+    void setMode(OperationMode mode) {
+        OrganizationPlan plan = made_.state.organizationPlan();
+        plan.operationMode = mode;
+        made_.state.setOrganizationPlan(plan);
+    }
+
+    /// Takes the window's picture in all views; `begin` brings about what lasts for a moment only.
+    void take(const char* state, const std::function<void()>& begin = {}) {
         for (const auto& view : views_) {
             made_.program.localization().setLanguage(view.language);
             made_.program.preferences().setAppearance(view.appearance);
             made_.window->resize(view.size);
+            settle();
+            if (begin) {
+                begin();
+            }
             save(*made_.window, nameOf(QString::fromLatin1(state), view));
         }
     }
 
-    void save(QQuickWindow& window, const QString& name) {
-        // Layouts settle in their own time, a tooltip or a colour in a few frames more.
-        QTest::qWait(60);
-        window.grabWindow().save(folder_.filePath(name));
-    }
+    /// Layouts settle in their own time, a tooltip or a colour in a few frames more.
+    static void settle() { QTest::qWait(60); }
+
+    void save(QQuickWindow& window, const QString& name) { window.grabWindow().save(folder_.filePath(name)); }
 
     MadeProgram made_;
     QDir folder_;
