@@ -162,7 +162,7 @@ private:
     void run() {
         auto& state = made_.state;
         state.startOperation();
-        std::ignore = waitUntil([&] { return state.operationProgress().verifiedCount > 0; });
+        std::ignore = waitUntil([&] { return state.operationProgress().processedCount > 80; });
         state.pauseOperation();
         take("processing-paused");
         made_.window->close();
