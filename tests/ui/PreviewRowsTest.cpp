@@ -134,5 +134,28 @@ TEST(PreviewRowsTest, WritesARowAsItIsToBeRead) {
     EXPECT_FALSE(rows.data(rows.index(1), PreviewRows::IsDatedRole).toBool());
 }
 
+TEST(PreviewRowsTest, KeepsItsRowsInPlaceWhenOnlyWhatTheySayChanges) {
+    PreviewRows rows;
+    std::vector<MediaItem> items{photo("/a.jpg"), photo("/b.jpg")};
+    setItems(rows, items);
+    int resets = 0;
+    int changes = 0;
+    QObject::connect(&rows, &QAbstractItemModel::modelReset, [&] { ++resets; });
+    QObject::connect(&rows, &QAbstractItemModel::dataChanged, [&] { ++changes; });
+
+    items[1].plannedDestinationURL = FilePath("/archive/b.jpg");
+    setItems(rows, items);
+    EXPECT_EQ(resets, 0);
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(rows.data(rows.index(1), PreviewRows::DestinationRole), QStringLiteral("/archive/b.jpg"));
+
+    rows.setSearch(QStringLiteral("a"));
+    items.push_back(photo("/a.jpg"));
+    std::ranges::rotate(items, items.begin() + 1);
+    setItems(rows, items);
+    EXPECT_EQ(resets, 2);
+    EXPECT_THAT(names(rows), ElementsAre("a.jpg", "a.jpg"));
+}
+
 } // namespace
 } // namespace lumeo

@@ -13,9 +13,16 @@ PreviewRows::PreviewRows(QObject* parent)
     : QAbstractListModel(parent), items_(std::make_shared<const std::vector<MediaItem>>()) {}
 
 void PreviewRows::setItems(AppState::Items items) {
+    std::vector<std::uint32_t> visible = visibleItems(*items, filter_, search_);
+    if (items->size() == items_->size() && visible == visible_ && !visible.empty()) {
+        // Planned or dated anew: whoever looks at the list keeps their place in it.
+        items_ = std::move(items);
+        emit dataChanged(index(0), index(count() - 1));
+        return;
+    }
     beginResetModel();
     items_ = std::move(items);
-    visible_ = visibleItems(*items_, filter_, search_);
+    visible_ = std::move(visible);
     endResetModel();
     emit countChanged();
 }

@@ -17,6 +17,7 @@ Item {
 
     required property TableColumns columns
     required property bool isCurrent
+    /// Called with the cell that the pointer is on if its text was cut short, with null after that.
     required property var explain
     signal chosen
 
@@ -42,8 +43,14 @@ Item {
         opacity: 0.6
     }
 
+    // One for all cells: rows are made while the user scrolls.
     HoverHandler {
         id: hover
+
+        readonly property Item place: hovered ? cells.childAt(point.position.x, 1) : null
+        readonly property Item cell: place === first ? fileCell : place
+
+        onCellChanged: row.explain(cell && cell.truncated ? cell : null)
     }
 
     TapHandler {
@@ -51,9 +58,13 @@ Item {
     }
 
     Row {
+        id: cells
+
         height: parent.height
 
         Item {
+            id: first
+
             width: row.columns.widths[0]
             height: parent.height
 
@@ -69,27 +80,26 @@ Item {
             }
 
             TableCell {
+                id: fileCell
+
                 anchors.left: symbol.right
                 anchors.right: parent.right
                 leftPadding: Theme.s8
                 text: row.fileName
                 elide: Text.ElideMiddle
-                explain: row.explain
-            }
+                }
         }
 
         TableCell {
             width: row.columns.widths[1]
             text: row.date
             color: row.isDated ? Theme.textPrimary : Theme.yellow
-            explain: row.explain
         }
 
         TableCell {
             width: row.columns.widths[2]
             text: row.dateSource
             color: Theme.textSecondary
-            explain: row.explain
         }
 
         TableCell {
@@ -98,7 +108,6 @@ Item {
             color: Theme.tint(row.confidenceTint)
             font.pixelSize: Theme.captionSize
             font.weight: Font.Medium
-            explain: row.explain
         }
 
         TableCell {
@@ -108,14 +117,12 @@ Item {
             font.family: Theme.mono
             font.pixelSize: Theme.captionSize
             elide: Text.ElideLeft // all begin with the same folder
-            explain: row.explain
         }
 
         TableCell {
             width: row.columns.widths[5]
             text: qsTrId("preview.ready")
             color: Theme.green
-            explain: row.explain
         }
     }
 }

@@ -3,11 +3,6 @@ import Lumeo.Kit
 
 /// One text of a row; what does not fit is said by the table's tooltip.
 RoleText {
-    id: cell
-
-    /// Called with this text while the pointer is on it and it was cut short, with null after that.
-    required property var explain
-
     height: parent.height
     visible: width > 0
     leftPadding: Theme.s12
@@ -16,9 +11,4 @@ RoleText {
     elide: Text.ElideRight
     verticalAlignment: Text.AlignVCenter
     Accessible.ignored: true
-
-    HoverHandler {
-        enabled: cell.truncated
-        onHoveredChanged: cell.explain(hovered ? cell : null)
-    }
 }
