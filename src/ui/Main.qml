@@ -17,8 +17,6 @@ Window {
     required property ProcessingModel processingModel
     required property ReportModel reportModel
 
-    property bool closeConfirmed: false
-
     function openSettings() {
         settings.show();
         settings.requestActivate();
@@ -33,7 +31,7 @@ Window {
     color: Theme.ground
 
     onClosing: close => {
-        if (shell.isProcessing && !closeConfirmed) {
+        if (shell.isProcessing) {
             close.accepted = false;
             closeQuestion.open();
         } else {
@@ -183,7 +181,7 @@ Window {
         cancelText: qsTrId("org.back")
         destructive: true
         onConfirmed: {
-            window.closeConfirmed = true;
+            window.processingModel.cancel();
             window.close();
         }
     }

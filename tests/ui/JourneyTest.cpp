@@ -1,8 +1,6 @@
 #include "ui/Journey.h"
 #include "transfer/ReportExporter.h"
 
-#include <thread>
-
 namespace lumeo {
 namespace {
 
@@ -199,10 +197,7 @@ TEST_F(JourneyTest, AsksBeforeItIsClosedDuringARunAndThenEndsCleanly) {
 
     ASSERT_TRUE(made->click("Cancel Operation")); // in the question, which lies above the screen
     EXPECT_TRUE(waitUntil([&] { return hasQuit; }));
-    const std::jthread opening([&gate] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50)); // by when the program waits for its job
-        gate.open();
-    });
+    gate.open();
     made.reset();
     Files expected = originals;
     const Files archived = filesBelow(archive());
