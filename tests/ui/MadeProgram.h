@@ -83,7 +83,11 @@ struct MadeProgram {
         return true;
     }
 
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(window, key, modifiers); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window, key, modifiers);
+        // As an event loop would at once: what a left screen had begun must not go on without it.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     void type(std::string_view text) {
         for (const char letter : text) {

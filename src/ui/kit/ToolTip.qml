@@ -5,14 +5,6 @@ import QtQuick.Templates as T
 T.ToolTip {
     id: control
 
-    readonly property bool isInAWindow: parent !== null && parent.Window.window !== null
-
-    onIsInAWindowChanged: {
-        if (!isInAWindow) {
-            close(); // what it explains has left the screen
-        }
-    }
-
     x: parent ? (parent.width - implicitWidth) / 2 : 0
     y: parent && parent.mapToItem(null, 0, 0).y < 60 ? parent.height + 6 : -implicitHeight - 6
     implicitWidth: Math.min(360, measure.implicitWidth + leftPadding + rightPadding)
