@@ -205,6 +205,7 @@ TEST_F(KeyboardTest, TabReachesEverythingInOrderAndShowsWhereItIs) {
     state.setDestination(archive());
     state.previewChanges();
     ASSERT_TRUE(waitUntil([&] { return !state.isPlanning(); }));
+    ASSERT_TRUE(made->shows("undated.jpg"));
     ASSERT_TRUE(made->click("undated.jpg"));
     checkTabOrder("preview");
     {

@@ -64,6 +64,18 @@ struct MadeProgram {
         return nullptr;
     }
 
+    /// Waits until all that has changed has been laid out and drawn.
+    static void draw(QQuickWindow& window) {
+        for (int frame = 0; frame < 2; ++frame) { // one layout's sizes may be another one's in the next
+            bool isDrawn = false;
+            const auto drawing =
+                QObject::connect(&window, &QQuickWindow::frameSwapped, [&isDrawn] { isDrawn = true; });
+            window.update();
+            std::ignore = waitUntil([&isDrawn] { return isDrawn; });
+            QObject::disconnect(drawing);
+        }
+    }
+
     /// Waits until something of that name is in sight.
     [[nodiscard]] bool shows(const std::string& name) const {
         return waitUntil([&] { return find(name) != nullptr; });
@@ -76,7 +88,7 @@ struct MadeProgram {
         if (item == nullptr || !item->isEnabled()) {
             return false;
         }
-        std::ignore = window->grabWindow(); // a hand clicks on what has been laid out and drawn
+        draw(*window); // a hand clicks on what it sees
         scrollTo(*item);
         const QPointF middle = item->mapToScene({item->width() / 2, item->height() / 2});
         QTest::mouseClick(window, Qt::LeftButton, {}, middle.toPoint());

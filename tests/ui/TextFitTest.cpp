@@ -26,17 +26,17 @@ protected:
 
     void check(const char* state) { check(state, *made_.window); }
 
-    void check(const char* state, const QQuickWindow& window) {
+    void check(const char* state, QQuickWindow& window) {
         for (const AppLanguage language : allCases<AppLanguage>()) {
             made_.program.localization().setLanguage(language);
-            QTest::qWait(30); // layouts settle
+            MadeProgram::draw(window);
             QStringList cut;
             collectCut(window.contentItem(), cut);
             EXPECT_TRUE(cut.isEmpty()) << state << " in " << languageCode(language).toStdString() << ": "
                                        << cut.join(QStringLiteral(" | ")).toStdString();
         }
         made_.program.localization().setLanguage(AppLanguage::english);
-        QTest::qWait(30);
+        MadeProgram::draw(window);
     }
 
     void choose(const char* name) {

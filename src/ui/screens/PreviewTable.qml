@@ -51,7 +51,7 @@ T.Control {
             row = 0;
             break;
         case Qt.Key_End:
-            row = list.count - 1;
+            row = table.model.rows.count - 1;
             break;
         case Qt.Key_Return:
         case Qt.Key_Enter:
@@ -89,13 +89,17 @@ T.Control {
             contentX = mirrored ? contentWidth - width : 0;
         }
 
+        function showCurrentRow() {
+            if (table.model.currentRow >= 0)
+                positionViewAtIndex(table.model.currentRow, ListView.Contain);
+        }
+
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         width: parent.width
         contentWidth: layout.total
         flickableDirection: Flickable.AutoFlickIfNeeded
         boundsBehavior: Flickable.StopAtBounds
-        model: table.model.rows
         reuseItems: true
         clip: true
         keyNavigationEnabled: false
@@ -120,9 +124,18 @@ T.Control {
             target: table.model
 
             function onCurrentRowChanged() {
-                if (table.model.currentRow >= 0)
-                    list.positionViewAtIndex(table.model.currentRow, ListView.Contain);
+                list.showCurrentRow();
             }
+        }
+    }
+
+    // The rows come once the screen is there, lest people wait for both at once.
+    Timer {
+        interval: 1
+        running: true
+        onTriggered: {
+            list.model = table.model.rows;
+            list.showCurrentRow();
         }
     }
 
