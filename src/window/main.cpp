@@ -45,7 +45,7 @@ void name(QGuiApplication& application) {
 
 void bringToFront(QWindow& window) {
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
-    window.show();
+    window.setVisible(true); // show() would take a large window's size away
     window.raise();
     window.requestActivate();
 }
@@ -101,6 +101,6 @@ int main(int argc, char* argv[]) {
     QObject::connect(&run, &lumeo::ProcessingModel::progressChanged, &launcher, showRun);
 
     const lumeo::WindowPlace place(*window, settings);
-    window->show();
+    window->setVisible(true); // not show(), which forgets that it filled the screen
     return QGuiApplication::exec();
 }

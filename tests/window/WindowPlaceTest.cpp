@@ -1,0 +1,69 @@
+#include "window/WindowPlace.h"
+
+#include "support/EventLoop.h"
+#include "support/TempFolder.h"
+
+#include <QSettings>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace lumeo {
+namespace {
+
+using testing::waitUntil;
+
+/// Lives of a window, one after the other.
+class WindowPlaceTest : public ::testing::Test {
+protected:
+    /// Shows the window, has `work` done with it, and gives where it stood at first.
+    template<class Work>
+    QRect live(Work work) {
+        QWindow window;
+        window.resize(600, 400);
+        const WindowPlace place(window, settings_);
+        const QRect first = window.geometry();
+        window.setVisible(true);
+        work(window);
+        QCoreApplication::processEvents(); // the window system has its say
+        return first;
+    }
+    QRect live() {
+        return live([](QWindow&) {});
+    }
+
+    TempFolder folder_;
+    QSettings settings_{QString::fromStdString((folder_ / "settings.ini").bytes()), QSettings::IniFormat};
+};
+
+TEST_F(WindowPlaceTest, ComesBackWhereItWas) {
+    const QRect place(80, 90, 500, 300);
+    EXPECT_EQ(live().size(), QSize(600, 400));
+    live([&](QWindow& window) { window.setGeometry(place); });
+    EXPECT_EQ(live(), place);
+}
+
+TEST_F(WindowPlaceTest, KeepsItsPlaceWhileItFillsTheScreen) {
+    const QRect place(80, 90, 500, 300);
+    live([&](QWindow& window) {
+        window.setGeometry(place);
+        window.showMaximized();
+        ASSERT_TRUE(waitUntil([&] { return window.geometry() != place; }));
+    });
+    live([&](QWindow& window) {
+        EXPECT_TRUE(window.windowStates().testFlag(Qt::WindowMaximized));
+        window.showNormal();
+        window.setGeometry(place);
+    });
+    EXPECT_EQ(live(), place);
+}
+
+TEST_F(WindowPlaceTest, IsNotLostWhereNoScreenIsAnyMore) {
+    live([](QWindow& window) { window.setGeometry(5000, 5000, 500, 300); });
+    EXPECT_EQ(live().size(), QSize(600, 400));
+    settings_.setValue(QStringLiteral("window/place"), QStringLiteral("nonsense"));
+    EXPECT_EQ(live().size(), QSize(600, 400));
+}
+
+} // namespace
+} // namespace lumeo
