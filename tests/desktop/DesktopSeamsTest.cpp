@@ -1,12 +1,15 @@
 #include "support/EventLoop.h"
 #include "ui/desktop/DesktopFileBrowser.h"
 #include "ui/desktop/DesktopFolderChooser.h"
+#include "ui/desktop/DesktopMotion.h"
 #include "ui/desktop/DesktopSavePanel.h"
 #include "ui/desktop/LauncherProgress.h"
 
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QDBusVariant>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTimer>
@@ -219,6 +222,71 @@ TEST(LauncherProgressTest, TellsTheDockOfEachPercentAndTakesTheBarAway) {
                                QStringLiteral("hidden")};
     ASSERT_TRUE(waitUntil([&] { return dock.updates.size() >= expected.size(); }));
     EXPECT_EQ(dock.updates, expected);
+}
+
+/// Stands for the portal of a desktop's settings, of which it has one.
+class FakeSettings : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    FakeSettings(QString group, QString key, QVariant value)
+        : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("settings"))),
+          group_(std::move(group)),
+          key_(std::move(key)),
+          value_(std::move(value)) {
+        EXPECT_TRUE(bus_.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+                                        QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+        EXPECT_TRUE(bus_.registerService(FakeDesktop::service()));
+    }
+    ~FakeSettings() override {
+        bus_.unregisterService(FakeDesktop::service());
+        QDBusConnection::disconnectFromBus(QStringLiteral("settings"));
+    }
+
+    void change(const QVariant& value) { emit SettingChanged(group_, key_, QDBusVariant(value)); }
+
+public slots:
+    QDBusVariant Read(const QString& group, const QString& key, const QDBusMessage& message) {
+        if (group != group_ || key != key_) {
+            message.setDelayedReply(true);
+            bus_.send(message.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("not found")));
+        }
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(value_)));
+    }
+
+signals:
+    void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    QDBusConnection bus_;
+    QString group_;
+    QString key_;
+    QVariant value_;
+};
+
+/// What a desktop with this setting says of motion, at first and after each change.
+QList<bool> reductions(const char* group, const char* key, const QVariant& value,
+                       const QVariantList& changes) {
+    FakeSettings settings(QString::fromLatin1(group), QString::fromLatin1(key), value);
+    QList<bool> said;
+    const DesktopMotion motion;
+    QObject::connect(&motion, &DesktopMotion::reducedChanged, [&](bool reduced) { said.append(reduced); });
+    EXPECT_TRUE(waitUntil([&] { return said.size() == 1; }));
+    for (const QVariant& change : changes) {
+        const auto count = said.size();
+        settings.change(change);
+        EXPECT_TRUE(waitUntil([&] { return said.size() > count; }));
+    }
+    return said;
+}
+
+TEST(DesktopMotionTest, FollowsTheDesktopsSwitchAndItsFactor) {
+    EXPECT_EQ(reductions("org.gnome.desktop.interface", "enable-animations", false, {true, false}),
+              (QList<bool>{true, false, true}));
+    EXPECT_EQ(reductions("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("1"),
+                         {QStringLiteral("0"), QStringLiteral("0.5")}),
+              (QList<bool>{false, true, false}));
 }
 
 } // namespace

@@ -140,8 +140,9 @@ TEST_F(TextFitTest, OnTheSheetsAndInTheSettings) {
         made_.press(Qt::Key_Escape);
     }
     choose("Settings");
-    for (const auto* window : QGuiApplication::topLevelWindows()) {
-        const auto* settings = qobject_cast<const QQuickWindow*>(window);
+    const auto windows = QGuiApplication::topLevelWindows();
+    for (auto* window : windows) {
+        auto* settings = qobject_cast<QQuickWindow*>(window);
         if (settings != nullptr && settings != made_.window && settings->isVisible()) {
             check("settings", *settings);
             return;

@@ -1,9 +1,7 @@
 #pragma once
 
+#include <QDBusVariant> // whole, or the bus cannot tell what the slot takes
 #include <QObject>
-#include <QVariant>
-
-class QDBusVariant;
 
 namespace lumeo {
 
