@@ -116,7 +116,7 @@ Item {
             color: Theme.textSecondary
             font.family: Theme.mono
             font.pixelSize: Theme.captionSize
-            elide: Text.ElideLeft // all begin with the same folder
+            elide: Text.ElideMiddle
         }
 
         TableCell {

@@ -2,7 +2,8 @@ import QtQuick
 import Lumeo.Kit
 
 /// The widths of the preview's columns, which the user can change. The destination takes what is left;
-/// where that is too little to read, columns whose values the inspector shows as well give way.
+/// where the table is too narrow for it, columns whose values the inspector shows as well give way, but for
+/// those whose width the user has set. What still does not fit is scrolled to.
 QtObject {
     id: columns
 
@@ -11,21 +12,24 @@ QtObject {
     readonly property var keys: ["file", "date", "source", "confidence", "destination", "status"]
     readonly property var names: keys.map(key => qsTrId("preview.col." + key))
     readonly property int destination: 4
-    readonly property int readable: 280 ///< of the destination: its last two folders and the name
+    readonly property int readable: 280 ///< of the destination: its first folders, the last one and the name
 
     readonly property var least: [120, 80, 80, 72, 180, 56]
     readonly property var usual: [172, 104, 160, 84, 0, 70]
     property var chosen: [0, 0, 0, 0, 0, 0] ///< by the user; 0 where there was no wish
 
+    /// By what is usual, not by what is chosen: no column goes because another one is made wider.
+    readonly property var givingWay: {
+        let left = available - usual.reduce((sum, width) => sum + width, 0);
+        return [2, 3].filter(column => {
+            const gives = left < readable;
+            left += gives ? usual[column] : 0;
+            return gives;
+        });
+    }
     readonly property var widths: {
-        const all = usual.map((width, column) => chosen[column] || width);
+        const all = usual.map((width, column) => chosen[column] || (givingWay.includes(column) ? 0 : width));
         let left = available - all.reduce((sum, width) => sum + width, 0);
-        for (const column of [2, 3, 5]) {
-            if (left < readable) {
-                left += all[column];
-                all[column] = 0;
-            }
-        }
         // A name that does not fit widens its column, as long as there is more room than is needed.
         all.forEach((width, column) => {
             const wish = width > 0 && !chosen[column] ? nameWidth(column) - width : 0;
