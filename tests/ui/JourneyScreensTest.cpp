@@ -1,6 +1,7 @@
 #include "support/Gate.h"
 #include "support/Warnings.h"
 #include "ui/MadeState.h"
+#include "ui/ShownScreen.h"
 #include "ui/models/PreviewModel.h"
 #include "ui/models/ProcessingModel.h"
 #include "ui/models/ReportModel.h"
@@ -81,6 +82,46 @@ TEST_F(JourneyScreensTest, ThePreviewIsWalkedAndSearchedByKeyboard) {
     QTest::keyClick(&view_, Qt::Key_M);
     EXPECT_EQ(preview_.searchText(), QStringLiteral("m"));
     EXPECT_EQ(preview_.rows()->count(), 1);
+}
+
+TEST_F(JourneyScreensTest, AnEmptyPreviewSaysWhetherTheSearchIsWhy) {
+    testing::ShownScreen screen("PreviewScreen", preview_);
+    EXPECT_NE(screen.find("scan.totalSupported: 0"), nullptr);
+    screen.find("preview.search")->forceActiveFocus();
+    screen.type("m");
+    EXPECT_NE(screen.find("No files match."), nullptr);
+}
+
+TEST_F(JourneyScreensTest, ColumnsGiveWayToTheDestinationButNotToTheUsersHand) {
+    QQmlComponent component(view_.engine());
+    view_.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    component.setData("import Lumeo.Window\nTableColumns {}", QUrl());
+    const std::unique_ptr<QObject> columns(
+        component.createWithInitialProperties({{QStringLiteral("available"), 1100}}));
+    ASSERT_NE(columns, nullptr) << component.errorString().toStdString();
+    enum Column { file, date, source, confidence, destination, status };
+    const auto width = [&](Column column) {
+        return columns->property("widths").value<QJSValue>().property(column).toNumber();
+    };
+    const auto resize = [&](Column column, double by) {
+        QMetaObject::invokeMethod(columns.get(), "resize", Q_ARG(int, column), Q_ARG(double, by));
+    };
+    const auto total = [&] { return columns->property("total").toDouble(); };
+
+    EXPECT_EQ(total(), 1100);
+    resize(file, 600);
+    for (const Column column : {file, date, source, confidence, destination, status}) {
+        EXPECT_GT(width(column), 50) << column;
+    }
+    EXPECT_GT(total(), 1100); // scrolled to
+
+    columns->setProperty("available", 580);
+    EXPECT_EQ(width(source) + width(confidence), 0);
+    EXPECT_GT(width(status), 50);
+    columns->setProperty("available", 1100);
+    resize(source, -20);
+    columns->setProperty("available", 580);
+    EXPECT_GT(width(source), 50);
 }
 
 TEST_F(JourneyScreensTest, TheRunGoesFromThePreviewToAReportThatCanBeTakenBack) {

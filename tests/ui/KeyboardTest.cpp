@@ -164,6 +164,7 @@ TEST_F(KeyboardTest, LeadsThroughAWholeRunAndBack) {
     EXPECT_TRUE(made->shows("5 / 6"));
     ASSERT_TRUE(press("Preview Changes", Qt::Key_Down));
     EXPECT_TRUE(made->shows("Media Inspector"));
+    ASSERT_TRUE(made->tabTo("How to Use")); // out of the screen
     made->press(Qt::Key_Escape);
     EXPECT_TRUE(waitUntil([this] { return made->find("Media Inspector") == nullptr; }));
 

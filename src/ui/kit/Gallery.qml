@@ -270,6 +270,7 @@ Rectangle {
         SearchField {
             Layout.fillWidth: true
             placeholder: "Search"
+            clearText: "Clear"
             onTextEdited: gallery.used(placeholder)
         }
 

@@ -6,7 +6,7 @@ T.TextField {
     id: control
 
     property alias placeholder: control.placeholderText
-    property string clearText: "Clear" ///< names the button that empties the field
+    required property string clearText ///< names the button that empties the field
 
     implicitWidth: 240
     implicitHeight: Theme.controlHeight

@@ -89,30 +89,30 @@ InspectorModel::InspectorModel(ThumbnailService& thumbnails, QObject* parent)
     : QObject(parent), thumbnails_(thumbnails) {}
 
 InspectorModel::~InspectorModel() {
-    dropPicture();
+    cancelPicture();
 }
 
 void InspectorModel::open(const MediaItem& item) {
-    const bool isOfSameFile = item_ && item_->sourceURL == item.sourceURL;
+    const bool isShown = isOpen_ && item_->sourceURL == item.sourceURL;
     item_ = item;
+    isOpen_ = true;
     emit itemChanged();
-    if (!isOfSameFile) {
+    if (!isShown) {
         loadPicture();
     }
 }
 
 void InspectorModel::close() {
-    if (!item_) {
-        return;
+    if (isOpen_) {
+        isOpen_ = false;
+        cancelPicture();
+        emit itemChanged();
     }
-    dropPicture();
-    item_.reset();
-    emit itemChanged();
-    emit pictureChanged();
 }
 
 void InspectorModel::loadPicture() {
-    dropPicture();
+    cancelPicture();
+    picture_ = {};
     request_ = thumbnails_.load(item_->sourceURL, pictureRoom, [this](const QImage& picture) {
         request_.reset();
         picture_ = picture;
@@ -121,12 +121,11 @@ void InspectorModel::loadPicture() {
     emit pictureChanged();
 }
 
-void InspectorModel::dropPicture() {
+void InspectorModel::cancelPicture() {
     if (request_) {
         thumbnails_.drop(*request_);
         request_.reset();
     }
-    picture_ = {};
 }
 
 QString InspectorModel::symbol() const {

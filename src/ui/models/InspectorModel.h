@@ -35,10 +35,11 @@ public:
 
     /// Shows an item from now on; of the one that is shown already, the picture stays.
     void open(const MediaItem& item);
+    /// What was shown stays to be read until another item is: the panel takes its time to leave.
     Q_INVOKABLE void close();
 
-    [[nodiscard]] const std::optional<MediaItem>& item() const { return item_; }
-    [[nodiscard]] bool isOpen() const { return item_.has_value(); }
+    [[nodiscard]] const std::optional<MediaItem>& item() const { return item_; } ///< the last one shown
+    [[nodiscard]] bool isOpen() const { return isOpen_; }
     [[nodiscard]] QString symbol() const;
     [[nodiscard]] QVariantList sections() const;
     [[nodiscard]] QStringList warnings() const;
@@ -52,10 +53,11 @@ signals:
 
 private:
     void loadPicture();
-    void dropPicture();
+    void cancelPicture();
 
     ThumbnailService& thumbnails_;
     std::optional<MediaItem> item_;
+    bool isOpen_ = false;
     QImage picture_;
     std::optional<quint64> request_; ///< under way
 };

@@ -45,7 +45,7 @@ Rectangle {
         IconButton {
             objectName: "closeInspector"
             symbol: "xmark.circle.fill"
-            text: "Close"
+            text: qsTrId("common.done")
             onClicked: panel.model.close()
         }
     }

@@ -2,29 +2,31 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// Stands where the rows would be when the search and the filter leave none.
+/// Stands where the rows would be when there are none, or the search and the filter leave none.
 ColumnLayout {
     id: message
 
+    required property bool isNarrowed ///< by a search or a filter
     signal cleared
 
     spacing: Theme.s8
 
     Symbol {
         Layout.alignment: Qt.AlignHCenter
-        name: "magnifyingglass"
+        name: message.isNarrowed ? "magnifyingglass" : "photo"
         size: 32
         color: Theme.textTertiary
     }
 
     BodyText {
         Layout.alignment: Qt.AlignHCenter
-        text: "No files match."
+        text: message.isNarrowed ? "No files match." : qsTrId("scan.totalSupported") + ": 0"
         color: Theme.textSecondary
     }
 
     LinkButton {
         Layout.alignment: Qt.AlignHCenter
+        visible: message.isNarrowed
         text: qsTrId("preview.filter.all")
         onClicked: message.cleared()
     }

@@ -9,10 +9,13 @@ Item {
 
     required property PreviewModel model
 
-    Keys.onEscapePressed: event => {
-        event.accepted = screen.model.inspector.isOpen;
-        screen.model.inspector.close();
-        table.forceActiveFocus(Qt.OtherFocusReason);
+    Shortcut {
+        sequence: "Escape"
+        enabled: screen.model.inspector.isOpen && !(search.activeFocus && search.text !== "")
+        onActivated: {
+            screen.model.inspector.close();
+            table.forceActiveFocus(Qt.OtherFocusReason);
+        }
     }
 
     Shortcut {
@@ -40,6 +43,7 @@ Item {
 
                 objectName: "search"
                 placeholder: qsTrId("preview.search")
+                clearText: qsTrId("sources.clearAll")
                 onTextChanged: screen.model.searchText = text
             }
         }
@@ -73,6 +77,7 @@ Item {
                 NothingFound {
                     anchors.centerIn: parent
                     visible: screen.model.rows.count === 0
+                    isNarrowed: search.text !== "" || screen.model.selectedFilter !== "all"
                     onCleared: {
                         search.clear();
                         screen.model.selectedFilter = "all";

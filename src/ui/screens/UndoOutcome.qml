@@ -100,7 +100,7 @@ Card {
 
             LinkButton {
                 objectName: "copyWarnings"
-                text: "Copy"
+                text: qsTrId("operation.copy")
                 symbol: "doc.on.doc"
                 onClicked: outcome.model.copyUndoWarnings()
             }
