@@ -54,6 +54,15 @@ protected:
         show("PreviewScreen", &preview_);
     }
 
+    /// A part of a screen, by itself.
+    std::unique_ptr<QObject> make(const char* part) {
+        view_.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        QQmlComponent component(view_.engine());
+        component.setData("import QtQuick\nimport Lumeo.Window\n" + QByteArray(part), QUrl());
+        EXPECT_TRUE(component.isReady()) << component.errorString().toStdString();
+        return std::unique_ptr<QObject>(component.create());
+    }
+
     void TearDown() override { EXPECT_EQ(testing::Warnings::text(), ""); }
 
     const testing::Warnings warnings_;
@@ -93,12 +102,8 @@ TEST_F(JourneyScreensTest, AnEmptyPreviewSaysWhetherTheSearchIsWhy) {
 }
 
 TEST_F(JourneyScreensTest, ColumnsGiveWayToTheDestinationButNotToTheUsersHand) {
-    QQmlComponent component(view_.engine());
-    view_.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    component.setData("import Lumeo.Window\nTableColumns {}", QUrl());
-    const std::unique_ptr<QObject> columns(
-        component.createWithInitialProperties({{QStringLiteral("available"), 1100}}));
-    ASSERT_NE(columns, nullptr) << component.errorString().toStdString();
+    const auto columns = make("TableColumns { available: 1100 }");
+    ASSERT_NE(columns, nullptr);
     enum Column { file, date, source, confidence, destination, status };
     const auto width = [&](Column column) {
         return columns->property("widths").value<QJSValue>().property(column).toNumber();
@@ -122,6 +127,17 @@ TEST_F(JourneyScreensTest, ColumnsGiveWayToTheDestinationButNotToTheUsersHand) {
     resize(source, -20);
     columns->setProperty("available", 580);
     EXPECT_GT(width(source), 50);
+}
+
+TEST_F(JourneyScreensTest, ADestinationSaysWhetherItIsShownWhole) {
+    const auto path = make("PathCell { height: 30; text: '/home/anna/Archive/2021-03/IMG_0001.JPG' }");
+    ASSERT_NE(path, nullptr);
+    for (const int width : {40, 120, 200}) {
+        path->setProperty("width", width);
+        EXPECT_TRUE(path->property("truncated").toBool()) << width;
+    }
+    path->setProperty("width", 600);
+    EXPECT_FALSE(path->property("truncated").toBool());
 }
 
 TEST_F(JourneyScreensTest, TheRunGoesFromThePreviewToAReportThatCanBeTakenBack) {

@@ -87,7 +87,7 @@ Item {
                 leftPadding: Theme.s8
                 text: row.fileName
                 elide: Text.ElideMiddle
-                }
+            }
         }
 
         TableCell {
@@ -110,13 +110,10 @@ Item {
             font.weight: Font.Medium
         }
 
-        TableCell {
+        PathCell {
             width: row.columns.widths[4]
+            height: parent.height
             text: row.destination
-            color: Theme.textSecondary
-            font.family: Theme.mono
-            font.pixelSize: Theme.captionSize
-            elide: Text.ElideMiddle
         }
 
         TableCell {
