@@ -6,6 +6,7 @@ Rectangle {
 
     property string label ///< what is chosen, for those who cannot see it
     property var model: [] ///< the words
+    property var symbols: [] ///< before them; none where there is none
     property int currentIndex: 0
     signal activated(int index)
 
@@ -39,14 +40,12 @@ Rectangle {
                 checked: index === picker.currentIndex
                 onClicked: picker.activated(index)
 
-                contentItem: Text {
+                contentItem: ButtonLabel {
                     text: segment.text
-                    textFormat: Text.PlainText
+                    symbol: picker.symbols[segment.index] ?? ""
                     color: segment.checked ? Theme.textPrimary : Theme.textSecondary
                     font.pixelSize: segment.font.pixelSize
                     font.weight: segment.checked ? Font.DemiBold : Font.Normal
-                    horizontalAlignment: Text.AlignHCenter
-                    verticalAlignment: Text.AlignVCenter
                 }
 
                 background: Rectangle {

@@ -41,6 +41,14 @@ ColumnLayout {
             onActivated: index => general.model.defaultOperation = index
         }
 
+        Switch {
+            Layout.columnSpan: 2
+            Layout.fillWidth: true
+            text: "Verify file integrity after copy (SHA-256)"
+            checked: general.model.verifyTransfers
+            onToggled: general.model.verifyTransfers = checked
+        }
+
         BodyText {
             Layout.fillWidth: true
             text: "Performance Profile:"
@@ -52,13 +60,6 @@ ColumnLayout {
             currentIndex: general.model.performanceProfile
             onActivated: index => general.model.performanceProfile = index
         }
-    }
-
-    Switch {
-        Layout.fillWidth: true
-        text: "Verify file integrity after copy (SHA-256)"
-        checked: general.model.verifyTransfers
-        onToggled: general.model.verifyTransfers = checked
     }
 
     Item {

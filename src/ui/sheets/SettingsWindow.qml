@@ -35,6 +35,7 @@ Window {
             Layout.alignment: Qt.AlignHCenter
             label: "Settings"
             model: ["General", "Privacy"]
+            symbols: ["gearshape", "hand.raised.fill"]
             onActivated: index => currentIndex = index
         }
 
