@@ -172,6 +172,15 @@ Window {
         transientParent: window
     }
 
+    Connections {
+        target: window.shell
+
+        function onIsProcessingChanged() {
+            if (!window.shell.isProcessing)
+                closeQuestion.close(); // it has answered itself
+        }
+    }
+
     Alert {
         id: closeQuestion
 

@@ -95,13 +95,13 @@ TEST_F(JourneyTest, CopiesFromTwoFoldersAndTakesItBack) {
     ASSERT_TRUE(click("Search by filename..."));
     made->type("undated");
     EXPECT_TRUE(made->shows("1 / 6"));
-    ASSERT_TRUE(click("Clear"));
+    ASSERT_TRUE(click("Clear All"));
     ASSERT_TRUE(click("Duplicates 2"));
     EXPECT_TRUE(made->shows("2 / 6"));
     ASSERT_TRUE(click("again.jpg"));
     EXPECT_TRUE(made->shows("Media Inspector"));
     EXPECT_TRUE(made->shows((home / "Pictures/again.jpg").bytes()));
-    ASSERT_TRUE(click("Close"));
+    ASSERT_TRUE(click("Done"));
     EXPECT_TRUE(areThere(originals)) << "nor does planning";
 
     ASSERT_TRUE(click("Start Copy"));
@@ -172,6 +172,20 @@ TEST_F(JourneyTest, LosesNothingWhenTheRunIsCancelledWithinAFile) {
     EXPECT_EQ(those.size(), 2U);
     EXPECT_TRUE(areThere(moved(those))) << "every file once, and nothing half made";
     EXPECT_TRUE(made->find("Start Move...")->isEnabled());
+}
+
+TEST_F(JourneyTest, TakesBackTheQuestionAtClosingWhenTheRunEndsMeanwhile) {
+    ASSERT_NO_FATAL_FAILURE(plan());
+    ASSERT_TRUE(click("Preview Changes"));
+    const Gate gate(made->disk, "write");
+    ASSERT_TRUE(click("Start Copy"));
+    ASSERT_TRUE(gate.awaitArrival());
+    made->window->close();
+    ASSERT_TRUE(made->shows("Cancel Operation?"));
+    gate.open();
+    ASSERT_TRUE(arrives(WizardStep::report));
+    EXPECT_TRUE(waitUntil([this] { return made->find("Cancel Operation?") == nullptr; }));
+    EXPECT_TRUE(made->window->isVisible());
 }
 
 TEST_F(JourneyTest, AsksBeforeItIsClosedDuringARunAndThenEndsCleanly) {
