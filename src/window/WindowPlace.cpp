@@ -24,13 +24,20 @@ WindowPlace::WindowPlace(QWindow& window, QSettings& settings, QObject* parent)
     : QObject(parent), window_(window), settings_(settings) {
     restore();
     place_ = window_.geometry();
+    // The window system may tell of the new size before it tells that the window fills the screen.
+    settled_.setSingleShot(true);
+    settled_.setInterval(300);
+    connect(&settled_, &QTimer::timeout, this, &WindowPlace::note);
     for (auto changed :
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged}) {
-        connect(&window_, changed, this, &WindowPlace::note);
+        connect(&window_, changed, &settled_, qOverload<>(&QTimer::start));
     }
 }
 
 WindowPlace::~WindowPlace() {
+    if (settled_.isActive()) {
+        note();
+    }
     settings_.setValue(placeKey(), place_);
     settings_.setValue(maximizedKey(), window_.windowStates().testFlag(Qt::WindowMaximized));
 }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QRect>
+#include <QTimer>
 
 class QSettings;
 class QWindow;
@@ -24,6 +25,7 @@ private:
     QWindow& window_;
     QSettings& settings_;
     QRect place_;
+    QTimer settled_; ///< runs while the place changes
 };
 
 } // namespace lumeo

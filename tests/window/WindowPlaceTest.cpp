@@ -3,6 +3,7 @@
 #include "support/EventLoop.h"
 #include "support/TempFolder.h"
 
+#include <QScreen>
 #include <QSettings>
 #include <QWindow>
 
@@ -54,6 +55,17 @@ TEST_F(WindowPlaceTest, KeepsItsPlaceWhileItFillsTheScreen) {
         EXPECT_TRUE(window.windowStates().testFlag(Qt::WindowMaximized));
         window.showNormal();
         window.setGeometry(place);
+    });
+    EXPECT_EQ(live(), place);
+}
+
+TEST_F(WindowPlaceTest, IsNotTakenFromASizeThatComesBeforeTheWordOfAFullScreen) {
+    const QRect place(80, 90, 500, 300);
+    live([&](QWindow& window) { window.setGeometry(place); });
+    live([](QWindow& window) {
+        window.setGeometry(window.screen()->availableGeometry());
+        QCoreApplication::processEvents();
+        window.showMaximized();
     });
     EXPECT_EQ(live(), place);
 }
