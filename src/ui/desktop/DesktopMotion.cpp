@@ -5,8 +5,6 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
-#include <optional>
-
 namespace lumeo {
 namespace {
 
@@ -31,17 +29,10 @@ bool is(const Setting& setting, const QString& group, const QString& key) {
     return group == text(setting.group) && key == text(setting.key);
 }
 
-/// Absent when the setting says nothing of motion.
-std::optional<bool> reducedBy(const QString& group, const QString& key, const QVariant& value) {
-    if (is(animations, group, key)) {
-        return !value.toBool();
-    }
-    if (is(durationFactor, group, key)) {
-        bool isNumber = false;
-        const double factor = value.toDouble(&isNumber);
-        return isNumber && factor <= 0;
-    }
-    return std::nullopt;
+bool isNothing(const QVariant& factor) {
+    bool isNumber = false;
+    const double value = factor.toDouble(&isNumber);
+    return isNumber && value <= 0;
 }
 
 } // namespace
@@ -73,9 +64,14 @@ void DesktopMotion::take(const QString& group, const QString& key, const QDBusVa
     while (inner.canConvert<QDBusVariant>()) {
         inner = inner.value<QDBusVariant>().variant();
     }
-    if (const auto reduced = reducedBy(group, key, inner)) {
-        emit reducedChanged(*reduced);
+    if (is(animations, group, key)) {
+        hasNoAnimations_ = !inner.toBool();
+    } else if (is(durationFactor, group, key)) {
+        hasNoDuration_ = isNothing(inner);
+    } else {
+        return;
     }
+    emit reducedChanged(hasNoAnimations_ || hasNoDuration_);
 }
 
 } // namespace lumeo

@@ -22,6 +22,10 @@ private slots:
 
 private:
     void ask(const QString& group, const QString& key);
+
+    // Desktops may answer for each other's settings: one that asks for less motion is enough.
+    bool hasNoAnimations_ = false;
+    bool hasNoDuration_ = false;
 };
 
 } // namespace lumeo
