@@ -32,8 +32,8 @@ public:
 /// What a save panel is to offer.
 struct SaveRequest {
     QString defaultName;
-    QString typeName; ///< the kind of document, for people
-    QString suffix;   ///< without a dot
+    QString prompt; ///< the text of the button that confirms, and what the panel is headed with
+    QString suffix; ///< without a dot
 };
 
 /// Asks the user where to write a document. Main thread only.

@@ -97,6 +97,10 @@ struct Answers {
 const FolderRequest request{
     .prompt = QStringLiteral("Select"), .message = QStringLiteral("Choose folders"), .allowsSeveral = true};
 
+const SaveRequest saving{.defaultName = QStringLiteral("report.csv"),
+                         .prompt = QStringLiteral("Export"),
+                         .suffix = QStringLiteral("csv")};
+
 TEST(DesktopFolderChooserTest, GivesSeveralFoldersWithEveryByteOfTheirNames) {
     FakeDesktop desktop;
     desktop.uris = {QStringLiteral("file:///media/card%20one"), QStringLiteral("file:///home/caf%E9"),
@@ -144,28 +148,63 @@ TEST(DesktopFolderChooserTest, SaysNothingMoreOnceItIsGone) {
     EXPECT_EQ(answers.count, 0);
 }
 
-TEST(DesktopFolderChooserTest, ShowsTheToolkitsDialogWhereThereIsNoPortal) {
-    QQmlEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    QQuickWindow window;
-    window.show();
-    DesktopFolderChooser chooser(engine);
-    chooser.setWindow(&window);
+/// Windows over which dialogs of the toolkit can be shown.
+class ToolkitDialogTest : public ::testing::Test {
+protected:
+    ToolkitDialogTest() {
+        engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+        window_.show();
+    }
+
+    /// The dialog that has come up for `asker`; null when there is none after a while.
+    static QObject* dialogOf(const QObject& asker) {
+        QObject* dialog = nullptr;
+        std::ignore = waitUntil([&] {
+            for (QObject* const child : asker.findChildren<QObject*>()) {
+                if (child->property("acceptLabel").isValid() && child->property("visible").toBool()) {
+                    dialog = child;
+                }
+            }
+            return dialog != nullptr;
+        });
+        return dialog;
+    }
+
+    QQmlEngine engine_;
+    QQuickWindow window_;
+};
+
+TEST_F(ToolkitDialogTest, AsksForAFolderWhereThereIsNoPortal) {
+    DesktopFolderChooser chooser(engine_);
+    chooser.setWindow(&window_);
     Answers answers;
     chooser.choose(request, answers.listener());
-    QObject* dialog = nullptr;
-    ASSERT_TRUE(waitUntil([&] {
-        for (QObject* const child : chooser.findChildren<QObject*>()) {
-            if (child->property("selectedFolder").isValid() && child->property("visible").toBool()) {
-                dialog = child;
-            }
-        }
-        return dialog != nullptr;
-    }));
+    QObject* const dialog = dialogOf(chooser);
+    ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(dialog->property("title"), request.message);
     QMetaObject::invokeMethod(dialog, "reject");
     ASSERT_TRUE(waitUntil([&] { return answers.count > 0; }));
     EXPECT_TRUE(answers.folders.empty());
+}
+
+TEST_F(ToolkitDialogTest, AsksInsteadOfAPortalThatFails) {
+    FakeDesktop desktop;
+    desktop.response = 2;
+    DesktopSavePanel panel(engine_);
+    panel.setWindow(&window_);
+    int answers = 0;
+    panel.choose(saving, [&](const std::optional<FilePath>& file) {
+        EXPECT_FALSE(file.has_value());
+        ++answers;
+    });
+    QObject* const dialog = dialogOf(panel);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(answers, 0);
+    EXPECT_EQ(dialog->property("title"), saving.prompt);
+    EXPECT_EQ(dialog->property("acceptLabel"), saving.prompt);
+    EXPECT_EQ(dialog->property("selectedFile").toUrl().fileName(), saving.defaultName);
+    QMetaObject::invokeMethod(dialog, "reject");
+    EXPECT_TRUE(waitUntil([&] { return answers == 1; }));
 }
 
 TEST(DesktopSavePanelTest, TakesTheNameThatTheUserConfirmed) {
@@ -174,13 +213,12 @@ TEST(DesktopSavePanelTest, TakesTheNameThatTheUserConfirmed) {
     QQmlEngine engine;
     DesktopSavePanel panel(engine);
     std::optional<FilePath> chosen;
-    panel.choose({.defaultName = QStringLiteral("report.csv"),
-                  .typeName = QStringLiteral("CSV table"),
-                  .suffix = QStringLiteral("csv")},
-                 [&](std::optional<FilePath> file) { chosen = std::move(file); });
+    panel.choose(saving, [&](std::optional<FilePath> file) { chosen = std::move(file); });
     ASSERT_TRUE(waitUntil([&] { return chosen.has_value(); }));
     EXPECT_EQ(*chosen, FilePath("/home/report\n"));
-    EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("current_name")), QStringLiteral("report.csv"));
+    EXPECT_EQ(desktop.askedTitle, saving.prompt);
+    EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("accept_label")), saving.prompt);
+    EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("current_name")), saving.defaultName);
 }
 
 /// Stands for a dock that listens to the programs whose icons it shows.
@@ -224,17 +262,30 @@ TEST(LauncherProgressTest, TellsTheDockOfEachPercentAndTakesTheBarAway) {
     EXPECT_EQ(dock.updates, expected);
 }
 
-/// Stands for the portal of a desktop's settings, of which it has one.
+struct Setting {
+    QString group;
+    QString key;
+    QVariant value;
+};
+
+Setting animations(bool enabled) {
+    return {QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations"), enabled};
+}
+
+Setting durationFactor(const char* factor) {
+    return {QStringLiteral("org.kde.kdeglobals.KDE"), QStringLiteral("AnimationDurationFactor"),
+            QString::fromLatin1(factor)};
+}
+
+/// Stands for the portal of a desktop's settings.
 class FakeSettings : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    FakeSettings(QString group, QString key, QVariant value)
+    explicit FakeSettings(std::vector<Setting> settings)
         : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("settings"))),
-          group_(std::move(group)),
-          key_(std::move(key)),
-          value_(std::move(value)) {
+          settings_(std::move(settings)) {
         EXPECT_TRUE(bus_.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
                                         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
         EXPECT_TRUE(bus_.registerService(FakeDesktop::service()));
@@ -244,15 +295,18 @@ public:
         QDBusConnection::disconnectFromBus(QStringLiteral("settings"));
     }
 
-    void change(const QVariant& value) { emit SettingChanged(group_, key_, QDBusVariant(value)); }
+    void change(const Setting& to) { emit SettingChanged(to.group, to.key, QDBusVariant(to.value)); }
 
 public slots:
     QDBusVariant Read(const QString& group, const QString& key, const QDBusMessage& message) {
-        if (group != group_ || key != key_) {
-            message.setDelayedReply(true);
-            bus_.send(message.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("not found")));
+        for (const Setting& setting : settings_) {
+            if (setting.group == group && setting.key == key) {
+                return QDBusVariant(QVariant::fromValue(QDBusVariant(setting.value)));
+            }
         }
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(value_)));
+        message.setDelayedReply(true);
+        bus_.send(message.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("not found")));
+        return QDBusVariant();
     }
 
 signals:
@@ -260,33 +314,36 @@ signals:
 
 private:
     QDBusConnection bus_;
-    QString group_;
-    QString key_;
-    QVariant value_;
+    std::vector<Setting> settings_;
 };
 
-/// What a desktop with this setting says of motion, at first and after each change.
-QList<bool> reductions(const char* group, const char* key, const QVariant& value,
-                       const QVariantList& changes) {
-    FakeSettings settings(QString::fromLatin1(group), QString::fromLatin1(key), value);
-    QList<bool> said;
+/// What a desktop with these settings says of motion once all are known, and after each change.
+QList<bool> reductions(const std::vector<Setting>& settings, const std::vector<Setting>& changes) {
+    FakeSettings desktop(settings);
+    QList<bool> answers;
     const DesktopMotion motion;
-    QObject::connect(&motion, &DesktopMotion::reducedChanged, [&](bool reduced) { said.append(reduced); });
-    EXPECT_TRUE(waitUntil([&] { return said.size() == 1; }));
-    for (const QVariant& change : changes) {
-        const auto count = said.size();
-        settings.change(change);
-        EXPECT_TRUE(waitUntil([&] { return said.size() > count; }));
+    QObject::connect(&motion, &DesktopMotion::reducedChanged, [&](bool reduced) { answers.append(reduced); });
+    EXPECT_TRUE(waitUntil([&] { return answers.size() == static_cast<qsizetype>(settings.size()); }));
+    QList<bool> said{answers.value(answers.size() - 1)};
+    for (const Setting& change : changes) {
+        const auto before = answers.size();
+        desktop.change(change);
+        EXPECT_TRUE(waitUntil([&] { return answers.size() > before; }));
+        said.append(answers.back());
     }
     return said;
 }
 
 TEST(DesktopMotionTest, FollowsTheDesktopsSwitchAndItsFactor) {
-    EXPECT_EQ(reductions("org.gnome.desktop.interface", "enable-animations", false, {true, false}),
+    EXPECT_EQ(reductions({animations(false)}, {animations(true), animations(false)}),
               (QList<bool>{true, false, true}));
-    EXPECT_EQ(reductions("org.kde.kdeglobals.KDE", "AnimationDurationFactor", QStringLiteral("1"),
-                         {QStringLiteral("0"), QStringLiteral("0.5")}),
+    EXPECT_EQ(reductions({durationFactor("1")}, {durationFactor("0"), durationFactor("0.5")}),
               (QList<bool>{false, true, false}));
+    // Whichever is asked last, one that wants less motion is enough.
+    EXPECT_EQ(reductions({animations(true), durationFactor("0")}, {durationFactor("1")}),
+              (QList<bool>{true, false}));
+    EXPECT_EQ(reductions({animations(false), durationFactor("1")}, {animations(true)}),
+              (QList<bool>{true, false}));
 }
 
 } // namespace

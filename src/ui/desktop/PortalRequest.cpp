@@ -98,7 +98,14 @@ void PortalRequest::refuse() {
 
 void PortalRequest::respond(uint response, const QVariantMap& results) {
     constexpr uint confirmed = 0;
-    finish(response == confirmed ? results.value(QStringLiteral("uris")).toStringList() : QStringList());
+    constexpr uint cancelled = 1;
+    if (response == confirmed) {
+        finish(results.value(QStringLiteral("uris")).toStringList());
+    } else if (response == cancelled) {
+        finish({});
+    } else {
+        refuse();
+    }
 }
 
 void PortalRequest::finish(const QStringList& uris) {

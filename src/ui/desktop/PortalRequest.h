@@ -23,7 +23,7 @@ public:
 
     /// Calls `method` ("OpenFile", "SaveFile") of the portal with a dialog over `window` (may be null).
     /// Exactly one of `answer` and `refused` is called, later: `refused` where no portal shows such a
-    /// dialog. Neither is when `parent` is destroyed first.
+    /// dialog, or one tried and failed. Neither is when `parent` is destroyed first.
     static void ask(const QString& method, const QString& title, QVariantMap options, const QWindow* window,
                     Answer answer, Refusal refused, QObject* parent);
 

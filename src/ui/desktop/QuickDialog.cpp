@@ -2,6 +2,7 @@
 
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQuickStyle>
 #include <QWindow>
 
 #include <utility>
@@ -28,10 +29,19 @@ private:
     QuickDialog::Answer answer_;
 };
 
+/// Left to itself, the toolkit draws a dialog and what is in it in two styles: white on white.
+void settleStyle() {
+    static bool isSettled = false;
+    if (!std::exchange(isSettled, true)) {
+        QQuickStyle::setStyle(QStringLiteral("Basic"));
+    }
+}
+
 } // namespace
 
 void QuickDialog::open(QQmlEngine& engine, const QString& name, QVariantMap properties, QWindow* window,
                        Answer answer, QObject* parent) {
+    settleStyle();
     auto* const listener = new Listener(std::move(answer), parent);
     QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/qt/qml/Lumeo/Desktop/%1.qml").arg(name)));
     properties[QStringLiteral("parentWindow")] = QVariant::fromValue(window);

@@ -110,7 +110,7 @@ bool ReportModel::hasDestination() const {
 
 void ReportModel::exportCSV() {
     save({.defaultName = QString::fromStdString(ReportExporter::defaultCSVName(clock_.now())),
-          .typeName = QStringLiteral("CSV"),
+          .prompt = QStringLiteral("Export CSV"),
           .suffix = QStringLiteral("csv")},
          [](const OperationManifest& manifest, const std::vector<MediaItem>& items) {
              return ReportExporter::generateCSV(manifest, items);
@@ -119,7 +119,7 @@ void ReportModel::exportCSV() {
 
 void ReportModel::exportReport() {
     save({.defaultName = QString::fromStdString(ReportExporter::defaultTextReportName(clock_.now())),
-          .typeName = QStringLiteral("Text"),
+          .prompt = QStringLiteral("Export Report"),
           .suffix = QStringLiteral("txt")},
          [](const OperationManifest& manifest, const std::vector<MediaItem>&) {
              return ReportExporter::generateTextReport(manifest);
