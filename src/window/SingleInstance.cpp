@@ -1,46 +1,80 @@
 #include "window/SingleInstance.h"
 
-#include <QDir>
+#include <QDataStream>
+#include <QDeadlineTimer>
 #include <QLocalSocket>
 #include <QStandardPaths>
-
-#include <unistd.h>
+#include <QThread>
 
 namespace lumeo {
 namespace {
 
-/// Long enough for a program that is busy drawing, short enough for one that hangs.
-constexpr int patienceMilliseconds = 1000;
-
+/// In a folder that no other user can write to.
 QString socketAddress(const QString& name) {
-    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return folder.isEmpty() ? QStringLiteral("%1/%2-%3").arg(QDir::tempPath(), name).arg(::getuid())
-                            : folder + u'/' + name;
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return folder.isEmpty() ? QString() : folder + u'/' + name;
+}
+
+int millisecondsLeft(const QDeadlineTimer& deadline) {
+    return static_cast<int>(deadline.remainingTime());
 }
 
 } // namespace
 
 SingleInstance::SingleInstance(const QString& name, QObject* parent)
-    : QObject(parent), address_(socketAddress(name)) {
+    : QObject(parent), address_(socketAddress(name)), lock_(address_ + QStringLiteral(".lock")) {
+    lock_.setStaleLockTime(0); // held as long as its program runs
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, [this] {
         while (auto* visitor = server_.nextPendingConnection()) {
-            visitor->deleteLater();
-            emit startedAgain();
+            connect(visitor, &QLocalSocket::disconnected, visitor, &QObject::deleteLater);
+            connect(visitor, &QLocalSocket::readyRead, this, [this, visitor] { hear(*visitor); });
+            hear(*visitor);
         }
     });
 }
 
-bool SingleInstance::claim() {
-    QLocalSocket first;
-    first.connectToServer(address_);
-    if (first.waitForConnected(patienceMilliseconds)) {
-        return false;
+bool SingleInstance::claim(const Start& start, std::chrono::milliseconds patience) {
+    if (address_.isEmpty()) {
+        return true;
+    }
+    if (!lock_.tryLock(0)) {
+        const bool isAnotherOneThere = lock_.error() == QLockFile::LockFailedError;
+        return !isAnotherOneThere || !tell(start, patience);
     }
     // What is left there belongs to a program that has ended. Where no address can be had, two may run.
     QLocalServer::removeServer(address_);
     std::ignore = server_.listen(address_);
     return true;
+}
+
+bool SingleInstance::tell(const Start& start, std::chrono::milliseconds patience) const {
+    const QDeadlineTimer deadline(patience);
+    QLocalSocket first;
+    first.connectToServer(address_);
+    while (!first.waitForConnected(millisecondsLeft(deadline))) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QThread::msleep(20); // it has the lock, and will listen in a moment
+        first.connectToServer(address_);
+    }
+    QDataStream(&first) << start.showsSettings << start.activationToken;
+    // A program that hangs can be connected to: only its answer shows that it has heard.
+    return first.waitForBytesWritten(millisecondsLeft(deadline)) &&
+           first.waitForReadyRead(millisecondsLeft(deadline));
+}
+
+void SingleInstance::hear(QLocalSocket& visitor) {
+    Start start;
+    QDataStream stream(&visitor);
+    stream.startTransaction();
+    stream >> start.showsSettings >> start.activationToken;
+    if (stream.commitTransaction()) {
+        emit startedAgain(start);
+        visitor.putChar('\n');
+        visitor.flush();
+    }
 }
 
 } // namespace lumeo

@@ -14,12 +14,15 @@
 #include <QQmlEngine>
 #include <QSettings>
 
+#include <algorithm>
 #include <iostream>
 #include <optional>
 #include <span>
 #include <string_view>
 
 namespace {
+
+const char* const activationToken = "XDG_ACTIVATION_TOKEN";
 
 /// Answers what needs no display; false when the window is wanted.
 bool hasAnswered(std::span<const char* const> arguments) {
@@ -29,7 +32,8 @@ bool hasAnswered(std::span<const char* const> arguments) {
             return true;
         }
         if (argument == "--help" || argument == "-h") {
-            std::cout << "lumeo opens the window. For scripts and terminals there is lumeo-cli.\n";
+            std::cout << "lumeo opens the window; with --settings, that of the settings as well.\n"
+                         "For scripts and terminals there is lumeo-cli.\n";
             return true;
         }
     }
@@ -43,24 +47,47 @@ void name(QGuiApplication& application) {
     application.setDesktopFileName(QStringLiteral("org.lumeo.Lumeo"));
 }
 
-void bringToFront(QWindow& window) {
+/// Reads what the desktop has told a start, before the toolkit takes it for its own.
+lumeo::Start thisStart(std::span<const char* const> arguments) {
+    return {.showsSettings = std::ranges::any_of(
+                arguments, [](std::string_view argument) { return argument == "--settings"; }),
+            .activationToken = qgetenv(activationToken)};
+}
+
+void show(QWindow& window) {
+    window.setVisible(true); // QWindow::show() would forget that it fills the screen
+}
+
+void showSettingsIfAsked(QWindow& window, const lumeo::Start& start) {
+    if (start.showsSettings) {
+        QMetaObject::invokeMethod(&window, "openSettings");
+    }
+}
+
+void bringToFront(QWindow& window, const lumeo::Start& start) {
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        qputenv(activationToken, start.activationToken); // where requestActivate() looks for it
+    }
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
-    window.setVisible(true); // show() would take a large window's size away
+    show(window);
     window.raise();
     window.requestActivate();
+    showSettingsIfAsked(window, start);
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (hasAnswered(std::span(argv, static_cast<std::size_t>(argc)))) {
+    const std::span<const char* const> arguments(argv, static_cast<std::size_t>(argc));
+    if (hasAnswered(arguments)) {
         return 0;
     }
+    const lumeo::Start start = thisStart(arguments);
     QGuiApplication application(argc, argv);
     name(application);
 
     lumeo::SingleInstance instance(QStringLiteral("lumeo"));
-    if (!instance.claim()) {
+    if (!instance.claim(start)) {
         return 0;
     }
 
@@ -90,7 +117,7 @@ int main(int argc, char* argv[]) {
     QObject::connect(&motion, &lumeo::DesktopMotion::reducedChanged, &program.shell(),
                      &lumeo::ShellModel::setReducedMotion);
     QObject::connect(&instance, &lumeo::SingleInstance::startedAgain, window,
-                     [window] { bringToFront(*window); });
+                     [window](const lumeo::Start& again) { bringToFront(*window, again); });
 
     lumeo::LauncherProgress launcher(QGuiApplication::desktopFileName());
     const lumeo::ProcessingModel& run = program.processing();
@@ -101,6 +128,7 @@ int main(int argc, char* argv[]) {
     QObject::connect(&run, &lumeo::ProcessingModel::progressChanged, &launcher, showRun);
 
     const lumeo::WindowPlace place(*window, settings);
-    window->setVisible(true); // not show(), which forgets that it filled the screen
+    show(*window);
+    showSettingsIfAsked(*window, start);
     return QGuiApplication::exec();
 }

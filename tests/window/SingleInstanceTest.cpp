@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <future>
+#include <vector>
 
 namespace lumeo {
 namespace {
@@ -17,14 +18,17 @@ using testing::waitUntil;
 class SingleInstanceTest : public ::testing::Test {
 protected:
     /// Another start, as it would be in a process of its own; whether that one may run.
-    static bool startAgain() {
-        auto start = std::async(std::launch::async, [] {
+    static std::future<bool> starting(const Start& start, std::chrono::milliseconds patience) {
+        return std::async(std::launch::async, [start, patience] {
             SingleInstance again(QStringLiteral("program"));
-            return again.claim();
+            return again.claim(start, patience);
         });
+    }
+    static bool startAgain(const Start& start = {}) {
+        auto again = starting(start, std::chrono::minutes(1));
         EXPECT_TRUE(
-            waitUntil([&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
-        return start.get();
+            waitUntil([&] { return again.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+        return again.get();
     }
 
     TempFolder folder_;
@@ -33,25 +37,36 @@ protected:
 
 TEST_F(SingleInstanceTest, IsToldOfASecondStartWhichThenEnds) {
     SingleInstance first(QStringLiteral("program"));
-    int starts = 0;
-    QObject::connect(&first, &SingleInstance::startedAgain, [&] { ++starts; });
-    ASSERT_TRUE(first.claim());
+    std::vector<Start> starts;
+    QObject::connect(&first, &SingleInstance::startedAgain,
+                     [&](const Start& start) { starts.push_back(start); });
+    ASSERT_TRUE(first.claim({}));
     EXPECT_FALSE(startAgain());
-    EXPECT_FALSE(startAgain());
-    EXPECT_TRUE(waitUntil([&] { return starts == 2; }));
-    EXPECT_TRUE(SingleInstance(QStringLiteral("another program")).claim());
+    EXPECT_FALSE(startAgain({.showsSettings = true, .activationToken = "token"}));
+    ASSERT_EQ(starts.size(), 2U);
+    EXPECT_FALSE(starts[0].showsSettings);
+    EXPECT_TRUE(starts[1].showsSettings);
+    EXPECT_EQ(starts[1].activationToken, "token");
+    EXPECT_TRUE(SingleInstance(QStringLiteral("another program")).claim({}));
+}
+
+TEST_F(SingleInstanceTest, LetsASecondOneRunWhereTheFirstHangs) {
+    SingleInstance first(QStringLiteral("program"));
+    ASSERT_TRUE(first.claim({}));
+    EXPECT_TRUE(starting({}, std::chrono::milliseconds(50)).get()) << "no event is handled meanwhile";
+    EXPECT_FALSE(startAgain()) << "the first one can be reached all the same";
 }
 
 TEST_F(SingleInstanceTest, TakesThePlaceOfOneThatCrashed) {
     folder_.write("program", "what a crash leaves behind");
     SingleInstance first(QStringLiteral("program"));
-    EXPECT_TRUE(first.claim());
+    EXPECT_TRUE(first.claim({}));
     EXPECT_FALSE(startAgain());
 }
 
 TEST_F(SingleInstanceTest, RunsAllTheSameWhereNoSocketCanBe) {
     const ScopedEnvironment nowhere{"XDG_RUNTIME_DIR", "/no/such/folder"};
-    EXPECT_TRUE(SingleInstance(QStringLiteral("program")).claim());
+    EXPECT_TRUE(SingleInstance(QStringLiteral("program")).claim({}));
 }
 
 } // namespace
