@@ -237,6 +237,7 @@ private:
                                            {AppLanguage::english, appearance, settings->size()}));
                 }
                 settings->close();
+                made_.window->requestActivate();
             }
         }
     }
