@@ -1,7 +1,6 @@
 #include "app/AppState.h"
 
 #include "app/Preferences.h"
-#include "dates/FilesystemDates.h"
 #include "planning/OutputSize.h"
 
 #include <algorithm>
@@ -17,6 +16,22 @@ std::int64_t countOf(const std::vector<MediaItem>& items, Condition condition) {
 
 std::int64_t countOfType(const std::vector<MediaItem>& items, MediaType type) {
     return countOf(items, [type](const MediaItem& item) { return item.mediaType == type; });
+}
+
+/// A folder that is yet to be made has the room of the one that it will lie in.
+SourceVolume measured(const FilePath& destination, const AppEnvironment& environment) {
+    SourceVolume volume = SourceVolume::measure(Uuid::random(), destination, environment.volumes);
+    const FilePath nearest = environment.fileSystem.nearestExisting(destination);
+    if (nearest != destination) {
+        const SourceVolume around = SourceVolume::measure(volume.id, nearest, environment.volumes);
+        volume.volumeRootURL = around.volumeRootURL;
+        volume.isVolumeRoot = false;
+        volume.isRemovable = around.isRemovable;
+        volume.totalCapacityBytes = around.totalCapacityBytes;
+        volume.freeSpaceBytes = around.freeSpaceBytes;
+        volume.usedSpaceBytes = around.usedSpaceBytes;
+    }
+    return volume;
 }
 
 } // namespace
@@ -92,11 +107,19 @@ void AppState::proceedToNextStep() {
     }
 }
 
+bool AppState::isReachable(WizardStep step) const {
+    return step <= currentStep_ || completedSteps_.contains(step) ||
+           (isScanning_ && step == WizardStep::scanResults) ||
+           (isProcessing_ && step == WizardStep::processing);
+}
+
 void AppState::navigateToStep(WizardStep target) {
-    if (target > currentStep_ && !completedSteps_.contains(target)) {
+    if (!isReachable(target)) {
         return;
     }
-    operationAwaits_ = operationAwaits_ && target == currentStep_;
+    if (target != currentStep_) {
+        takeStartBack();
+    }
     if (target == WizardStep::preview && !isPlanCurrent_ && !isPlanning_) {
         startPlanning();
     }
@@ -154,8 +177,19 @@ void AppState::addSource(const FilePath& url) {
     if (std::ranges::find(sources_, standardized, &SourceVolume::url) != sources_.end()) {
         return;
     }
-    sources_.push_back(SourceVolume::measure(Uuid::random(), standardized, environment_.volumes));
+    sources_.push_back(SourceVolume::unmeasured(Uuid::random(), standardized));
     emit sourcesChanged();
+    jobs_.start(
+        [this, id = sources_.back().id, standardized](const std::stop_token& /*stop*/) {
+            return SourceVolume::measure(id, standardized, environment_.volumes);
+        },
+        [this](SourceVolume measured) {
+            const auto place = std::ranges::find(sources_, measured.id, &SourceVolume::id);
+            if (place != sources_.end()) {
+                *place = std::move(measured);
+                emit sourcesChanged();
+            }
+        });
 }
 
 void AppState::removeSource(const Uuid& id) {
@@ -169,52 +203,46 @@ void AppState::clearSources() {
 }
 
 void AppState::setDestination(const FilePath& url) {
+    if (isChangingFiles()) {
+        return;
+    }
     organizationPlan_.destinationURL = FilePath::standardized(url.bytes());
-    destinationVolume_ = measureDestination();
+    destinationVolume_ = SourceVolume::unmeasured(Uuid::random(), *organizationPlan_.destinationURL);
     emit organizationPlanChanged();
     emit destinationVolumeChanged();
-    operationAwaits_ = false;
+    measureDestination([] {});
+    takeStartBack();
     isPlanCurrent_ = false;
     startPlanning();
 }
 
-/// A folder that is yet to be made has the room of the one that it will lie in.
-SourceVolume AppState::measureDestination() const {
-    const FilePath& folder = *organizationPlan_.destinationURL;
-    SourceVolume volume = SourceVolume::measure(Uuid::random(), folder, environment_.volumes);
-    const FilePath nearest = environment_.fileSystem.nearestExisting(folder);
-    if (nearest != folder) {
-        const SourceVolume around = SourceVolume::measure(volume.id, nearest, environment_.volumes);
-        volume.volumeRootURL = around.volumeRootURL;
-        volume.isVolumeRoot = false;
-        volume.isRemovable = around.isRemovable;
-        volume.totalCapacityBytes = around.totalCapacityBytes;
-        volume.freeSpaceBytes = around.freeSpaceBytes;
-        volume.usedSpaceBytes = around.usedSpaceBytes;
-    }
-    return volume;
+void AppState::measureDestination(std::function<void()> next) {
+    jobs_.start([this, folder = *organizationPlan_.destinationURL](
+                    const std::stop_token& /*stop*/) { return measured(folder, environment_); },
+                [this, number = ++measurementNumber_, next = std::move(next)](SourceVolume volume) {
+                    if (number == measurementNumber_) {
+                        destinationVolume_ = std::move(volume);
+                        emit destinationVolumeChanged();
+                        next();
+                    }
+                });
 }
 
 void AppState::setOrganizationPlan(OrganizationPlan plan) {
     plan.destinationURL = organizationPlan_.destinationURL;
-    const OrganizationPlan before = std::exchange(organizationPlan_, std::move(plan));
-    if (before == organizationPlan_) {
+    if (plan == organizationPlan_ || isChangingFiles()) {
         return;
     }
-    operationAwaits_ = false;
+    const OrganizationPlan before = std::exchange(organizationPlan_, std::move(plan));
+    takeStartBack();
     emit organizationPlanChanged();
+    isPlanCurrent_ = false;
     if (before.unknownDatePolicy != organizationPlan_.unknownDatePolicy) {
-        std::vector<MediaItem> items = *scannedItems_;
-        if (organizationPlan_.unknownDatePolicy == UnknownDatePolicy::useFilesystemDate) {
-            FilesystemDates::apply(items, environment_.clock);
-        } else {
-            FilesystemDates::remove(items);
-        }
-        replaceItems(std::move(items));
-    }
-    outdatePlan();
-    if (before.preset != organizationPlan_.preset && !isPlanning_) {
+        reviseItems();
+    } else if (before.preset != organizationPlan_.preset) {
         startPlanning();
+    } else {
+        outdatePlan();
     }
 }
 
@@ -233,7 +261,7 @@ void AppState::replaceItems(std::vector<MediaItem> items) {
 
 void AppState::replaceCatalogue(std::vector<MediaItem> items) {
     cancelPlanning();
-    operationAwaits_ = false;
+    takeStartBack();
     detectionStop_.request_stop();
     ++catalogueNumber_;
     change(isDetectingDuplicates_, false, &AppState::isDetectingDuplicatesChanged);
@@ -250,19 +278,20 @@ void AppState::goBackToTheStart() {
 }
 
 void AppState::finishCompletedOperation() {
-    if (isProcessing_) {
+    if (isChangingFiles()) {
         return;
     }
     operationPause_ = nullptr;
     goBackToTheStart();
     change(operationProgress_, {}, &AppState::operationProgressChanged);
     change(organizationPlan_, environment_.preferences.newPlan(), &AppState::organizationPlanChanged);
+    ++measurementNumber_;
     change(destinationVolume_, {}, &AppState::destinationVolumeChanged);
     change(selectedFilter_, QStringLiteral("all"), &AppState::selectedFilterChanged);
 }
 
 void AppState::restartWorkflow() {
-    if (!isProcessing_) {
+    if (!isChangingFiles()) {
         goBackToTheStart();
     }
 }

@@ -14,11 +14,13 @@
 #include "transfer/LastOperationSummary.h"
 #include "transfer/OperationManifest.h"
 #include "transfer/OperationProgress.h"
+#include "transfer/UndoEngine.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QString>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -65,21 +67,31 @@ public:
 
     [[nodiscard]] WizardStep currentStep() const { return currentStep_; }
     [[nodiscard]] const std::set<WizardStep>& completedSteps() const { return completedSteps_; }
+    /// Each has its name and place at once, and the figures of its volume once they are measured.
     [[nodiscard]] const std::vector<SourceVolume>& sources() const { return sources_; }
     [[nodiscard]] bool isSelectingFolder() const { return isSelectingFolder_; } ///< a chooser is open
     [[nodiscard]] const Items& scannedItems() const { return scannedItems_; }   ///< never null
     [[nodiscard]] bool isScanning() const { return isScanning_; }
     [[nodiscard]] const ScanProgress& scanProgress() const { return scanProgress_; }
     [[nodiscard]] const OrganizationPlan& organizationPlan() const { return organizationPlan_; }
+    /// Measured a moment after it was chosen, and again before each run.
     [[nodiscard]] const std::optional<SourceVolume>& destinationVolume() const { return destinationVolume_; }
-    [[nodiscard]] bool isPlanning() const { return isPlanning_; }
+    [[nodiscard]] bool isPlanning() const { return isPlanning_; } ///< items are being dated or planned anew
     [[nodiscard]] const PlanningProgress& planningProgress() const { return planningProgress_; }
     [[nodiscard]] const OperationProgress& operationProgress() const { return operationProgress_; }
+    /// A run was asked for and has neither begun nor been refused yet.
+    [[nodiscard]] bool isStartingOperation() const { return isStartingOperation_; }
     [[nodiscard]] bool isProcessing() const { return isProcessing_; }
     /// The journal of the last run that was not cancelled; null when there is none.
     [[nodiscard]] const std::shared_ptr<const OperationManifest>& activeManifest() const {
         return activeManifest_;
     }
+    [[nodiscard]] bool isUndoing() const { return isUndoing_; }
+    [[nodiscard]] const UndoProgress& undoProgress() const { return undoProgress_; }
+    /// How the last undo of `activeManifest` ended; absent before.
+    [[nodiscard]] const std::optional<UndoResult>& undoResult() const { return undoResult_; }
+    /// A run or an undo is under way: sources, plan and results stay as they are until it ends.
+    [[nodiscard]] bool isChangingFiles() const { return isProcessing_ || isUndoing_; }
     [[nodiscard]] const std::optional<LastOperationSummary>& lastOperationSummary() const {
         return lastOperationSummary_;
     }
@@ -100,7 +112,9 @@ public:
 
     [[nodiscard]] bool canProceedToNextStep() const;
     void proceedToNextStep();
-    /// Back always; forward only to completed steps. Entering the preview plans again.
+    /// Back always; forward only to completed steps and to the scan or run that is under way.
+    [[nodiscard]] bool isReachable(WizardStep step) const;
+    /// Nothing happens when the step is out of reach. Entering the preview plans what is not planned.
     void navigateToStep(WizardStep target);
 
     void promptAddFolderPanel();
@@ -108,14 +122,14 @@ public:
     void removeSource(const Uuid& id);
     void clearSources();
     void promptDestinationFolderPanel();
-    void setDestination(const FilePath& url);
+    void setDestination(const FilePath& url); ///< not during a run or an undo
 
-    /// Takes over the user's settings; the destination stays as it is. Items are dated again when the
-    /// policy for undated files changed, and planned again (startPlanning()) when the preset changed;
-    /// other changes reach their places with the next planning.
+    /// Takes over the user's settings; the destination stays as it is. Items are dated and planned again,
+    /// as a job, when the policy for undated files or the preset changed; other changes reach their
+    /// places with the next planning. Nothing happens during a run or an undo.
     void setOrganizationPlan(OrganizationPlan plan);
 
-    void startScan();
+    void startScan(); ///< not during a run or an undo
     void pauseScan();
     void resumeScan();
     void cancelScan();
@@ -126,7 +140,7 @@ public:
     /// Gives every item its place, on this thread; nothing happens without a destination.
     void calculatePlannedDestinations();
     /// The same as a job, which takes the place of one that is still running. `planningFinished` tells
-    /// its end.
+    /// its end. Nothing happens without a destination, or during a run or an undo.
     void startPlanning();
     void cancelPlanning(); ///< items keep the places that they had
 
@@ -141,7 +155,12 @@ public:
     void resumeOperation();
     void cancelOperation(); ///< takes one back that has not begun, too
 
-    // Both do nothing during a run.
+    /// Takes the run of `activeManifest` back, as a job. Nothing happens without one, or while a run or an
+    /// undo is under way.
+    void startUndo();
+    void stopUndo(); ///< after the file in hand; the rest counts as failed and stays
+
+    // Both do nothing during a run or an undo.
     void finishCompletedOperation(); ///< back to the start, with a new plan
     void restartWorkflow();          ///< back to the start, with the plan and destination as they are
 
@@ -160,8 +179,12 @@ signals:
     void planningProgressChanged();
     void planningFinished(bool completed); ///< false when cancelled; not sent when replaced by a newer job
     void operationProgressChanged();
+    void isStartingOperationChanged();
     void isProcessingChanged();
     void activeManifestChanged();
+    void isUndoingChanged();
+    void undoProgressChanged();
+    void undoResultChanged();
     void lastOperationSummaryChanged();
     /// A run has come back, with its journal, which the state itself keeps of completed runs only.
     void operationFinished(std::shared_ptr<const lumeo::OperationManifest> journal, bool cancelled);
@@ -180,20 +203,27 @@ private:
     /// The same with other files: what jobs still have to say about the old ones no longer counts.
     void replaceCatalogue(std::vector<MediaItem> items);
     void goBackToTheStart();
-    [[nodiscard]] SourceVolume measureDestination() const;
+    /// Measures the destination as a job and then goes on with `next`, unless it was chosen or measured
+    /// anew meanwhile.
+    void measureDestination(std::function<void()> next);
     [[nodiscard]] std::vector<FilePath> sourceRoots() const;
 
     void setScanPaused(bool paused);
     void showScanPaused(bool paused);
-    void finishScan(std::vector<MediaItem> items);
+    void finishScan(std::vector<MediaItem> items, UnknownDatePolicy datedUnder);
     void finishDuplicateDetection(const Items& analyzed, std::vector<MediaItem> found);
     void outdatePlan();
+    void reviseItems();
     void endPlanning(bool isComplete);
+    [[nodiscard]] bool canRun() const;
+    void takeStartBack();
     void startAwaitedOperation();
+    void runOrRefuse();
     void runOperation();
     void finishOperation(const std::shared_ptr<const OperationManifest>& journal);
     void recordLastOperationSummary(const OperationManifest& manifest);
     void setOperationPaused(bool paused);
+    void finishUndo(UndoResult result);
 
     AppEnvironment environment_;
 
@@ -209,8 +239,12 @@ private:
     bool isPlanning_ = false;
     PlanningProgress planningProgress_;
     OperationProgress operationProgress_;
+    bool isStartingOperation_ = false;
     bool isProcessing_ = false;
     std::shared_ptr<const OperationManifest> activeManifest_;
+    bool isUndoing_ = false;
+    UndoProgress undoProgress_;
+    std::optional<UndoResult> undoResult_;
     std::optional<LastOperationSummary> lastOperationSummary_;
     bool isDetectingDuplicates_ = false;
     QString selectedFilter_ = QStringLiteral("all");
@@ -219,13 +253,14 @@ private:
     int scanNumber_ = 0;
     int catalogueNumber_ = 0;
     int planningNumber_ = 0;
-    bool isPlanCurrent_ = false;   ///< the items have their places under the present plan
-    bool operationAwaits_ = false; ///< to be started once planning, or a cancelled run, has ended
-    bool isRunEnding_ = false;     ///< a cancelled run has not come back yet
+    int measurementNumber_ = 0;
+    bool isPlanCurrent_ = false; ///< the items have their places under the present plan
+    bool isRunEnding_ = false;   ///< a cancelled run has not come back yet
     std::stop_source scanStop_{std::nostopstate};
     std::stop_source detectionStop_{std::nostopstate};
     std::stop_source planningStop_{std::nostopstate};
     std::stop_source operationStop_{std::nostopstate};
+    std::stop_source undoStop_{std::nostopstate};
     std::shared_ptr<PauseSwitch<MediaScanner>> scanPause_;
     std::shared_ptr<PauseSwitch<FileOperationEngine>> operationPause_;
     BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with

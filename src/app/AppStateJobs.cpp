@@ -6,8 +6,19 @@
 
 #include <utility>
 
-// The state's long work: what runs on threads of its own, and how its results come back.
+// The state's work on the catalogue: what runs on threads of its own, and how its results come back.
 namespace lumeo {
+namespace {
+
+void date(std::vector<MediaItem>& items, UnknownDatePolicy policy, const Clock& clock) {
+    if (policy == UnknownDatePolicy::useFilesystemDate) {
+        FilesystemDates::apply(items, clock);
+    } else {
+        FilesystemDates::remove(items);
+    }
+}
+
+} // namespace
 
 std::vector<FilePath> AppState::sourceRoots() const {
     std::vector<FilePath> roots;
@@ -19,7 +30,7 @@ std::vector<FilePath> AppState::sourceRoots() const {
 }
 
 void AppState::startScan() {
-    if (sources_.empty()) {
+    if (sources_.empty() || isChangingFiles()) {
         return;
     }
     scanStop_.request_stop();
@@ -40,32 +51,35 @@ void AppState::startScan() {
             emit scanProgressChanged();
         }
     };
+    const UnknownDatePolicy policy = organizationPlan_.unknownDatePolicy;
     scanStop_ = jobs_.start(
-        [this, scanner, latest, show, pause = scanPause_,
-         roots = sourceRoots()](const std::stop_token& stop) {
-            return scanner->scan(
+        [this, scanner, latest, show, pause = scanPause_, roots = sourceRoots(),
+         policy](const std::stop_token& stop) {
+            std::vector<MediaItem> items = scanner->scan(
                 roots,
                 [&](const ScanProgress& progress) {
                     pause->hold();
                     latest->post(*this, progress, show);
                 },
                 stop);
+            date(items, policy, environment_.clock);
+            return items;
         },
-        [this, number](std::vector<MediaItem> items) {
+        [this, number, policy](std::vector<MediaItem> items) {
             if (number == scanNumber_) {
-                finishScan(std::move(items));
+                finishScan(std::move(items), policy);
             }
         });
 }
 
-void AppState::finishScan(std::vector<MediaItem> items) {
+void AppState::finishScan(std::vector<MediaItem> items, UnknownDatePolicy datedUnder) {
     showScanPaused(false);
-    if (organizationPlan_.unknownDatePolicy == UnknownDatePolicy::useFilesystemDate) {
-        FilesystemDates::apply(items, environment_.clock);
-    }
     replaceCatalogue(std::move(items));
     change(isScanning_, false, &AppState::isScanningChanged);
     complete({WizardStep::sources, WizardStep::scanResults});
+    if (datedUnder != organizationPlan_.unknownDatePolicy) {
+        reviseItems();
+    }
     emit scanFinished();
 }
 
@@ -137,10 +151,10 @@ void AppState::finishDuplicateDetection(const Items& analyzed, std::vector<Media
     outdatePlan();
 }
 
-/// The places that the items have may no longer be right.
+/// The places that the items have may no longer be right; where they are shown they are made right.
 void AppState::outdatePlan() {
     isPlanCurrent_ = false;
-    if (isPlanning_) {
+    if (isPlanning_ || currentStep_ == WizardStep::preview) {
         startPlanning();
     }
 }
@@ -151,15 +165,20 @@ void AppState::calculatePlannedDestinations() {
     }
     cancelPlanning();
     std::vector<MediaItem> items = *scannedItems_;
+    date(items, organizationPlan_.unknownDatePolicy, environment_.clock);
     DestinationPlanner::plan(items, organizationPlan_, environment_.fileSystem);
     isPlanCurrent_ = true;
     replaceItems(std::move(items));
 }
 
 void AppState::startPlanning() {
-    if (!organizationPlan_.destinationURL) {
-        return;
+    if (organizationPlan_.destinationURL && !isChangingFiles()) {
+        reviseItems();
     }
+}
+
+/// Dates the items under the present policy, and gives them their places if there is a destination.
+void AppState::reviseItems() {
     planningStop_.request_stop();
     const int number = ++planningNumber_;
     planningProgress_ = {.plannedCount = 0, .totalCount = totalFilesCount()};
@@ -175,16 +194,20 @@ void AppState::startPlanning() {
     };
     planningStop_ = jobs_.start(
         [this, latest, show, items = scannedItems_, plan = organizationPlan_](const std::stop_token& stop) {
-            std::vector<MediaItem> planned = *items;
-            DestinationPlanner::plan(
-                planned, plan, environment_.fileSystem, stop,
-                [&](std::size_t plannedCount) { latest->post(*this, plannedCount, show); });
-            return planned;
+            std::vector<MediaItem> revised = *items;
+            date(revised, plan.unknownDatePolicy, environment_.clock);
+            if (plan.destinationURL) {
+                DestinationPlanner::plan(
+                    revised, plan, environment_.fileSystem, stop,
+                    [&](std::size_t plannedCount) { latest->post(*this, plannedCount, show); });
+            }
+            return revised;
         },
-        [this, number](std::vector<MediaItem> planned) {
+        [this, number,
+         isPlanned = organizationPlan_.destinationURL.has_value()](std::vector<MediaItem> revised) {
             if (number == planningNumber_) {
-                isPlanCurrent_ = true;
-                replaceItems(std::move(planned));
+                isPlanCurrent_ = isPlanned;
+                replaceItems(std::move(revised));
                 endPlanning(true);
             }
         });
@@ -202,122 +225,9 @@ void AppState::endPlanning(bool isComplete) {
     change(isPlanning_, false, &AppState::isPlanningChanged);
     emit planningFinished(isComplete);
     if (!isComplete) {
-        operationAwaits_ = false;
+        takeStartBack();
     }
     startAwaitedOperation();
-}
-
-void AppState::startOperation() {
-    if (scannedItems_->empty() || !organizationPlan_.destinationURL || isProcessing_) {
-        return;
-    }
-    operationAwaits_ = true;
-    if (!isPlanCurrent_ && !isPlanning_) {
-        startPlanning();
-    }
-    startAwaitedOperation();
-}
-
-void AppState::startAwaitedOperation() {
-    if (!operationAwaits_ || !isPlanCurrent_ || isPlanning_ || isRunEnding_) {
-        return;
-    }
-    operationAwaits_ = false;
-    destinationVolume_ = measureDestination();
-    emit destinationVolumeChanged();
-    operationProgress_ = {};
-    const std::optional<std::int64_t> free = destinationVolume_->freeSpaceBytes;
-    const bool isRefused = free && requiredOutputSizeBytes() >= *free;
-    operationProgress_.errorsCount = isRefused ? 1 : 0;
-    emit operationProgressChanged();
-    if (isRefused) {
-        goTo(WizardStep::preview);
-    } else {
-        runOperation();
-    }
-}
-
-void AppState::runOperation() {
-    change(isProcessing_, true, &AppState::isProcessingChanged);
-    change(activeManifest_, {}, &AppState::activeManifestChanged);
-    goTo(WizardStep::processing);
-
-    const auto engine = std::make_shared<FileOperationEngine>(environment_.fileSystem, environment_.clock);
-    const auto latest = std::make_shared<LatestValue<OperationProgress>>();
-    operationPause_ = std::make_shared<PauseSwitch<FileOperationEngine>>(engine);
-    const auto show = [this, pause = operationPause_](OperationProgress progress) {
-        if (pause == operationPause_) {
-            progress.isPaused = operationProgress_.isPaused && !progress.isCompleted;
-            progress.isCancelled = progress.isCancelled || operationProgress_.isCancelled;
-            operationProgress_ = std::move(progress);
-            emit operationProgressChanged();
-        }
-    };
-    operationStop_ = jobs_.start(
-        [this, engine, latest, show, pause = operationPause_, items = scannedItems_, plan = organizationPlan_,
-         roots = sourceRoots()](const std::stop_token& stop) {
-            // The stop alone would let the file in transfer finish first, be it 100 GB long.
-            const std::stop_callback cancelling(stop, [&engine] { engine->cancel(); });
-            return std::make_shared<const OperationManifest>(engine->execute(
-                *items, plan, roots,
-                [&](const OperationProgress& progress) {
-                    pause->hold();
-                    latest->post(*this, progress, show);
-                },
-                stop));
-        },
-        [this](const std::shared_ptr<const OperationManifest>& journal) { finishOperation(journal); });
-}
-
-void AppState::finishOperation(const std::shared_ptr<const OperationManifest>& journal) {
-    // What a cancel is to show was shown when it was asked for.
-    const bool isCancelled = std::exchange(isRunEnding_, false);
-    operationPause_ = nullptr;
-    if (!isCancelled) {
-        change(isProcessing_, false, &AppState::isProcessingChanged);
-        change(activeManifest_, journal, &AppState::activeManifestChanged);
-        recordLastOperationSummary(*journal);
-        complete({WizardStep::preview, WizardStep::processing});
-        goTo(WizardStep::report);
-    }
-    emit operationFinished(journal, isCancelled);
-    startAwaitedOperation();
-}
-
-void AppState::recordLastOperationSummary(const OperationManifest& manifest) {
-    lastOperationSummary_ = LastOperationSummary::of(manifest, environment_.clock.now());
-    emit lastOperationSummaryChanged();
-    environment_.preferences.setLastOperationSummary(*lastOperationSummary_);
-}
-
-void AppState::pauseOperation() {
-    setOperationPaused(true);
-}
-
-void AppState::resumeOperation() {
-    setOperationPaused(false);
-}
-
-void AppState::setOperationPaused(bool paused) {
-    if (isProcessing_ && operationProgress_.isPaused != paused) {
-        operationProgress_.isPaused = paused;
-        emit operationProgressChanged();
-        operationPause_->set(paused);
-    }
-}
-
-void AppState::cancelOperation() {
-    operationAwaits_ = false;
-    if (!isProcessing_) {
-        return;
-    }
-    isRunEnding_ = true;
-    operationProgress_.isCancelled = true;
-    operationProgress_.isPaused = false;
-    emit operationProgressChanged();
-    change(isProcessing_, false, &AppState::isProcessingChanged);
-    goTo(WizardStep::preview);
-    operationStop_.request_stop();
 }
 
 } // namespace lumeo

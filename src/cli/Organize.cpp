@@ -114,6 +114,10 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
         return ExitStatus::interrupted;
     }
     const RunOutcome outcome = session.organize();
+    if (!outcome.journal && environment.interrupt.requested()) { // while the room was measured
+        printError("interrupted before anything was written");
+        return ExitStatus::interrupted;
+    }
     if (!outcome.journal) {
         printWantOfRoom(state);
         return ExitStatus::noSpace;

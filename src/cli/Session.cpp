@@ -106,10 +106,14 @@ RunOutcome Session::organize() {
                          outcome = {journal, isCancelled};
                          loop.quit();
                      });
+    const auto quitUnlessItRuns = [this, &loop] {
+        if (!state_.isStartingOperation() && !state_.isProcessing()) {
+            loop.quit(); // refused, or interrupted before it began
+        }
+    };
+    QObject::connect(&state_, &AppState::isStartingOperationChanged, &loop, quitUnlessItRuns);
     state_.startOperation();
-    if (state_.isProcessing()) {
-        run(loop, &AppState::cancelOperation);
-    }
+    run(loop, &AppState::cancelOperation);
     return outcome;
 }
 

@@ -24,7 +24,8 @@ public:
 
 /// A run that has come back.
 struct RunOutcome {
-    std::shared_ptr<const OperationManifest> journal; ///< null when the run was refused for want of room
+    /// Null when the run was refused for want of room, or interrupted before it began.
+    std::shared_ptr<const OperationManifest> journal;
     bool isCancelled = false;
 };
 

@@ -43,15 +43,22 @@ VolumeCapacity DestinationCapacityService::capacity(const FilePath& folder, cons
     return {root, totalBytes(facts), availableBytes(facts)};
 }
 
-SourceVolume SourceVolume::measure(const Uuid& id, const FilePath& url, const Volumes& volumes) {
-    const VolumeCapacity capacity = DestinationCapacityService::capacity(url, volumes);
-    const VolumeFacts facts = volumes.facts(capacity.volumeRootURL);
+SourceVolume SourceVolume::unmeasured(const Uuid& id, const FilePath& url) {
     SourceVolume volume;
     volume.id = id;
     volume.url = url;
+    volume.volumeRootURL = url;
+    volume.name = nameOf(url, {});
+    volume.path = url.bytes();
+    return volume;
+}
+
+SourceVolume SourceVolume::measure(const Uuid& id, const FilePath& url, const Volumes& volumes) {
+    const VolumeCapacity capacity = DestinationCapacityService::capacity(url, volumes);
+    const VolumeFacts facts = volumes.facts(capacity.volumeRootURL);
+    SourceVolume volume = unmeasured(id, url);
     volume.volumeRootURL = capacity.volumeRootURL;
     volume.name = nameOf(url, facts);
-    volume.path = url.bytes();
     volume.isVolumeRoot = volumes.resolved(url) == capacity.volumeRootURL;
     volume.isRemovable = facts.isRemovable.value_or(!facts.isInternal.value_or(true));
     volume.totalCapacityBytes = capacity.totalBytes;

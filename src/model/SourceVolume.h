@@ -26,8 +26,8 @@ struct DestinationCapacityService {
     static VolumeCapacity capacity(const FilePath& folder, const Volumes& volumes);
 };
 
-/// A folder that the user chose, as source or destination, and the volume that it lies on, measured
-/// when the record was made.
+/// A folder that the user chose, as source or destination, and the volume that it lies on, as it was when
+/// it was measured.
 struct SourceVolume {
     Uuid id;
     FilePath url;           ///< standardized
@@ -41,7 +41,10 @@ struct SourceVolume {
     std::optional<std::int64_t> usedSpaceBytes;
     std::optional<std::vector<std::byte>> securityBookmark; ///< absent on systems without such grants
 
-    /// Measures `url` now.
+    /// What is known of `url` without asking the disk.
+    static SourceVolume unmeasured(const Uuid& id, const FilePath& url);
+
+    /// Measures `url` now. A volume that does not answer blocks.
     static SourceVolume measure(const Uuid& id, const FilePath& url, const Volumes& volumes);
 
     /// "380 GB used / 500 GB", "120 GB free of 500 GB" or "500 GB"; absent without a total.

@@ -31,7 +31,7 @@ Window {
     color: Theme.ground
 
     onClosing: close => {
-        if (shell.isProcessing) {
+        if (shell.isChangingFiles) {
             close.accepted = false;
             closeQuestion.open();
         } else {
@@ -175,8 +175,8 @@ Window {
     Connections {
         target: window.shell
 
-        function onIsProcessingChanged() {
-            if (!window.shell.isProcessing)
+        function onIsChangingFilesChanged() {
+            if (!window.shell.isChangingFiles)
                 closeQuestion.close(); // it has answered itself
         }
     }
@@ -185,13 +185,14 @@ Window {
         id: closeQuestion
 
         title: qsTrId("proc.cancel") + "?"
-        message: window.shell.runText
+        message: window.shell.workText
         confirmText: qsTrId("proc.cancel")
         cancelText: qsTrId("org.back")
         destructive: true
         onConfirmed: {
             window.processingModel.cancel();
-            window.close();
+            window.reportModel.stopUndo();
+            Qt.quit();
         }
     }
 }

@@ -121,12 +121,68 @@ TEST_F(AppStateControlTest, CancelsARunWithinAFileAndHandsItsJournalOut) {
     EXPECT_EQ(filesBelow(card_.path()), card);
 }
 
+TEST_F(AppStateControlTest, KeepsWhatARunWorksOnAndTheWayBackToIt) {
+    fillCard(3);
+    preview();
+    const Gate gate(disk_, "createFile");
+    startRun();
+    ASSERT_TRUE(gate.awaitArrival());
+    const AppState::Items items = state().scannedItems();
+    const OrganizationPlan plan = state().organizationPlan();
+    state().navigateToStep(WizardStep::sources);
+    state().startScan();
+    state().setDestination(home_ / "elsewhere");
+    choosePolicy(DuplicatePolicy::keepAll);
+    choosePolicy(UnknownDatePolicy::useFilesystemDate);
+    state().startPlanning();
+    state().startOperation();
+    EXPECT_FALSE(state().isScanning() || state().isPlanning() || state().isStartingOperation());
+    EXPECT_EQ(state().scannedItems(), items);
+    EXPECT_EQ(state().organizationPlan(), plan);
+    EXPECT_EQ(state().currentStep(), WizardStep::sources);
+    state().navigateToStep(WizardStep::processing);
+    EXPECT_EQ(state().currentStep(), WizardStep::processing);
+    gate.open();
+    ASSERT_TRUE(waitUntil([this] { return state().currentStep() == WizardStep::report; }));
+    EXPECT_THAT(namesBelow(archive()), SizeIs(3));
+}
+
+TEST_F(AppStateControlTest, TakesARunBackWhileNothingElseMayTouchItsFiles) {
+    fillCard(3);
+    preview();
+    runToTheEnd();
+    const auto journal = state().activeManifest();
+    {
+        const Gate gate(disk_, "removeFile");
+        state().startUndo();
+        ASSERT_TRUE(gate.awaitArrival());
+        state().navigateToStep(WizardStep::preview);
+        state().startUndo();
+        state().startOperation();
+        state().startScan();
+        state().restartWorkflow();
+        state().finishCompletedOperation();
+        EXPECT_FALSE(state().isStartingOperation() || state().isScanning() || state().isPlanning());
+        EXPECT_EQ(state().currentStep(), WizardStep::preview);
+        EXPECT_THAT(*state().scannedItems(), SizeIs(3));
+    }
+    ASSERT_TRUE(waitUntil([this] { return !state().isUndoing() && !state().isPlanning(); }));
+    EXPECT_EQ(state().activeManifest(), journal);
+    ASSERT_TRUE(state().undoResult());
+    EXPECT_EQ(state().undoResult()->restoredCount, 3);
+    EXPECT_EQ(state().undoProgress().processedCount, 3);
+    EXPECT_THAT(namesBelow(archive()), IsEmpty());
+
+    runToTheEnd();
+    EXPECT_FALSE(state().undoResult()) << "of another run";
+    EXPECT_THAT(namesBelow(archive()), SizeIs(3));
+}
+
 TEST_F(AppStateControlTest, PausesARunFromItsFirstMomentOn) {
     fillCard(20);
     preview();
-    state().startOperation();
-    ASSERT_TRUE(state().isProcessing());
-    state().pauseOperation();
+    QObject::connect(&state(), &AppState::isProcessingChanged, &state(), &AppState::pauseOperation);
+    startRun();
     EXPECT_TRUE(state().operationProgress().isPaused);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     EXPECT_LE(namesBelow(archive()).size(), 2U)
@@ -279,6 +335,16 @@ TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {
         EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
     }
     EXPECT_LT(filesBelow(archive()).size(), card.size());
+
+    slowDown({});
+    preview();
+    runToTheEnd();
+    slowDown(std::chrono::microseconds(300));
+    state().startUndo();
+    ASSERT_TRUE(waitUntil([this] { return state().undoProgress().processedCount > 0; }));
+    restart();
+    EXPECT_TRUE(comesDownTo(threads));
+    EXPECT_FALSE(filesBelow(archive()).empty()) << "it ended with the file in hand";
     EXPECT_EQ(filesBelow(card_.path()), card);
 }
 
@@ -292,9 +358,13 @@ TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
     std::mt19937 random(20210314); // NOLINT(cert-msc32-c, cert-msc51-cpp): the same walk every time
     using Commands = std::vector<std::function<void()>>;
     const Commands runCommands{
-        [this] { state().startOperation(); },        [this] { state().pauseOperation(); },
-        [this] { state().resumeOperation(); },       [this] { state().cancelOperation(); },
-        [this] { state().runDuplicateDetection(); }, [this] { state().startPlanning(); },
+        [this] { state().startOperation(); },
+        [this] { state().pauseOperation(); },
+        [this] { state().resumeOperation(); },
+        [this] { state().cancelOperation(); },
+        [this] { state().runDuplicateDetection(); },
+        [this] { state().startPlanning(); },
+        [this] { state().startUndo(); },
     };
     Commands allCommands = runCommands;
     allCommands.insert(allCommands.end(),
@@ -321,7 +391,7 @@ TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
     state().cancelOperation();
     ASSERT_TRUE(waitUntil([this, threads] {
         return threadCount() <= threads && !state().isScanning() && !state().isPlanning() &&
-               !state().isProcessing() && !state().isDetectingDuplicates();
+               !state().isChangingFiles() && !state().isDetectingDuplicates();
     }));
     EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
     EXPECT_EQ(filesBelow(card_.path()), card);

@@ -11,6 +11,7 @@
 #include <QSettings>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <iterator>
@@ -24,18 +25,30 @@
 
 namespace lumeo {
 
-/// One volume that holds everything and has as much room as a test wants.
+/// One volume that holds everything and has as much room as a test wants. Asleep, it answers nobody.
 class OneVolume final : public Volumes {
 public:
-    std::optional<std::int64_t> freeBytes = 1'000'000'000;
+    static constexpr std::int64_t unknown = -1;
+    std::atomic<std::int64_t> freeBytes = 1'000'000'000;
+    std::atomic<bool> isAsleep = false;
 
-    [[nodiscard]] FilePath resolved(const FilePath& path) const override { return path; }
+    void wake() {
+        isAsleep = false;
+        isAsleep.notify_all();
+    }
+
+    [[nodiscard]] FilePath resolved(const FilePath& path) const override {
+        isAsleep.wait(true);
+        return path;
+    }
     [[nodiscard]] std::optional<FilePath> mountPoint(const FilePath& /*path*/) const override {
         return FilePath("/");
     }
     [[nodiscard]] VolumeFacts facts(const FilePath& /*mountPoint*/) const override {
         VolumeFacts facts;
-        facts.availableBytes = freeBytes;
+        if (const std::int64_t bytes = freeBytes; bytes != unknown) {
+            facts.availableBytes = bytes;
+        }
         return facts;
     }
 };
@@ -92,6 +105,11 @@ protected:
         state().previewChanges();
         ASSERT_TRUE(testing::waitUntil([this] { return !state().isPlanning(); }));
         ASSERT_EQ(state().currentStep(), WizardStep::preview);
+    }
+    /// A run that is under way.
+    void startRun() {
+        state().startOperation();
+        ASSERT_TRUE(testing::waitUntil([this] { return state().isProcessing(); }));
     }
     void runToTheEnd() {
         state().startOperation();

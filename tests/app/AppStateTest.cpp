@@ -82,7 +82,7 @@ TEST_F(AppStateTest, AsksForFoldersOneChooserAtATime) {
     EXPECT_TRUE(desktop_.lastRequest.allowsCreation);
     desktop_.answerFolders();
     EXPECT_EQ(state().organizationPlan().destinationURL, archive());
-    EXPECT_EQ(state().destinationVolume()->freeSpaceBytes, 1'000'000'000);
+    EXPECT_TRUE(waitUntil([this] { return state().destinationVolume()->freeSpaceBytes == 1'000'000'000; }));
 
     state().promptAddFolderPanel();
     restart();
@@ -130,9 +130,11 @@ TEST_F(AppStateTest, CompletesARunAndRemembersIt) {
     ASSERT_TRUE(state().activeManifest());
     EXPECT_THAT(state().activeManifest()->items, SizeIs(2));
     EXPECT_THAT(state().completedSteps(), IsSupersetOf({WizardStep::preview, WizardStep::processing}));
-    state().navigateToStep(WizardStep::preview);
-    state().navigateToStep(WizardStep::processing);
-    EXPECT_EQ(state().currentStep(), WizardStep::processing);
+    for (const WizardStep step :
+         {WizardStep::preview, WizardStep::processing, WizardStep::sources, WizardStep::report}) {
+        state().navigateToStep(step);
+        EXPECT_EQ(state().currentStep(), step);
+    }
 
     const auto summary = state().lastOperationSummary();
     ASSERT_TRUE(summary);
@@ -140,6 +142,36 @@ TEST_F(AppStateTest, CompletesARunAndRemembersIt) {
     restart();
     ASSERT_TRUE(state().lastOperationSummary());
     EXPECT_EQ(state().lastOperationSummary()->verifiedCount, 2);
+}
+
+TEST_F(AppStateTest, DoesNotWaitForAVolumeThatSleeps) {
+    fillCard(1);
+    volumes_.isAsleep = true;
+    state().addSource(card_.path());
+    state().addSource(home_.path());
+    state().setDestination(archive());
+    ASSERT_THAT(state().sources(), SizeIs(2));
+    EXPECT_EQ(state().sources().front().name, card_.path().lastComponent());
+    EXPECT_FALSE(state().sources().front().freeSpaceBytes);
+    EXPECT_EQ(state().destinationVolume()->name, "Archive");
+    state().removeSource(state().sources().back().id);
+    volumes_.wake();
+    EXPECT_TRUE(waitUntil([this] {
+        return state().sources().front().freeSpaceBytes && state().destinationVolume()->freeSpaceBytes;
+    }));
+    EXPECT_THAT(state().sources(), SizeIs(1)) << "what was removed stays so";
+
+    preview();
+    volumes_.isAsleep = true;
+    state().startOperation();
+    EXPECT_TRUE(state().isStartingOperation());
+    state().navigateToStep(WizardStep::organization);
+    EXPECT_FALSE(state().isStartingOperation());
+    volumes_.wake();
+    preview();
+    EXPECT_FALSE(state().isProcessing());
+    EXPECT_THAT(filesBelow(archive()), IsEmpty());
+    runToTheEnd();
 }
 
 TEST_F(AppStateTest, RefusesARunWithoutRoom) {
@@ -167,7 +199,7 @@ TEST_F(AppStateTest, RefusesARunWithoutRoom) {
     volumes_.freeBytes = 601;
     runToTheEnd();
     EXPECT_EQ(state().operationProgress().errorsCount, 0);
-    volumes_.freeBytes = std::nullopt;
+    volumes_.freeBytes = OneVolume::unknown;
     state().navigateToStep(WizardStep::preview);
     runToTheEnd();
 }
@@ -178,6 +210,10 @@ TEST_F(AppStateTest, KeepsDuplicatesApartWhenAsked) {
     preview();
     findDuplicates();
     choosePolicy(DuplicatePolicy::copyToDuplicatesFolder);
+    ASSERT_TRUE(waitUntil([this] { return !state().isPlanning(); }));
+    EXPECT_THAT(places(), ElementsAre("2021/2021-03 March/IMG_20210314_153045.jpg",
+                                      "_Duplicates/2021/2021-03 March/IMG_20210314_153045.jpg"))
+        << "the preview shows what a run would do";
     runToTheEnd();
     EXPECT_THAT(namesBelow(archive()), ElementsAre("2021/2021-03 March/IMG_20210314_153045.jpg",
                                                    "_Duplicates/2021/2021-03 March/IMG_20210314_153045.jpg"));
@@ -193,13 +229,11 @@ TEST_F(AppStateTest, DatesByTheFileSystemOnlyWhileThatIsThePolicy) {
     EXPECT_EQ(state().missingDateCount(), 1);
 
     choosePolicy(UnknownDatePolicy::useFilesystemDate);
+    ASSERT_TRUE(waitUntil([this] { return !state().isPlanning(); }));
     EXPECT_EQ(state().missingDateCount(), 0);
     for (const MediaItem& item : *state().scannedItems()) {
         EXPECT_EQ(item.dateSource == DateSourceType::filename, item.fileName() != "undated.jpg");
     }
-    state().navigateToStep(WizardStep::organization);
-    state().previewChanges();
-    ASSERT_TRUE(waitUntil([this] { return !state().isPlanning(); }));
     EXPECT_THAT(places(), ::testing::Not(::testing::Contains("_Unknown Date/undated.jpg")));
 
     choosePolicy(UnknownDatePolicy::unknownFolder);
@@ -209,6 +243,15 @@ TEST_F(AppStateTest, DatesByTheFileSystemOnlyWhileThatIsThePolicy) {
     choosePolicy(UnknownDatePolicy::useFilesystemDate);
     scanCard();
     EXPECT_EQ(state().missingDateCount(), 0) << "a new scan under the policy";
+
+    state().finishCompletedOperation();
+    const Gate gate(disk_, "openForReading");
+    state().startScan();
+    ASSERT_TRUE(gate.awaitArrival());
+    choosePolicy(UnknownDatePolicy::useFilesystemDate);
+    gate.open();
+    EXPECT_TRUE(waitUntil([this] { return !state().scannedItems()->empty() && !state().isPlanning(); }));
+    EXPECT_EQ(state().missingDateCount(), 0) << "chosen during the scan, without a destination";
 }
 
 TEST_F(AppStateTest, ImportsACardAgainWithoutMakingCopies) {

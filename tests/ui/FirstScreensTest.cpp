@@ -52,7 +52,7 @@ TEST(SourcesScreenTest, TakesDroppedFoldersAndShowsThemAsCards) {
     ASSERT_EQ(made.state.sources().size(), 2U);
     EXPECT_EQ(made.state.sources()[0].url.bytes(), "/photos/\xE9t\xE9");
     EXPECT_EQ(screen.find("sources.emptyInstruction"), nullptr);
-    EXPECT_NE(screen.find("sources.externalDriveBadge"), nullptr);
+    EXPECT_TRUE(waitUntil([&] { return screen.find("sources.externalDriveBadge") != nullptr; }));
     EXPECT_TRUE(screen.press("Remove folder from scan list"));
     EXPECT_EQ(made.state.sources().size(), 1U);
     EXPECT_TRUE(screen.press("sources.scanMedia"));

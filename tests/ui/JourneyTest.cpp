@@ -224,5 +224,34 @@ TEST_F(JourneyTest, AsksBeforeItIsClosedDuringARunAndThenEndsCleanly) {
     EXPECT_TRUE(areThere(expected));
 }
 
+TEST_F(JourneyTest, AsksBeforeItIsClosedDuringAnUndoAndThenEndsCleanly) {
+    ASSERT_NO_FATAL_FAILURE(plan());
+    ASSERT_TRUE(click("Preview Changes"));
+    ASSERT_TRUE(click("Start Copy"));
+    ASSERT_TRUE(made->shows("Organization Complete"));
+    bool hasQuit = false;
+    QObject::connect(&made->engine, &QQmlEngine::quit, [&] { hasQuit = true; });
+    const Gate gate(made->disk, [files = 0](const DiskCall& call) mutable {
+        return call.operation == "removeFile" && ++files == 2;
+    });
+    ASSERT_NO_FATAL_FAILURE(undo());
+    ASSERT_TRUE(gate.awaitArrival());
+    ASSERT_TRUE(click("Preview"));
+    EXPECT_FALSE(made->find("Start Copy")->isEnabled());
+    EXPECT_FALSE(made->state.isPlanning());
+
+    made->window->close();
+    EXPECT_TRUE(made->shows("Cancel Operation?"));
+    EXPECT_FALSE(hasQuit);
+    ASSERT_TRUE(made->click("Cancel Operation"));
+    EXPECT_TRUE(waitUntil([&] { return hasQuit; }));
+    gate.open();
+    made.reset();
+    EXPECT_EQ(filesBelow(archive()).size(), places().size() - 2) << "it ended with the file in hand";
+    for (const auto& [name, content] : originals) {
+        EXPECT_EQ(contentOf(home / name), content);
+    }
+}
+
 } // namespace
 } // namespace lumeo

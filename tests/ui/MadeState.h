@@ -14,6 +14,7 @@
 #include <QSettings>
 
 #include <map>
+#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,30 +22,37 @@
 namespace lumeo::testing {
 
 /// Volumes whose facts a test sets; every folder is on the volume that was set for the longest path
-/// above it.
+/// above it. Any thread may call.
 class MadeVolumes final : public Volumes {
 public:
-    std::map<FilePath, VolumeFacts> all{{FilePath("/"), VolumeFacts{}}};
-
     void add(const FilePath& mountPoint, std::optional<std::int64_t> total,
              std::optional<std::int64_t> available, bool isRemovable = false) {
         VolumeFacts facts;
         facts.totalBytes = total;
         facts.availableBytes = available;
         facts.isRemovable = isRemovable;
-        all[mountPoint] = facts;
+        const std::scoped_lock lock(mutex_);
+        all_[mountPoint] = facts;
     }
 
     [[nodiscard]] FilePath resolved(const FilePath& path) const override { return path; }
     [[nodiscard]] std::optional<FilePath> mountPoint(const FilePath& path) const override {
+        const std::scoped_lock lock(mutex_);
         for (FilePath folder = path; folder != folder.parent(); folder = folder.parent()) {
-            if (all.contains(folder)) {
+            if (all_.contains(folder)) {
                 return folder;
             }
         }
         return FilePath("/");
     }
-    [[nodiscard]] VolumeFacts facts(const FilePath& mountPoint) const override { return all.at(mountPoint); }
+    [[nodiscard]] VolumeFacts facts(const FilePath& mountPoint) const override {
+        const std::scoped_lock lock(mutex_);
+        return all_.at(mountPoint);
+    }
+
+private:
+    mutable std::mutex mutex_;
+    std::map<FilePath, VolumeFacts> all_{{FilePath("/"), VolumeFacts{}}}; ///< guarded by mutex_
 };
 
 /// Answers at once with what the test has laid out, and remembers what was asked.

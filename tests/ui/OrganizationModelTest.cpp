@@ -22,6 +22,9 @@ protected:
         made_.volumes.add(FilePath("/"), 100'000'000, freeBytes);
         made_.desktop.folders = {made_.folder / "archive"};
         model_.chooseDestination();
+        ASSERT_TRUE(testing::waitUntil([&] {
+            return made_.state.destinationVolume()->totalCapacityBytes.has_value(); // it is measured
+        }));
     }
 
     MadeState made_;

@@ -95,7 +95,8 @@ TEST_F(PreviewModelTest, MovesOnlyAfterTheQuestion) {
     preview();
     made_.setMode(OperationMode::move);
     model_.confirmMove();
-    EXPECT_FALSE(made_.state.isProcessing());
+    EXPECT_FALSE(made_.state.isStartingOperation());
+    ASSERT_TRUE(waitUntil([this] { return model_.canStart(); }));
     model_.start();
     EXPECT_TRUE(model_.showMoveConfirmation());
     EXPECT_EQ(made_.state.currentStep(), WizardStep::preview);
@@ -108,6 +109,8 @@ TEST_F(PreviewModelTest, CopiesAtOnceAndSaysWhyARunIsRefused) {
     preview();
     made_.volumes.add(FilePath("/"), 1000, made_.state.requiredOutputSizeBytes());
     model_.start();
+    EXPECT_FALSE(model_.canStart()) << "twice";
+    ASSERT_TRUE(waitUntil([this] { return model_.canStart(); }));
     EXPECT_TRUE(model_.refusal().contains(QStringLiteral("1 byte missing")))
         << model_.refusal().toStdString();
     made_.volumes.add(made_.folder / "larger", 1'000'000, 500'000);
@@ -117,8 +120,8 @@ TEST_F(PreviewModelTest, CopiesAtOnceAndSaysWhyARunIsRefused) {
     ASSERT_TRUE(waitUntil([this] { return model_.canStart(); }));
     made_.volumes.add(FilePath("/"), 1'000'000, 500'000);
     model_.start();
-    EXPECT_EQ(model_.refusal(), QString());
     EXPECT_TRUE(waitUntil([this] { return made_.state.currentStep() == WizardStep::report; }));
+    EXPECT_EQ(model_.refusal(), QString());
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "ui/models/ReportModel.h"
 
+#include "support/Gate.h"
 #include "ui/MadeState.h"
 #include "ui/models/ProcessingModel.h"
 
@@ -135,15 +136,21 @@ TEST_F(ReportModelTest, TakesAMoveRunBackAndForgetsItWithTheNextRun) {
     EXPECT_EQ(report.undoStatusMessage(), QString());
 }
 
-TEST_F(ReportModelTest, EndsAnUndoThatTheProgramDoesNotWaitFor) {
+TEST_F(ReportModelTest, StaysOfItsRunWhateverIsScannedAndChosenAfterIt) {
     run();
-    {
-        ReportModel leaving(made_.state, made_.localization, desktop_, made_.disk, made_.clock);
-        leaving.confirmUndo();
-        leaving.confirmUndo(); // one at a time
-    }
-    QCoreApplication::processEvents(); // nothing comes back to what is gone
-    EXPECT_LE(filesInArchive(), 3U);
+    const QVariantList timeline = report.timeline();
+    made_.state.navigateToStep(WizardStep::organization);
+    made_.state.setDestination(made_.folder / "elsewhere");
+    std::filesystem::remove(first_.bytes());
+    ASSERT_TRUE(made_.scan());
+    made_.state.navigateToStep(WizardStep::report);
+    EXPECT_EQ(report.timeline(), timeline);
+    report.openDestination();
+    EXPECT_EQ(made_.desktop.revealed, std::vector{made_.folder / "archive"});
+    made_.desktop.document = made_.folder / "report.csv";
+    exportAndWait();
+    EXPECT_NE(contentOf(made_.folder / "report.csv").find("IMG_20210314_153045.jpg,3,Photo"),
+              std::string::npos);
 }
 
 TEST(ProcessingModelTest, ShowsARunAndHoldsIt) {
@@ -153,12 +160,19 @@ TEST(ProcessingModelTest, ShowsARunAndHoldsIt) {
     EXPECT_EQ(model.fraction(), 0);
     made.folder.write("source/a.jpg", "one");
     ASSERT_TRUE(made.goToPreview());
+    const Gate gate(made.disk, "createFile");
     made.state.startOperation();
+    ASSERT_TRUE(gate.awaitArrival());
     EXPECT_TRUE(model.isRunning());
+    EXPECT_EQ(model.processedOfTotal(), QStringLiteral("0 / 1")) << "before the run has told of itself";
+    EXPECT_EQ(model.remaining(), QStringLiteral("1"));
     model.pause();
     EXPECT_TRUE(model.isPaused());
     model.resume();
     EXPECT_FALSE(model.isPaused());
+    EXPECT_TRUE(waitUntil([&] { return model.elapsed() == QStringLiteral("1s"); }))
+        << "within the first file";
+    gate.open();
     ASSERT_TRUE(waitUntil([&] { return !model.isRunning(); }));
     EXPECT_EQ(model.processedOfTotal(), QStringLiteral("1 / 1"));
     EXPECT_EQ(model.percentage(), QStringLiteral("100%"));

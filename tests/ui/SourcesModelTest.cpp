@@ -52,11 +52,14 @@ TEST_F(SourcesModelTest, ACardTellsWhatTheFolderLiesOn) {
     made_.volumes.add(FilePath("/data"), std::nullopt, std::nullopt);
     model_.drop("file:///media/card/DCIM\nfile:///data\nfile:///data/photos\n");
 
-    EXPECT_TRUE(card(0, SourceCards::isRemovableRole).toBool());
+    EXPECT_EQ(card(1, SourceCards::symbolRole), QStringLiteral("folder.fill")) << "until it is measured";
+    EXPECT_TRUE(testing::waitUntil([this] {
+        return card(0, SourceCards::isRemovableRole).toBool() &&
+               card(1, SourceCards::symbolRole) == QStringLiteral("internaldrive.fill");
+    }));
     EXPECT_EQ(card(0, SourceCards::symbolRole), QStringLiteral("externaldrive.fill"));
     EXPECT_EQ(card(0, SourceCards::capacityTextRole), QStringLiteral("48 GB used / 64 GB"));
     EXPECT_EQ(card(0, SourceCards::usedShareRole), 0.75);
-    EXPECT_EQ(card(1, SourceCards::symbolRole), QStringLiteral("internaldrive.fill"));
     EXPECT_EQ(card(1, SourceCards::capacityTextRole), QString());
     EXPECT_EQ(card(1, SourceCards::usedShareRole), -1);
     EXPECT_EQ(card(2, SourceCards::symbolRole), QStringLiteral("folder.fill"));

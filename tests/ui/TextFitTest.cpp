@@ -115,8 +115,9 @@ TEST_F(TextFitTest, OnTheLastThreeSteps) {
     check("question before a move");
     made_.press(Qt::Key_Escape);
 
+    QObject::connect(&state, &AppState::isProcessingChanged, &state, &AppState::pauseOperation);
     state.startOperation();
-    state.pauseOperation();
+    ASSERT_TRUE(waitUntil([&] { return state.isProcessing(); }));
     check("paused run");
     made_.window->close();
     check("question before closing");

@@ -45,6 +45,9 @@ OrganizationModel::OrganizationModel(AppState& state, const LocalizationManager&
         emit destinationChanged();
         emit capacityChanged();
     });
+    connect(this, &OrganizationModel::planChanged, this, &OrganizationModel::canEditChanged);
+    connect(&state_, &AppState::isProcessingChanged, this, &OrganizationModel::canEditChanged);
+    connect(&state_, &AppState::isUndoingChanged, this, &OrganizationModel::canEditChanged);
     connect(&state_, &AppState::isPlanningChanged, this, &OrganizationModel::planningChanged);
     connect(&state_, &AppState::planningProgressChanged, this, &OrganizationModel::planningChanged);
     connect(&localization_, &LocalizationManager::currentLanguageChanged, this, [this] {
@@ -198,6 +201,10 @@ double OrganizationModel::plannedShare() const {
     return progress.totalCount > 0
                ? static_cast<double>(progress.plannedCount) / static_cast<double>(progress.totalCount)
                : 0;
+}
+
+bool OrganizationModel::canEdit() const {
+    return !state_.isChangingFiles();
 }
 
 void OrganizationModel::chooseDestination() {

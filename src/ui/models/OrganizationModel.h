@@ -48,7 +48,9 @@ class OrganizationModel : public QObject {
     Q_PROPERTY(int duplicatePolicy READ duplicatePolicy WRITE setDuplicatePolicy NOTIFY planChanged)
     Q_PROPERTY(bool verifyTransfers READ verifyTransfers WRITE setVerifyTransfers NOTIFY planChanged)
 
-    Q_PROPERTY(bool canPreview READ hasDestination NOTIFY planChanged)
+    /// False during a run or an undo, which would not take a change over.
+    Q_PROPERTY(bool canEdit READ canEdit NOTIFY canEditChanged)
+    Q_PROPERTY(bool canPreview READ canPreview NOTIFY canEditChanged)
     Q_PROPERTY(bool isPlanning READ isPlanning NOTIFY planningChanged)
     Q_PROPERTY(double plannedShare READ plannedShare NOTIFY planningChanged)
 
@@ -95,6 +97,8 @@ public:
     [[nodiscard]] bool verifyTransfers() const;
     void setVerifyTransfers(bool verify);
 
+    [[nodiscard]] bool canEdit() const;
+    [[nodiscard]] bool canPreview() const { return hasDestination() && canEdit(); }
     [[nodiscard]] bool isPlanning() const;
     [[nodiscard]] double plannedShare() const; ///< from 0 to 1
 
@@ -104,6 +108,7 @@ public:
 
 signals:
     void planChanged();
+    void canEditChanged();
     void exampleChanged();
     void languageChanged();
     void destinationChanged();

@@ -47,6 +47,8 @@ PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, Th
     connect(&state, &AppState::isPlanningChanged, this, &PreviewModel::readinessChanged);
     connect(&state, &AppState::planningProgressChanged, this, &PreviewModel::planningProgressChanged);
     connect(&state, &AppState::isProcessingChanged, this, &PreviewModel::readinessChanged);
+    connect(&state, &AppState::isUndoingChanged, this, &PreviewModel::readinessChanged);
+    connect(&state, &AppState::isStartingOperationChanged, this, &PreviewModel::readinessChanged);
     connect(&state, &AppState::isProcessingChanged, this, &PreviewModel::outcomeChanged);
     connect(&state, &AppState::operationProgressChanged, this, &PreviewModel::outcomeChanged);
     connect(&state, &AppState::destinationVolumeChanged, this, &PreviewModel::outcomeChanged);
@@ -147,8 +149,8 @@ bool PreviewModel::isMove() const {
 }
 
 bool PreviewModel::canStart() const {
-    return !state_.isPlanning() && !state_.isProcessing() && !rows_.items().empty() &&
-           state_.organizationPlan().destinationURL.has_value();
+    return !state_.isPlanning() && !state_.isStartingOperation() && !state_.isChangingFiles() &&
+           !rows_.items().empty() && state_.organizationPlan().destinationURL.has_value();
 }
 
 void PreviewModel::setShowMoveConfirmation(bool show) {
@@ -229,8 +231,9 @@ void PreviewModel::start() {
 }
 
 void PreviewModel::confirmMove() {
-    if (showMoveConfirmation_ && canStart()) {
-        setShowMoveConfirmation(false);
+    const bool isConfirmed = showMoveConfirmation_ && canStart();
+    setShowMoveConfirmation(false);
+    if (isConfirmed) {
         state_.startOperation();
     }
 }

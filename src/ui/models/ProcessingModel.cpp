@@ -5,13 +5,44 @@
 #include "ui/models/ShownText.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace lumeo {
 
 ProcessingModel::ProcessingModel(AppState& state, QObject* parent) : QObject(parent), state_(state) {
     connect(&state, &AppState::organizationPlanChanged, this, &ProcessingModel::planChanged);
-    connect(&state, &AppState::isProcessingChanged, this, &ProcessingModel::isRunningChanged);
-    connect(&state, &AppState::operationProgressChanged, this, &ProcessingModel::progressChanged);
+    connect(&state, &AppState::isProcessingChanged, this, &ProcessingModel::followRun);
+    connect(&state, &AppState::operationProgressChanged, this, &ProcessingModel::followProgress);
+    connect(&clock_, &QTimer::timeout, this, &ProcessingModel::progressChanged);
+    clock_.setInterval(std::chrono::seconds(1));
+}
+
+void ProcessingModel::followRun() {
+    if (isRunning()) {
+        publishedSeconds_ = 0;
+        sincePublished_.start();
+        clock_.start();
+    } else {
+        clock_.stop();
+    }
+    emit isRunningChanged();
+    emit progressChanged();
+}
+
+void ProcessingModel::followProgress() {
+    // A pause is announced, too, and tells nothing new of the time.
+    const double seconds = state_.operationProgress().elapsedSeconds;
+    if (seconds > publishedSeconds_) {
+        publishedSeconds_ = seconds;
+        sincePublished_.start();
+    }
+    emit progressChanged();
+}
+
+/// Known before the run has told of itself.
+std::int64_t ProcessingModel::total() const {
+    const std::int64_t published = state_.operationProgress().totalFiles;
+    return isRunning() && published == 0 ? state_.totalFilesCount() : published;
 }
 
 bool ProcessingModel::isMove() const {
@@ -28,20 +59,18 @@ bool ProcessingModel::isPaused() const {
 
 double ProcessingModel::fraction() const {
     const OperationProgress& progress = state_.operationProgress();
-    return progress.totalFiles < 1 ? 0
-                                   : std::clamp(static_cast<double>(progress.processedCount) /
-                                                    static_cast<double>(progress.totalFiles),
-                                                0.0, 1.0);
+    return total() < 1
+               ? 0
+               : std::clamp(static_cast<double>(progress.processedCount) / static_cast<double>(total()), 0.0,
+                            1.0);
 }
 
 QString ProcessingModel::percentage() const {
-    const OperationProgress& progress = state_.operationProgress();
-    return percentText(progress.processedCount, progress.totalFiles);
+    return percentText(state_.operationProgress().processedCount, total());
 }
 
 QString ProcessingModel::processedOfTotal() const {
-    const OperationProgress& progress = state_.operationProgress();
-    return QStringLiteral("%1 / %2").arg(progress.processedCount).arg(progress.totalFiles);
+    return QStringLiteral("%1 / %2").arg(state_.operationProgress().processedCount).arg(total());
 }
 
 QString ProcessingModel::currentName() const {
@@ -73,12 +102,12 @@ QString ProcessingModel::speed() const {
 }
 
 QString ProcessingModel::remaining() const {
-    const OperationProgress& progress = state_.operationProgress();
-    return shownNumber(std::max<std::int64_t>(progress.totalFiles - progress.processedCount, 0));
+    return shownNumber(std::max<std::int64_t>(total() - state_.operationProgress().processedCount, 0));
 }
 
 QString ProcessingModel::elapsed() const {
-    return spanText(state_.operationProgress().elapsedSeconds);
+    return spanText(isRunning() ? publishedSeconds_ + static_cast<double>(sincePublished_.elapsed()) / 1000.0
+                                : state_.operationProgress().elapsedSeconds);
 }
 
 QString ProcessingModel::timeLeft() const {

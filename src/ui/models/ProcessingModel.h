@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QtQml/qqmlregistration.h>
+
+#include <cstdint>
 
 namespace lumeo {
 
@@ -61,7 +65,14 @@ signals:
     void progressChanged();
 
 private:
+    void followRun();
+    void followProgress();
+    [[nodiscard]] std::int64_t total() const;
+
     AppState& state_;
+    QTimer clock_;                ///< a run tells of itself after each file, which may be a large one
+    double publishedSeconds_ = 0; ///< how long the run had taken when it last told
+    QElapsedTimer sincePublished_;
 };
 
 } // namespace lumeo

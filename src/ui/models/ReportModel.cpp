@@ -15,6 +15,13 @@
 #include <algorithm>
 
 namespace lumeo {
+namespace {
+
+AppState::Items noItems() {
+    return std::make_shared<const std::vector<MediaItem>>();
+}
+
+} // namespace
 
 ReportModel::ReportModel(AppState& state, const LocalizationManager& texts, const Desktop& desktop,
                          FileSystem& fileSystem, const Clock& clock, QObject* parent)
@@ -24,32 +31,36 @@ ReportModel::ReportModel(AppState& state, const LocalizationManager& texts, cons
       desktop_(desktop),
       fileSystem_(fileSystem),
       clock_(clock) {
-    connect(&state, &AppState::activeManifestChanged, this, &ReportModel::forgetOutcomes);
-    connect(&state, &AppState::activeManifestChanged, this, &ReportModel::takeFigures);
-    connect(&state, &AppState::scannedItemsChanged, this, &ReportModel::takeFigures);
-    connect(&state, &AppState::currentStepChanged, this, &ReportModel::takeFigures);
+    connect(&state, &AppState::activeManifestChanged, this, &ReportModel::takeRun);
+    connect(&state, &AppState::completedStepsChanged, this, &ReportModel::letGoOfItems);
     connect(&state, &AppState::organizationPlanChanged, this, &ReportModel::destinationChanged);
+    connect(&state, &AppState::isUndoingChanged, this, &ReportModel::undoChanged);
+    connect(&state, &AppState::undoProgressChanged, this, &ReportModel::undoProgressChanged);
+    connect(&state, &AppState::undoResultChanged, this, &ReportModel::takeUndoResult);
     connect(&texts, &LocalizationManager::currentLanguageChanged, this, &ReportModel::undoChanged);
     connect(&texts, &LocalizationManager::currentLanguageChanged, this, &ReportModel::undoProgressChanged);
-    takeFigures();
+    takeRun();
 }
 
-void ReportModel::takeFigures() {
-    if (state_.currentStep() == WizardStep::report) {
-        figures_ = ReportFigures::of(state_.activeManifest().get(), *state_.scannedItems());
-        emit figuresChanged();
-    }
-}
-
-/// What was said about one run means nothing for the next.
-void ReportModel::forgetOutcomes() {
-    undoResult_.reset();
-    undoWarnings_.setStringList({});
+/// The report is of what the run worked on, whatever is scanned after it; and what was said about one run
+/// means nothing for the next.
+void ReportModel::takeRun() {
+    items_ = hasManifest() ? state_.scannedItems() : noItems();
+    figures_ = ReportFigures::of(state_.activeManifest().get(), *items_);
+    emit figuresChanged();
+    emit destinationChanged();
     showUndoAlert_ = false;
     emit undoChanged();
     exportMessage_.clear();
     exportFailed_ = false;
     emit exportChanged();
+}
+
+/// A catalogue is large, and nobody comes back to the report once the wizard has started anew.
+void ReportModel::letGoOfItems() {
+    if (state_.completedSteps().empty()) {
+        items_ = noItems();
+    }
 }
 
 bool ReportModel::hasManifest() const {
@@ -104,8 +115,14 @@ QString ReportModel::unknownDates() const {
     return QStringLiteral("%1 file(s)").arg(shownNumber(figures_.undated));
 }
 
+/// The archive of the run, though the next one may be planned for another place already.
+std::optional<FilePath> ReportModel::destination() const {
+    return hasManifest() ? state_.activeManifest()->destinationRoot
+                         : state_.organizationPlan().destinationURL;
+}
+
 bool ReportModel::hasDestination() const {
-    return state_.organizationPlan().destinationURL.has_value();
+    return destination().has_value();
 }
 
 void ReportModel::exportCSV() {
@@ -150,8 +167,9 @@ void ReportModel::save(const SaveRequest& request, Document document) {
 /// A document of a million files takes seconds to make, so it is made where nobody waits for it.
 void ReportModel::write(Manifest manifest, Document document, const FilePath& path) {
     jobs_.start(
-        [this, manifest = std::move(manifest), items = state_.scannedItems(), document, path](
-            const std::stop_token&) { return writeDocument(fileSystem_, document(*manifest, *items), path); },
+        [this, manifest = std::move(manifest), items = items_, document, path](const std::stop_token&) {
+            return writeDocument(fileSystem_, document(*manifest, *items), path);
+        },
         [this, path](const FileResult<void>& written) {
             if (written) {
                 endExport(QStringLiteral("Saved as %1").arg(shownText(path.lastComponent())), false);
@@ -178,77 +196,61 @@ void ReportModel::setShowUndoAlert(bool show) {
 }
 
 void ReportModel::confirmUndo() {
-    showUndoAlert_ = false;
-    if (hasManifest() && !isUndoing_) {
-        isUndoing_ = true;
-        undoResult_.reset();
-        undoWarnings_.setStringList({});
-        showUndoProgress({});
-        const auto latest = std::make_shared<LatestValue<UndoProgress>>();
-        jobs_.start(
-            [this, manifest = state_.activeManifest(), latest](const std::stop_token& stop) {
-                return UndoEngine(fileSystem_)
-                    .rollback(
-                        *manifest,
-                        [&](const UndoProgress& progress) {
-                            latest->post(*this, progress,
-                                         [this](UndoProgress value) { showUndoProgress(std::move(value)); });
-                        },
-                        stop);
-            },
-            [this, manifest = state_.activeManifest()](UndoResult result) {
-                endUndo(manifest, std::move(result));
-            });
-    }
-    emit undoChanged();
+    setShowUndoAlert(false);
+    state_.startUndo();
 }
 
-void ReportModel::showUndoProgress(UndoProgress progress) {
-    undoProgress_ = std::move(progress);
-    emit undoProgressChanged();
+void ReportModel::stopUndo() {
+    state_.stopUndo();
+}
+
+bool ReportModel::isUndoing() const {
+    return state_.isUndoing();
 }
 
 double ReportModel::undoFraction() const {
-    return undoProgress_.totalFiles > 0 ? static_cast<double>(undoProgress_.processedCount) /
-                                              static_cast<double>(undoProgress_.totalFiles)
-                                        : 0;
+    const UndoProgress& progress = state_.undoProgress();
+    return progress.totalFiles > 0
+               ? static_cast<double>(progress.processedCount) / static_cast<double>(progress.totalFiles)
+               : 0;
 }
 
 QString ReportModel::undoProgressText() const {
-    return undoProgress_.totalFiles > 0 ? QStringLiteral("%1 / %2 %3")
-                                              .arg(undoProgress_.processedCount)
-                                              .arg(undoProgress_.totalFiles)
-                                              .arg(texts_.localized(QStringLiteral("proc.processed")))
-                                        : QString();
+    const UndoProgress& progress = state_.undoProgress();
+    return progress.totalFiles > 0
+               ? QStringLiteral("%1 / %2 %3")
+                     .arg(progress.processedCount)
+                     .arg(progress.totalFiles)
+                     .arg(texts_.localized(QStringLiteral("proc.processed")))
+               : QString();
 }
 
-void ReportModel::endUndo(const Manifest& manifest, UndoResult result) {
-    isUndoing_ = false;
-    if (manifest == state_.activeManifest()) {
-        QStringList warnings;
-        warnings.reserve(static_cast<qsizetype>(result.warnings.size()));
-        for (const std::string& warning : result.warnings) {
+void ReportModel::takeUndoResult() {
+    QStringList warnings;
+    if (const auto& result = state_.undoResult()) {
+        warnings.reserve(static_cast<qsizetype>(result->warnings.size()));
+        for (const std::string& warning : result->warnings) {
             warnings.append(shownText(warning));
         }
-        undoWarnings_.setStringList(warnings);
-        undoResult_ = std::move(result);
     }
+    undoWarnings_.setStringList(warnings);
     emit undoChanged();
 }
 
 QString ReportModel::undoStatusMessage() const {
-    return undoResult_ ? QStringLiteral("Rollback complete: %1 files restored/removed.")
-                             .arg(undoResult_->restoredCount)
-                       : QString();
+    const auto& result = state_.undoResult();
+    return result ? QStringLiteral("Rollback complete: %1 files restored/removed.").arg(result->restoredCount)
+                  : QString();
 }
 
 QString ReportModel::undoCounts() const {
-    if (!undoResult_ || undoResult_->warnings.empty()) {
+    const auto& result = state_.undoResult();
+    if (!result || result->warnings.empty()) {
         return {};
     }
     return QStringLiteral("%1: %2 · %3: %4")
-        .arg(texts_.localized(QStringLiteral("report.skipped")), shownNumber(undoResult_->skippedCount),
-             texts_.localized(QStringLiteral("report.errors")), shownNumber(undoResult_->failedCount));
+        .arg(texts_.localized(QStringLiteral("report.skipped")), shownNumber(result->skippedCount),
+             texts_.localized(QStringLiteral("report.errors")), shownNumber(result->failedCount));
 }
 
 void ReportModel::copyUndoWarnings() const {
@@ -256,8 +258,8 @@ void ReportModel::copyUndoWarnings() const {
 }
 
 void ReportModel::openDestination() {
-    if (const auto& destination = state_.organizationPlan().destinationURL) {
-        desktop_.fileBrowser.reveal(*destination);
+    if (const auto folder = destination()) {
+        desktop_.fileBrowser.reveal(*folder);
     }
 }
 

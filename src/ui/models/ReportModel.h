@@ -4,7 +4,7 @@
 #include "app/Desktop.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "transfer/UndoEngine.h"
+#include "transfer/OperationManifest.h"
 #include "ui/models/ReportFigures.h"
 
 #include <QAbstractItemModel>
@@ -23,7 +23,7 @@ class AppState;
 class LocalizationManager;
 
 /// The outcome of the last run, and what can be done with it: save it as a document, open the archive,
-/// take the run back, begin again. Destroying it stops an undo after the file in hand.
+/// take the run back, begin again.
 class ReportModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -77,7 +77,7 @@ public:
     [[nodiscard]] const QString& exportMessage() const { return exportMessage_; }
     [[nodiscard]] bool showUndoAlert() const { return showUndoAlert_; }
     void setShowUndoAlert(bool show);
-    [[nodiscard]] bool isUndoing() const { return isUndoing_; }
+    [[nodiscard]] bool isUndoing() const;
     [[nodiscard]] double undoFraction() const;
     [[nodiscard]] QString undoProgressText() const;
     [[nodiscard]] QString undoStatusMessage() const;
@@ -88,6 +88,7 @@ public:
     Q_INVOKABLE void exportCSV();
     Q_INVOKABLE void exportReport();
     Q_INVOKABLE void confirmUndo(); ///< nothing without a journal, or while an undo is under way
+    Q_INVOKABLE void stopUndo();
     Q_INVOKABLE void copyUndoWarnings() const;
     Q_INVOKABLE void openDestination();
     Q_INVOKABLE void startNewArchive();
@@ -104,27 +105,25 @@ private:
     using Manifest = std::shared_ptr<const OperationManifest>;
     using Document = std::string (*)(const OperationManifest&, const std::vector<MediaItem>&);
 
-    void takeFigures();
-    void forgetOutcomes();
+    void takeRun();
+    void letGoOfItems();
+    [[nodiscard]] std::optional<FilePath> destination() const;
     void save(const SaveRequest& request, Document document);
     void write(Manifest manifest, Document document, const FilePath& path);
     void endExport(const QString& message, bool failed);
-    void showUndoProgress(UndoProgress progress);
-    void endUndo(const Manifest& manifest, UndoResult result);
+    void takeUndoResult();
 
     AppState& state_;
     const LocalizationManager& texts_;
     Desktop desktop_;
     FileSystem& fileSystem_;
     const Clock& clock_;
+    std::shared_ptr<const std::vector<MediaItem>> items_; ///< of the run; never null
     ReportFigures figures_;
     bool isExporting_ = false; ///< from the question where to on
     bool exportFailed_ = false;
     QString exportMessage_;
     bool showUndoAlert_ = false;
-    bool isUndoing_ = false;
-    UndoProgress undoProgress_;
-    std::optional<UndoResult> undoResult_;
     QStringListModel undoWarnings_;
     BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with
 };

@@ -3,7 +3,6 @@
 #include "app/AppState.h"
 #include "app/Preferences.h"
 #include "l10n/LocalizationManager.h"
-#include "platform/TextFormat.h"
 
 namespace lumeo {
 
@@ -11,11 +10,13 @@ ShellModel::ShellModel(AppState& state, LocalizationManager& localization, Prefe
                        QObject* parent)
     : QObject(parent), state_(state), localization_(localization), preferences_(preferences), steps_(state) {
     connect(&state, &AppState::currentStepChanged, this, &ShellModel::currentStepChanged);
-    connect(&state, &AppState::isProcessingChanged, this, &ShellModel::isProcessingChanged);
-    connect(&state, &AppState::operationProgressChanged, this, &ShellModel::runTextChanged);
+    connect(&state, &AppState::isProcessingChanged, this, &ShellModel::isChangingFilesChanged);
+    connect(&state, &AppState::isUndoingChanged, this, &ShellModel::isChangingFilesChanged);
+    connect(&state, &AppState::operationProgressChanged, this, &ShellModel::workTextChanged);
+    connect(&state, &AppState::undoProgressChanged, this, &ShellModel::workTextChanged);
     connect(&localization, &LocalizationManager::currentLanguageChanged, this,
             &ShellModel::currentLanguageChanged);
-    connect(&localization, &LocalizationManager::currentLanguageChanged, this, &ShellModel::runTextChanged);
+    connect(&localization, &LocalizationManager::currentLanguageChanged, this, &ShellModel::workTextChanged);
     connect(&preferences, &Preferences::appearanceChanged, this, &ShellModel::appearanceChanged);
 }
 
@@ -43,15 +44,21 @@ bool ShellModel::isDark() const {
     return preferences_.appearance() == AppAppearance::dark;
 }
 
-bool ShellModel::isProcessing() const {
-    return state_.isProcessing();
+bool ShellModel::isChangingFiles() const {
+    return state_.isChangingFiles();
 }
 
-QString ShellModel::runText() const {
-    const auto& progress = state_.operationProgress();
-    return QStringLiteral("%1 / %2 %3")
-        .arg(QString::number(progress.processedCount), QString::number(progress.totalFiles),
-             localization_.localized(QStringLiteral("proc.processed")));
+QString ShellModel::workText() const {
+    const auto of = [this](std::int64_t processed, std::int64_t total) {
+        return QStringLiteral("%1 / %2 %3")
+            .arg(processed)
+            .arg(total)
+            .arg(localization_.localized(QStringLiteral("proc.processed")));
+    };
+    const OperationProgress& run = state_.operationProgress();
+    const UndoProgress& undo = state_.undoProgress();
+    return state_.isUndoing() ? of(undo.processedCount, undo.totalFiles)
+                              : of(run.processedCount, run.totalFiles);
 }
 
 void ShellModel::navigateTo(int step) {
@@ -71,7 +78,7 @@ void ShellModel::flipAppearance() {
 }
 
 void ShellModel::addFolder() {
-    if (state_.isScanning() || state_.isProcessing() || state_.isSelectingFolder()) {
+    if (state_.isScanning() || state_.isChangingFiles() || state_.isSelectingFolder()) {
         return;
     }
     state_.navigateToStep(WizardStep::sources);

@@ -25,8 +25,8 @@ class ShellModel : public QObject {
     Q_PROPERTY(int currentLanguage READ currentLanguage NOTIFY currentLanguageChanged)
     Q_PROPERTY(bool isDark READ isDark NOTIFY appearanceChanged)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY reducedMotionChanged)
-    Q_PROPERTY(bool isProcessing READ isProcessing NOTIFY isProcessingChanged)
-    Q_PROPERTY(QString runText READ runText NOTIFY runTextChanged)
+    Q_PROPERTY(bool isChangingFiles READ isChangingFiles NOTIFY isChangingFilesChanged)
+    Q_PROPERTY(QString workText READ workText NOTIFY workTextChanged)
 
 public:
     /// All must outlive the model.
@@ -41,8 +41,8 @@ public:
     [[nodiscard]] int currentLanguage() const; ///< its place in `languages`
     [[nodiscard]] bool isDark() const;
     [[nodiscard]] bool reducedMotion() const { return reducedMotion_; }
-    [[nodiscard]] bool isProcessing() const;
-    [[nodiscard]] QString runText() const; ///< how far the run has come, in a few words
+    [[nodiscard]] bool isChangingFiles() const; ///< a run or an undo is under way
+    [[nodiscard]] QString workText() const;     ///< how far it has come, in a few words
 
     Q_INVOKABLE void navigateTo(int step);
     Q_INVOKABLE void chooseLanguage(int language);
@@ -59,8 +59,8 @@ signals:
     void currentLanguageChanged();
     void appearanceChanged();
     void reducedMotionChanged();
-    void isProcessingChanged();
-    void runTextChanged();
+    void isChangingFilesChanged();
+    void workTextChanged();
 
 private:
     AppState& state_;

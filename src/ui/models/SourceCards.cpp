@@ -19,10 +19,14 @@ QString symbolOf(const SourceVolume& source) {
 void SourceCards::show(const std::vector<SourceVolume>& sources) {
     for (int row = rowCount() - 1; row >= 0; --row) {
         const auto place = sources_.begin() + row;
-        if (std::ranges::find(sources, *place) == sources.end()) {
+        const auto shown = std::ranges::find(sources, place->id, &SourceVolume::id);
+        if (shown == sources.end()) {
             beginRemoveRows({}, row, row);
             sources_.erase(place);
             endRemoveRows();
+        } else if (*shown != *place) {
+            *place = *shown;
+            emit dataChanged(index(row), index(row));
         }
     }
     if (sources.size() > sources_.size()) {

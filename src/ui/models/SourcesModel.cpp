@@ -29,6 +29,9 @@ SourcesModel::SourcesModel(AppState& state, const LocalizationManager& localizat
     : QObject(parent), state_(state), localization_(localization) {
     connect(&state_, &AppState::sourcesChanged, this, &SourcesModel::showSources);
     connect(&state_, &AppState::lastOperationSummaryChanged, this, &SourcesModel::showLastOperation);
+    connect(this, &SourcesModel::sourcesChanged, this, &SourcesModel::canScanChanged);
+    connect(&state_, &AppState::isProcessingChanged, this, &SourcesModel::canScanChanged);
+    connect(&state_, &AppState::isUndoingChanged, this, &SourcesModel::canScanChanged);
     connect(&localization_, &LocalizationManager::currentLanguageChanged, this,
             &SourcesModel::showLastOperation);
     showSources();
@@ -37,6 +40,10 @@ SourcesModel::SourcesModel(AppState& state, const LocalizationManager& localizat
 
 QString SourcesModel::countText() const {
     return shownNumber(count());
+}
+
+bool SourcesModel::canScan() const {
+    return count() > 0 && !state_.isChangingFiles();
 }
 
 bool SourcesModel::takes(const QByteArray& uriList) const {

@@ -21,7 +21,7 @@ class SourcesModel : public QObject {
     Q_PROPERTY(lumeo::SourceCards* cards READ cards CONSTANT)
     Q_PROPERTY(int count READ count NOTIFY sourcesChanged)
     Q_PROPERTY(QString countText READ countText NOTIFY sourcesChanged)
-    Q_PROPERTY(bool canScan READ canScan NOTIFY sourcesChanged)
+    Q_PROPERTY(bool canScan READ canScan NOTIFY canScanChanged)
     Q_PROPERTY(lumeo::LastOperationTexts lastOperation READ lastOperation NOTIFY lastOperationChanged)
 
 public:
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] SourceCards* cards() { return &cards_; }
     [[nodiscard]] int count() const { return cards_.rowCount(); }
     [[nodiscard]] QString countText() const;
-    [[nodiscard]] bool canScan() const { return count() > 0; }
+    [[nodiscard]] bool canScan() const; ///< never during a run or an undo
     [[nodiscard]] const LastOperationTexts& lastOperation() const { return lastOperation_; }
 
     /// True when the list names at least one file or folder of this machine. `uriList` is a dragged
@@ -46,6 +46,7 @@ public:
 
 signals:
     void sourcesChanged();
+    void canScanChanged();
     void lastOperationChanged();
 
 private:

@@ -32,6 +32,8 @@ const StepFace& face(int step) {
 WizardSteps::WizardSteps(const AppState& state, QObject* parent) : QAbstractListModel(parent), state_(state) {
     connect(&state, &AppState::currentStepChanged, this, &WizardSteps::announce);
     connect(&state, &AppState::completedStepsChanged, this, &WizardSteps::announce);
+    connect(&state, &AppState::isScanningChanged, this, &WizardSteps::announce);
+    connect(&state, &AppState::isProcessingChanged, this, &WizardSteps::announce);
 }
 
 int WizardSteps::rowCount(const QModelIndex& parent) const {
@@ -43,7 +45,6 @@ QVariant WizardSteps::data(const QModelIndex& index, int role) const {
         return {};
     }
     const auto step = static_cast<WizardStep>(index.row());
-    const bool isCompleted = state_.completedSteps().contains(step);
     switch (role) {
     case labelKeyRole:
         return QString::fromLatin1(face(index.row()).labelKey);
@@ -54,9 +55,9 @@ QVariant WizardSteps::data(const QModelIndex& index, int role) const {
     case isCurrentRole:
         return step == state_.currentStep();
     case isCompletedRole:
-        return isCompleted;
+        return state_.completedSteps().contains(step);
     case isReachableRole:
-        return isCompleted || step <= state_.currentStep();
+        return state_.isReachable(step);
     default:
         return {};
     }

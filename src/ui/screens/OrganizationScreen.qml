@@ -45,6 +45,7 @@ Item {
                 id: sections
 
                 Layout.fillWidth: true
+                enabled: screen.model.canEdit
                 columns: screen.width > 1000 ? 2 : 1
                 columnSpacing: Theme.s24
                 rowSpacing: Theme.s24
