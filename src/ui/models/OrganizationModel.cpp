@@ -41,6 +41,7 @@ OrganizationModel::OrganizationModel(AppState& state, const LocalizationManager&
     : QObject(parent), state_(state), localization_(localization) {
     connect(&state_, &AppState::organizationPlanChanged, this, &OrganizationModel::showPlan);
     connect(&state_, &AppState::scannedItemsChanged, this, &OrganizationModel::showItems);
+    connect(&state_, &AppState::currentStepChanged, this, &OrganizationModel::showItems);
     connect(&state_, &AppState::destinationVolumeChanged, this, [this] {
         emit destinationChanged();
         emit capacityChanged();
@@ -234,7 +235,11 @@ void OrganizationModel::showPlan() {
     emit destinationChanged();
 }
 
+/// Walks through the whole catalogue, so only while the screen is shown.
 void OrganizationModel::showItems() {
+    if (state_.currentStep() != WizardStep::organization) {
+        return;
+    }
     const auto& items = *state_.scannedItems();
     // A file without a date would hide what the pattern does.
     const auto dated =

@@ -12,6 +12,7 @@ ScanModel::ScanModel(AppState& state, const LocalizationManager& localization, Q
     connect(&state_, &AppState::scanProgressChanged, this, &ScanModel::progressChanged);
     connect(&state_, &AppState::isDetectingDuplicatesChanged, this, &ScanModel::isAnalyzingChanged);
     connect(&state_, &AppState::scannedItemsChanged, this, &ScanModel::count);
+    connect(&state_, &AppState::currentStepChanged, this, &ScanModel::count);
 
     connect(this, &ScanModel::resultsChanged, this, &ScanModel::resultLinesChanged);
     connect(this, &ScanModel::progressChanged, this, &ScanModel::resultLinesChanged);
@@ -136,6 +137,9 @@ void ScanModel::organize() {
 }
 
 void ScanModel::count() {
+    if (state_.currentStep() != WizardStep::scanResults) {
+        return;
+    }
     found_ = {
         .items = state_.totalFilesCount(),
         .photos = state_.photosCount(),

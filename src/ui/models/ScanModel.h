@@ -91,7 +91,8 @@ signals:
     void isAnalyzingChanged();
 
 private:
-    /// Counted once for each catalogue, since every count of the state walks through all of it.
+    /// Counted when the screen is shown and for each catalogue that comes while it is, since every count
+    /// of the state walks through all of it.
     struct Found {
         std::int64_t items = 0;
         std::int64_t photos = 0;
