@@ -11,8 +11,8 @@
 namespace lumeo {
 namespace {
 
-/// The room for the picture in the panel, in points.
-constexpr QSize pictureRoom(288, 180);
+/// In points. Pictures are made at twice that, so 200 of them take 20 MB at most.
+constexpr QSize pictureSize(80, 80);
 
 QVariantMap row(const char* label, const QString& value, bool isPath = false) {
     return {{QStringLiteral("label"), QLatin1String(label)},
@@ -113,7 +113,7 @@ void InspectorModel::close() {
 void InspectorModel::loadPicture() {
     cancelPicture();
     picture_ = {};
-    request_ = thumbnails_.load(item_->sourceURL, pictureRoom, [this](const QImage& picture) {
+    request_ = thumbnails_.load(item_->sourceURL, pictureSize, [this](const QImage& picture) {
         request_.reset();
         picture_ = picture;
         emit pictureChanged();

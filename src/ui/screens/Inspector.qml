@@ -68,7 +68,7 @@ Rectangle {
 
             Rectangle {
                 Layout.fillWidth: true
-                Layout.preferredHeight: Math.min(180, Math.round(panel.height * 0.36))
+                Layout.preferredHeight: Math.min(144, Math.round(panel.height * 0.36))
                 radius: Theme.radiusControl
                 color: Theme.sunken
 
@@ -84,7 +84,10 @@ Rectangle {
                 Picture {
                     id: picture
 
-                    anchors.fill: parent
+                    // As large as the small pictures that are asked for stay sharp.
+                    anchors.centerIn: parent
+                    width: Math.min(160, parent.width)
+                    height: Math.min(128, parent.height)
                     image: panel.model.picture
                 }
             }
