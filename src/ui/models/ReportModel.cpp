@@ -217,12 +217,11 @@ double ReportModel::undoFraction() const {
 
 QString ReportModel::undoProgressText() const {
     const UndoProgress& progress = state_.undoProgress();
-    return progress.totalFiles > 0
-               ? QStringLiteral("%1 / %2 %3")
-                     .arg(progress.processedCount)
-                     .arg(progress.totalFiles)
-                     .arg(texts_.localized(QStringLiteral("proc.processed")))
-               : QString();
+    return progress.totalFiles > 0 ? QStringLiteral("%1 / %2 %3")
+                                         .arg(progress.processedCount)
+                                         .arg(progress.totalFiles)
+                                         .arg(texts_.localized(QStringLiteral("proc.processed")))
+                                   : QString();
 }
 
 void ReportModel::takeUndoResult() {
