@@ -22,7 +22,7 @@ MediaItem photo(const std::string& path) {
 std::vector<std::string> names(const PreviewRows& rows) {
     std::vector<std::string> list;
     for (int row = 0; row < rows.rowCount(); ++row) {
-        list.push_back(rows.data(rows.index(row), PreviewRows::FileNameRole).toString().toStdString());
+        list.push_back(rows.data(rows.index(row), PreviewRows::fileNameRole).toString().toStdString());
     }
     return list;
 }
@@ -122,16 +122,16 @@ TEST(PreviewRowsTest, WritesARowAsItIsToBeRead) {
         return rows.data(rows.index(row), role).toString().toStdString();
     };
 
-    EXPECT_EQ(text(0, PreviewRows::DateRole), "Mar 14, 2021");
-    EXPECT_EQ(text(0, PreviewRows::DateSourceRole), "Date inferred from filename");
-    EXPECT_EQ(text(0, PreviewRows::ConfidenceRole), "Medium");
-    EXPECT_EQ(text(0, PreviewRows::DestinationRole), "/archive/2021/a.jpg");
-    EXPECT_TRUE(rows.data(rows.index(0), PreviewRows::IsDatedRole).toBool());
+    EXPECT_EQ(text(0, PreviewRows::dateRole), "Mar 14, 2021");
+    EXPECT_EQ(text(0, PreviewRows::dateSourceRole), "Date inferred from filename");
+    EXPECT_EQ(text(0, PreviewRows::confidenceRole), "Medium");
+    EXPECT_EQ(text(0, PreviewRows::destinationRole), "/archive/2021/a.jpg");
+    EXPECT_TRUE(rows.data(rows.index(0), PreviewRows::isDatedRole).toBool());
 
-    EXPECT_EQ(text(1, PreviewRows::DateRole), "Unknown");
-    EXPECT_EQ(text(1, PreviewRows::DestinationRole), "\u2014");
-    EXPECT_EQ(text(1, PreviewRows::ConfidenceTintRole), "grey");
-    EXPECT_FALSE(rows.data(rows.index(1), PreviewRows::IsDatedRole).toBool());
+    EXPECT_EQ(text(1, PreviewRows::dateRole), "Unknown");
+    EXPECT_EQ(text(1, PreviewRows::destinationRole), "\u2014");
+    EXPECT_EQ(text(1, PreviewRows::confidenceTintRole), "grey");
+    EXPECT_FALSE(rows.data(rows.index(1), PreviewRows::isDatedRole).toBool());
 }
 
 TEST(PreviewRowsTest, KeepsItsRowsInPlaceWhenOnlyWhatTheySayChanges) {
@@ -147,7 +147,7 @@ TEST(PreviewRowsTest, KeepsItsRowsInPlaceWhenOnlyWhatTheySayChanges) {
     setItems(rows, items);
     EXPECT_EQ(resets, 0);
     EXPECT_EQ(changes, 1);
-    EXPECT_EQ(rows.data(rows.index(1), PreviewRows::DestinationRole), QStringLiteral("/archive/b.jpg"));
+    EXPECT_EQ(rows.data(rows.index(1), PreviewRows::destinationRole), QStringLiteral("/archive/b.jpg"));
 
     rows.setSearch(QStringLiteral("a"));
     items.push_back(photo("/a.jpg"));

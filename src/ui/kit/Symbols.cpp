@@ -137,7 +137,7 @@ QString Symbols::glyph(const QString& name) const {
         }
         return {};
     }
-    return QString(QChar(symbol->glyph));
+    return {QChar(symbol->glyph)};
 }
 
 QString Symbols::mark(const QString& name) const {

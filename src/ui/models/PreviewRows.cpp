@@ -73,21 +73,21 @@ QVariant PreviewRows::data(const QModelIndex& index, int role) const {
     }
     const MediaItem& item = (*items_)[itemIndex(index.row())];
     switch (role) {
-    case FileNameRole:
+    case fileNameRole:
         return shownText(item.fileName());
-    case SymbolRole:
+    case symbolRole:
         return symbolName(item.mediaType);
-    case DateRole:
+    case dateRole:
         return shownText(LUMEODateFormatters::formattedMedium(item.resolvedDate));
-    case IsDatedRole:
+    case isDatedRole:
         return item.resolvedDate.hasValue();
-    case DateSourceRole:
+    case dateSourceRole:
         return shownText(userFriendlyLabel(item.dateSource));
-    case ConfidenceRole:
+    case confidenceRole:
         return shownText(userFriendlyLabel(item.dateConfidence));
-    case ConfidenceTintRole:
+    case confidenceTintRole:
         return tintName(item.dateConfidence);
-    case DestinationRole:
+    case destinationRole:
         return destinationText(item.plannedDestinationURL);
     default:
         return {};
@@ -96,14 +96,14 @@ QVariant PreviewRows::data(const QModelIndex& index, int role) const {
 
 QHash<int, QByteArray> PreviewRows::roleNames() const {
     return {
-        {FileNameRole, "fileName"},
-        {SymbolRole, "symbol"},
-        {DateRole, "date"},
-        {IsDatedRole, "isDated"},
-        {DateSourceRole, "dateSource"},
-        {ConfidenceRole, "confidence"},
-        {ConfidenceTintRole, "confidenceTint"},
-        {DestinationRole, "destination"},
+        {fileNameRole, "fileName"},
+        {symbolRole, "symbol"},
+        {dateRole, "date"},
+        {isDatedRole, "isDated"},
+        {dateSourceRole, "dateSource"},
+        {confidenceRole, "confidence"},
+        {confidenceTintRole, "confidenceTint"},
+        {destinationRole, "destination"},
     };
 }
 

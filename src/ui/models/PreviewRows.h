@@ -23,14 +23,14 @@ class PreviewRows : public QAbstractListModel {
 
 public:
     enum Role {
-        FileNameRole = Qt::UserRole + 1,
-        SymbolRole,
-        DateRole,
-        IsDatedRole,
-        DateSourceRole,
-        ConfidenceRole,
-        ConfidenceTintRole,
-        DestinationRole,
+        fileNameRole = Qt::UserRole + 1,
+        symbolRole,
+        dateRole,
+        isDatedRole,
+        dateSourceRole,
+        confidenceRole,
+        confidenceTintRole,
+        destinationRole,
     };
 
     explicit PreviewRows(QObject* parent = nullptr);

@@ -1,6 +1,6 @@
 #include "ui/thumbnails/CommonImage.h"
 
-#include "ui/thumbnails/Picture.h"
+#include "ui/thumbnails/PictureShape.h"
 
 #include <QBuffer>
 #include <QColorSpace>

@@ -1,6 +1,6 @@
 #include "ui/thumbnails/FrameImage.h"
 
-#include "ui/thumbnails/Picture.h"
+#include "ui/thumbnails/PictureShape.h"
 
 #include <QTransform>
 

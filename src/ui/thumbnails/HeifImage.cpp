@@ -1,6 +1,6 @@
 #include "ui/thumbnails/HeifImage.h"
 
-#include "ui/thumbnails/Picture.h"
+#include "ui/thumbnails/PictureShape.h"
 
 #include <array>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "ui/thumbnails/Picture.h"
+#include "ui/thumbnails/PictureShape.h"
 
 #include <QTransform>
 
