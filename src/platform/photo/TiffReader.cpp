@@ -102,18 +102,21 @@ std::optional<ImageSize> mainImageSize(TiffStructure& tiff, const TiffDirectory&
 
 /// Fills what `exif` lacks.
 void readExif(TiffStructure& tiff, const TiffDirectory& directory, PhotoProperties::Exif& exif) {
-    const auto fill = [&](std::optional<std::string>& fact, std::uint16_t tag) {
+    const auto fillText = [&](std::optional<std::string>& fact, std::uint16_t tag) {
         if (!fact) {
             fact = tiff.text(directory.find(tag));
         }
     };
-    fill(exif.dateTimeOriginal, dateTimeOriginal);
-    fill(exif.dateTimeDigitized, dateTimeDigitized);
-    fill(exif.lensModel, lensModel);
-    if (!exif.pixelXDimension || !exif.pixelYDimension) {
-        exif.pixelXDimension = pixels(tiff.integer(directory.find(pixelXDimension)));
-        exif.pixelYDimension = pixels(tiff.integer(directory.find(pixelYDimension)));
-    }
+    const auto fillSide = [&](std::optional<std::int64_t>& side, std::uint16_t tag) {
+        if (!side) {
+            side = pixels(tiff.integer(directory.find(tag)));
+        }
+    };
+    fillText(exif.dateTimeOriginal, dateTimeOriginal);
+    fillText(exif.dateTimeDigitized, dateTimeDigitized);
+    fillText(exif.lensModel, lensModel);
+    fillSide(exif.pixelXDimension, pixelXDimension);
+    fillSide(exif.pixelYDimension, pixelYDimension);
 }
 
 void readGps(TiffStructure& tiff, const TiffDirectory& directory, PhotoProperties::Gps& gps) {
