@@ -48,7 +48,7 @@ TEST_F(StreamingHashServiceTest, TellsTheFilesOwnErrorWithoutAskingForCancellati
     EXPECT_EQ(std::get<FileError>(hash(folder.path(), fails).error()).errnoValue, EISDIR);
 
     const FilePath file = folder.write("file", std::string(3 * mebibyte, 'x'));
-    disk.failAction(FileAction::read, EIO, 2);
+    disk.failCall(disk.callCount() + 3, EIO); // opened, read, and read on
     EXPECT_EQ(std::get<FileError>(hash(file).error()), (FileError{FileAction::read, file, EIO}));
 }
 

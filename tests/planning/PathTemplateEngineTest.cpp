@@ -19,8 +19,6 @@ std::string renderCamera(std::string_view folderTemplate, std::string_view make)
 
 TEST(PathTemplateEngine, FillsDateTokensFromTheLocalDay) {
     constexpr WallTime august{2025, 8, 17, 23, 59, 59};
-    EXPECT_EQ(render("{YYYY}/{YYYY}-{MM} {Month}/{YYYY}-{MM}-{DD}", august),
-              "2025/2025-08 August/2025-08-17");
     EXPECT_EQ(render("{YY}-{MonthShort}", {2005, 9, 1, 0, 0, 0}), "05-Sep");
     EXPECT_EQ(render("{YYYY} {YY} {Month} {MonthShort}", {987, 5, 3, 12, 0, 0}), "0987 87 May May");
     EXPECT_EQ(render("{yyyy} {Day} {", august), "{yyyy} {Day} {") << "what is no token stays";
@@ -35,19 +33,15 @@ TEST(PathTemplateEngine, FillsAndCleansCameraAndMediaType) {
     item.cameraMake = SharedText("NIKON: D850 / Z");
     item.cameraModel = SharedText("\t a\\b??%*|\"<> ");
     EXPECT_EQ(render("{CameraMake}/{CameraModel}", day, item), "NIKON_ D850 _ Z/a_b________");
-}
-
-TEST(PathTemplateEngine, ReplacesTokensInAFixedOrderEachInTheResultOfTheOneBefore) {
-    EXPECT_EQ(renderCamera("{CameraMake}", "{MediaType} {YYYY}"), "Other Media {YYYY}");
-    EXPECT_EQ(render("{{YY}YY}", {2025, 8, 17, 12, 0, 0}), "{25YY}");
+    item.cameraMake = SharedText("{MediaType} {YYYY}");
+    EXPECT_EQ(render("{CameraMake} {{YY}YY}", day, item), "RAW Photo {YYYY} {25YY}")
+        << "in a fixed order, each in the result of the one before";
 }
 
 TEST(PathTemplateEngine, DropsEmptyLevelsAndTrimsTheOthers) {
     constexpr WallTime day{2025, 8, 17, 12, 0, 0};
-    EXPECT_EQ(render("//{YYYY}//  /{MM}/", day), "2025/08");
-    EXPECT_EQ(render(" {YYYY} - {MM} ", day), "2025 - 08");
+    EXPECT_EQ(render("// {YYYY} - {MM} //  /{MM}/", day), "2025 - 08/08");
     EXPECT_EQ(render("\u3000{YYYY}\u00A0\r\n/\u2028", day), "2025");
-    EXPECT_EQ(render("///", day), "");
     EXPECT_EQ(render("a:b?/\xFF{MM}\x85", day), "a:b?/\xFF"
                                                 "08\x85")
         << "literal text passes unchanged";
@@ -58,16 +52,12 @@ TEST(PathTemplateEngine, NeverLeadsOutOfTheRootNorToANameThatNoFolderCanHave) {
     EXPECT_EQ(renderCamera("{CameraMake}", std::string_view("..\0/etc", 7)), ".._"
                                                                              "_etc");
 
-    const std::string eighty100 = [] {
-        std::string text = "x";
-        for (int i = 0; i < 200; ++i) {
-            text += "é";
-        }
-        return text;
-    }();
-    const std::string name = renderCamera("{CameraMake}/{YYYY}", eighty100);
-    EXPECT_EQ(name, eighty100.substr(0, 255) + "/2025") << "clipped between two characters";
-    EXPECT_EQ(renderCamera("{MM}{CameraMake}", eighty100), "08" + eighty100.substr(0, 253));
+    std::string longName = "x";
+    for (int i = 0; i < 200; ++i) {
+        longName += "é";
+    }
+    EXPECT_EQ(renderCamera("{MM}{CameraMake}/{YYYY}", longName), "08" + longName.substr(0, 253) + "/2025")
+        << "clipped between two characters";
 }
 
 TEST(PathTemplateEngine, ChoosesTheTemplateByPreset) {

@@ -42,10 +42,7 @@ TEST(DocumentWriterTest, whicheverCallFailsTheOldDocumentOrTheNewOneIsThereWhole
 TEST(DocumentWriterTest, onlyFilesAreReplacedAndLinksLeadToThem) {
     const TempFolder folder;
     PosixFileSystem disk;
-    const FilePath longest = folder / std::string(255, 'n');
-    EXPECT_TRUE(writeDocument(disk, "text", longest));
-    EXPECT_EQ(contentOf(longest), "text");
-
+    EXPECT_TRUE(writeDocument(disk, "text", folder / std::string(255, 'n')));
     const FilePath file = folder.write("elsewhere/report.txt", "old");
     std::filesystem::create_symlink("elsewhere/report.txt", (folder / "relative").bytes());
     std::filesystem::create_symlink((folder / "relative").bytes(), (folder / "absolute").bytes());

@@ -63,31 +63,23 @@ TEST_P(EveryContainer, TellsItsDateDurationAndSize) {
     const MovieMetadataItem created{"creationDate", made.headerTime, std::nullopt};
     EXPECT_THAT(movie.metadata, ElementsAre(created));
     EXPECT_THAT(movie.commonCreationDates, ElementsAre(created));
-    EXPECT_DOUBLE_EQ(movie.durationSeconds.value_or(0), 61.25);
+    EXPECT_EQ(movie.durationSeconds, 61.25);
     EXPECT_EQ(movie.videoTrack, (MovieVideoTrack{1920, 1080}));
 
     made.durationSeconds = 0;
     made.width = 0;
     EXPECT_EQ(propertiesOf(GetParam().make(made)).videoTrack, std::nullopt) << "a size left open";
     EXPECT_EQ(propertiesOf(GetParam().make(made)).durationSeconds, std::nullopt);
-    made.width = 64;
-    made.hasVideo = false;
-    EXPECT_EQ(propertiesOf(GetParam().make(made)).videoTrack, std::nullopt);
 }
 
 TEST_P(EveryContainer, TakesAnUnsetClockForNoDate) {
     const ScopedTimeZone zone("UTC");
-    for (const auto& [time, clock] :
-         std::vector<std::pair<std::optional<Instant>, std::optional<std::string>>>{
-             {std::nullopt, std::nullopt},
-             {at("1904-01-01T00:00:00Z"), "1904/01/01 00:00:00"},
-             {at("1970-01-01T00:00:00Z"), "1970/01/01 00:00:00"},
-             {at("1970-01-01T07:00:00Z"), "Thu Jan 01 07:00:00 1970"},
-         }) {
+    EXPECT_THAT(propertiesOf(GetParam().make({})).metadata, ElementsAre());
+    for (const std::string clock : {"1904-01-01T00:00:00Z", "1970-01-01T00:00:00Z", "1970-01-01T07:00:00Z"}) {
         TinyMovie made;
-        made.headerTime = time;
-        made.wallClock = clock;
-        EXPECT_THAT(propertiesOf(GetParam().make(made)).metadata, ElementsAre()) << clock.value_or("none");
+        made.headerTime = at(clock);
+        made.wallClock = clock.substr(0, 4) + "/01/01 " + clock.substr(11, 8);
+        EXPECT_THAT(propertiesOf(GetParam().make(made)).metadata, ElementsAre()) << clock;
     }
 }
 
@@ -139,11 +131,6 @@ TEST(MovieReader, ReadsTheManyWaysInWhichQuickTimeFilesAreLaidOut) {
     const std::string longMedia = bigEndianBytes(1, 4) + "mdat" + bigEndianBytes(16 + 5, 8) + "media";
     EXPECT_EQ(propertiesOf(longMedia + movieBox("moov", header)).metadata.at(0).dateValue, created);
 
-    const std::string fragments =
-        movieBox("mvex", movieBox("mehd", bigEndianBytes(0, 4) + bigEndianBytes(3000, 4)));
-    EXPECT_EQ(propertiesOf(movieBox("moov", longHeader(0, 0) + fragments)).durationSeconds, 5.0);
-    EXPECT_EQ(propertiesOf(movieBox("moov", longHeader(0, ~std::uint64_t{0}))).durationSeconds, std::nullopt);
-
     const std::string sinceUnixEpoch = longHeader(1'615'735'845, 1500);
     EXPECT_EQ(propertiesOf(movieBox("moov", sinceUnixEpoch)).metadata.at(0).dateValue, created);
     EXPECT_THAT(propertiesOf(movieBox("moov", longHeader(~std::uint64_t{0} >> 1U, 1500))).metadata,
@@ -164,7 +151,7 @@ TEST(MovieReader, ReadsTheManyWaysInWhichQuickTimeFilesAreLaidOut) {
 
 TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
     const ScopedTimeZone zone("Europe/Berlin");
-    for (const auto& [text, expected] : std::vector<std::pair<std::string, std::string>>{
+    for (const auto& [text, expected] : std::vector<std::pair<std::string, std::string_view>>{
              {"Mon Mar 10 15:04:43 2003\n", "2003-03-10T14:04:43Z"},
              {"SAT JUL 05 15:04:43 2003", "2003-07-05T13:04:43Z"},
              {"2009/10/27 12:14:34", "2009-10-27T11:14:34Z"},

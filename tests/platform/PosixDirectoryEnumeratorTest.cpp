@@ -12,9 +12,7 @@
 namespace lumeo {
 namespace {
 
-using testing::Contains;
 using testing::IsEmpty;
-using testing::Not;
 using testing::UnorderedElementsAre;
 
 std::size_t openDescriptors() {
@@ -40,14 +38,6 @@ public:
         }
         EXPECT_TRUE(entry->status) << entry->status.error().message();
         return std::pair(below(entry->path), entry->status->kind);
-    }
-
-    std::vector<std::string> rest() {
-        std::vector<std::string> names;
-        while (const auto entry = next()) {
-            names.push_back(entry->first);
-        }
-        return names;
     }
 
     void skipDescendants() { walk_->skipDescendants(); }
@@ -107,19 +97,10 @@ TEST(PosixDirectoryEnumeratorTest, leavesOutOnlyWhatLiesBelowTheFolderGivenLast)
     EXPECT_THAT(names, UnorderedElementsAre("skipped", "walked", "walked/b"));
 }
 
-TEST(PosixDirectoryEnumeratorTest, tellsWhyThereIsNoWalk) {
-    const TempFolder folder;
-    const PosixFileSystem disk;
-    const auto missing = disk.enumerate(folder / "missing", {});
-    ASSERT_FALSE(missing);
-    EXPECT_EQ(missing.error(), (FileError{FileAction::list, folder / "missing", ENOENT}));
-    const auto file = disk.enumerate(folder.write("file", ""), {});
-    ASSERT_FALSE(file);
-    EXPECT_EQ(file.error().errnoValue, ENOTDIR);
-}
-
 TEST(PosixDirectoryEnumeratorTest, goesOnPastFoldersThatCannotBeRead) {
     const TempFolder folder;
+    EXPECT_EQ(PosixFileSystem().enumerate(folder / "missing", {}).error(),
+              (FileError{FileAction::list, folder / "missing", ENOENT}));
     folder.write("elsewhere/secret", "");
     folder.write("root/removed/a", "");
     folder.write("root/replaced/b", "");
@@ -188,7 +169,7 @@ TEST(PosixDirectoryEnumeratorTest, findsItsWayBackUpOrReadsNothingElseInstead) {
             ASSERT_TRUE(walk.next());
         }
         const auto move = [&](const std::string& from, std::string_view to) {
-            std::filesystem::rename((folder / from).bytes(), (folder / to).bytes());
+            ASSERT_TRUE(disk.renameWithoutReplacing(folder / from, folder / to));
         };
         folder.write("elsewhere/planted", "");
         move("root/" + first, "elsewhere/moved");
@@ -196,10 +177,12 @@ TEST(PosixDirectoryEnumeratorTest, findsItsWayBackUpOrReadsNothingElseInstead) {
             move("root", "gone");
             move("elsewhere", "root");
         }
-        const std::vector<std::string> rest = walk.rest();
-        EXPECT_THAT(rest, Not(Contains("planted")));
+        std::size_t rest = 0;
+        for (; const auto entry = walk.next(); ++rest) {
+            EXPECT_NE(entry->first, "planted");
+        }
         // The chain under way to its end; the other one only where it can be reached still.
-        EXPECT_EQ(rest.size(), rootMovesToo ? 10U : 10U + 61U);
+        EXPECT_EQ(rest, rootMovesToo ? 10U : 10U + 61U);
         EXPECT_EQ(walk.errors.size(), rootMovesToo ? 1U : 0U);
     }
 }

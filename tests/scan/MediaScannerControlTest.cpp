@@ -89,35 +89,26 @@ TEST_F(MediaScannerControlTest, WakesToACancelOrAStopWhilePaused) {
     }
 }
 
-TEST_F(MediaScannerControlTest, StopsAtTheNextEntryAndLeavesTheOtherSources) {
-    std::int64_t files = 0;
-    ScanProgress end;
-    scanner_.scan(std::vector{folder_.path(), folder_.path()}, [&](const ScanProgress& progress) {
-        end = progress;
-        files = progress.totalScannedCount;
+TEST_F(MediaScannerControlTest, ForgetsCallsFromBeforeButNotAStopRequestAndStopsAtTheNextEntry) {
+    scanner_.cancel();
+    scanner_.pause();
+    EXPECT_EQ(scan().totalScannedCount, fileCount);
+    const ScanProgress cancelled = scan([this](std::int64_t files) {
         if (files == 5) {
             scanner_.cancel();
         }
     });
-    EXPECT_EQ(files, 5);
-    EXPECT_TRUE(end.isCancelled);
-}
-
-TEST_F(MediaScannerControlTest, ForgetsCallsFromBeforeButNotAStopRequest) {
-    scanner_.pause();
-    scanner_.cancel();
-    scanner_.pause();
-    EXPECT_EQ(scan().totalScannedCount, fileCount);
+    EXPECT_TRUE(cancelled.isCancelled);
+    EXPECT_EQ(cancelled.totalScannedCount, 5);
     stop_.request_stop();
-    const ScanProgress end = scan();
-    EXPECT_TRUE(end.isCancelled);
-    EXPECT_EQ(end.totalScannedCount, 0);
+    const ScanProgress stopped = scan();
+    EXPECT_TRUE(stopped.isCancelled);
+    EXPECT_EQ(stopped.totalScannedCount, 0);
 }
 
 TEST_F(MediaScannerControlTest, NeverMissesAWakeUp) {
     constexpr int rounds = 1000;
     std::mt19937 random(20210314); // NOLINT(cert-msc51-cpp): the same rounds every time
-    int cancelledRounds = 0;
     for (int round = 0; round < rounds; ++round) {
         const auto seed = random();
         std::jthread controller([this, seed] {
@@ -136,20 +127,10 @@ TEST_F(MediaScannerControlTest, NeverMissesAWakeUp) {
             }
             scanner_.resume();
         });
-        // On a busy machine the controller may come too late: some rounds are surely cancelled.
-        const ScanProgress end = scan([&](std::int64_t files) {
-            if (round % 10 == 0 && files == fileCount / 2) {
-                scanner_.cancel();
-            }
-        });
+        const ScanProgress end = scan();
         EXPECT_NE(end.isCancelled, end.isCompleted);
-        if (end.isCompleted) {
-            EXPECT_EQ(end.totalScannedCount, fileCount);
-        } else {
-            ++cancelledRounds;
-        }
+        EXPECT_TRUE(end.isCancelled || end.totalScannedCount == fileCount);
     }
-    EXPECT_GE(cancelledRounds, rounds / 10);
 }
 
 } // namespace

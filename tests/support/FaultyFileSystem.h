@@ -1,8 +1,7 @@
 #pragma once
 
-#include "support/ForwardingFileSystem.h"
+#include "platform/FileSystem.h"
 
-#include <array>
 #include <memory>
 #include <mutex>
 
@@ -13,13 +12,12 @@ struct DiskCall {
     std::string_view operation; ///< the interface's own name: "createFile", "read", "renameReplacing", …
     FileAction action = FileAction::examine;
     FilePath path;
-    FilePath newPath;            ///< of a rename; otherwise empty
-    std::size_t number = 0;      ///< of all calls so far, from 1; 0 for a mere hint ("evict")
-    std::size_t ofItsAction = 0; ///< of all calls with this action so far, from 1; 0 for a hint
+    FilePath newPath;       ///< of a rename; otherwise empty
+    std::size_t number = 0; ///< of all calls so far, from 1; 0 for a mere hint ("evict")
 };
 
-/// A file system whose disk fails, fills up, lies, or lets somebody else in between two calls. Without
-/// being told to it does nothing but count.
+/// A file system, handing every call to another one, whose disk fails, fills up, lies, or lets somebody else
+/// in between two calls. Without being told to it does nothing but count.
 ///
 ///     PosixFileSystem real;
 ///     FaultyFileSystem disk(real);
@@ -33,18 +31,18 @@ struct DiskCall {
 /// Every call of FileSystem, ReadableFile and WritableFile counts as one, and so do an entry of a walk
 /// (action examine) and its going down into a folder (action list). A call that fails does not reach the
 /// disk, except for the bytes of a write that still fit. The evict() of a file cannot fail, so it is
-/// announced but not counted. Any thread may call at any time; files opened through it must not outlive it.
-class FaultyFileSystem final : public ForwardingFileSystem {
+/// announced but not counted. Any thread may call at any time; files opened through it must not outlive it,
+/// nor it the other file system.
+class FaultyFileSystem final : public FileSystem {
 public:
-    using ForwardingFileSystem::ForwardingFileSystem;
+    explicit FaultyFileSystem(FileSystem& target) : target_(target) {}
     using Hook = std::function<void(const DiskCall&)>;
 
     /// How many calls were made so far.
     [[nodiscard]] std::size_t callCount() const;
 
     void failCall(std::size_t number, int errnoValue);
-    /// Fails the `nth` call of this kind, or every one when `nth` is 0.
-    void failAction(FileAction action, int errnoValue, std::size_t nth = 0);
+    void failAction(FileAction action, int errnoValue);
     void failWhen(std::function<bool(const DiskCall&)> when, int errnoValue);
     void limitSpace(std::int64_t bytes);
     /// Gives one bit wrong, that of the byte at `offset`, whenever a file that `which` picks is read.
@@ -97,9 +95,9 @@ private:
     /// Applies the bit flips to what was read from `offset` on.
     void distort(const FilePath& path, std::int64_t offset, std::span<std::byte> bytes) const;
 
+    FileSystem& target_;
     mutable std::mutex mutex_;
     mutable std::size_t callCount_ = 0;
-    mutable std::array<std::size_t, 11> callsByAction_{};
     std::vector<Fault> faults_;
     std::vector<BitFlip> bitFlips_;
     std::optional<std::int64_t> spaceLeft_;

@@ -72,14 +72,6 @@ FileResult<FileStatus> MemoryFileSystem::targetStatus(const FilePath& path) cons
     return status(isLink ? FilePath(found->second.content) : path);
 }
 
-FileResult<FilePath> MemoryFileSystem::linkTarget(const FilePath& link) const {
-    const auto found = entries_.find(link);
-    if (found == entries_.end() || found->second.kind != FileKind::symbolicLink) {
-        return FileError{FileAction::examine, link, found == entries_.end() ? ENOENT : EINVAL};
-    }
-    return FilePath(found->second.content);
-}
-
 FileResult<std::unique_ptr<ReadableFile>> MemoryFileSystem::openForReading(const FilePath& path) const {
     if (onOpen) {
         onOpen(path);

@@ -37,7 +37,7 @@ public:
 
     FileResult<FileStatus> status(const FilePath& path) const override;
     FileResult<FileStatus> targetStatus(const FilePath& path) const override;
-    FileResult<FilePath> linkTarget(const FilePath& link) const override;
+    FileResult<FilePath> linkTarget(const FilePath& link) const override { return refused(link); }
     FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override;
 
     FileResult<std::unique_ptr<DirectoryEnumerator>>

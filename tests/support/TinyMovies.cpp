@@ -108,9 +108,7 @@ std::string tinyQuickTime(const TinyMovie& movie) {
                              bigEndianBytes(ticksPerSecond, 4) + bigEndianBytes(ticks(movie), 4) +
                              fixedPoint(1) + std::string(12, '\0') + matrix({1, 0, 0, 1}) +
                              std::string(24, '\0') + bigEndianBytes(2, 4));
-    if (movie.hasVideo) {
-        parts += quickTimeTrack(movie);
-    }
+    parts += quickTimeTrack(movie);
     if (movie.userDataDay) {
         parts += userData(*movie.userDataDay);
     }
@@ -128,16 +126,10 @@ std::string tinyMatroska(const TinyMovie& movie) {
     if (movie.headerTime) {
         info += element(0x4461, bigEndianBytes(unitsSince(codedEpoch, movie.headerTime, 1) * 1000, 8));
     }
-    std::string track =
-        element(0xD7, bigEndianBytes(1, 1)) + element(0x83, bigEndianBytes(movie.hasVideo ? 1 : 2, 1));
-    if (movie.hasVideo) {
-        track +=
-            element(0x86, "V_MJPEG") +
-            element(0xE0, element(0xB0, bigEndianBytes(static_cast<std::uint64_t>(movie.width), 2)) +
-                              element(0xBA, bigEndianBytes(static_cast<std::uint64_t>(movie.height), 2)));
-    } else {
-        track += element(0x86, "A_PCM/INT/LIT");
-    }
+    const std::string track =
+        element(0xD7, bigEndianBytes(1, 1)) + element(0x83, bigEndianBytes(1, 1)) + element(0x86, "V_MJPEG") +
+        element(0xE0, element(0xB0, bigEndianBytes(static_cast<std::uint64_t>(movie.width), 2)) +
+                          element(0xBA, bigEndianBytes(static_cast<std::uint64_t>(movie.height), 2)));
     return element(0x1A45DFA3, element(0x4282, "matroska")) +
            element(0x18538067, element(0x1549A966, info) + element(0x1654AE6B, element(0xAE, track)) +
                                    element(0x1F43B675, element(0xE7, bigEndianBytes(0, 1))));
@@ -147,20 +139,15 @@ std::string tinyAsf(const TinyMovie& movie) {
     constexpr std::uint64_t unitsPerSecond = 10'000'000;
     const std::uint64_t played = ticks(movie) * (unitsPerSecond / ticksPerSecond);
     const std::uint64_t created = unitsSince(startOf(1601), movie.headerTime, 1) * 10;
-    std::string objects =
+    const std::string objects =
         asfObject("\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4\x00\xC0\x0C\x20\x53\x65"s,
                   std::string(24, '\0') + littleEndianBytes(created, 8) + std::string(8, '\0') +
-                      littleEndianBytes(played, 8) + std::string(32, '\0'));
-    std::uint64_t count = 1;
-    if (movie.hasVideo) {
-        ++count;
-        objects += asfObject("\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6\x00\xC0\x0C\x20\x53\x65"s,
-                             "\xC0\xEF\x19\xBC\x4D\x5B\xCF\x11\xA8\xFD\x00\x80\x5F\x5C\x44\x2B"s +
-                                 std::string(38, '\0') +
-                                 littleEndianBytes(static_cast<std::uint64_t>(movie.width), 4) +
-                                 littleEndianBytes(static_cast<std::uint64_t>(movie.height), 4));
-    }
-    const std::string head = littleEndianBytes(count, 4) + "\x01\x02" + objects;
+                      littleEndianBytes(played, 8) + std::string(32, '\0')) +
+        asfObject("\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6\x00\xC0\x0C\x20\x53\x65"s,
+                  "\xC0\xEF\x19\xBC\x4D\x5B\xCF\x11\xA8\xFD\x00\x80\x5F\x5C\x44\x2B"s +
+                      std::string(38, '\0') + littleEndianBytes(static_cast<std::uint64_t>(movie.width), 4) +
+                      littleEndianBytes(static_cast<std::uint64_t>(movie.height), 4));
+    const std::string head = littleEndianBytes(2, 4) + "\x01\x02" + objects;
     return asfObject("\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\x00\xAA\x00\x62\xCE\x6C"s, head);
 }
 
@@ -171,8 +158,7 @@ std::string tinyAvi(const TinyMovie& movie) {
         chunk("avih", littleEndianBytes(1000, 4) + std::string(12, '\0') +
                           littleEndianBytes(ticks(movie), 4) + std::string(12, '\0') +
                           littleEndianBytes(width, 4) + littleEndianBytes(height, 4) + std::string(16, '\0'));
-    const std::string stream = (movie.hasVideo ? "vidsMJPG"s : "auds"s + std::string(4, '\0')) +
-                               std::string(12, '\0') + littleEndianBytes(1, 4) +
+    const std::string stream = "vidsMJPG" + std::string(12, '\0') + littleEndianBytes(1, 4) +
                                littleEndianBytes(ticksPerSecond, 4) + std::string(4, '\0') +
                                littleEndianBytes(ticks(movie), 4) + std::string(20, '\0');
     std::string format =

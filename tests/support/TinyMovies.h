@@ -19,7 +19,6 @@ struct TinyMovie {
     std::optional<std::string> userDataDay; ///< QuickTime and MP4: "©day"
     std::optional<std::string> wallClock;   ///< AVI: the text of its date, "Mon Mar 10 15:04:43 2003"
     double durationSeconds = 2.5;
-    bool hasVideo = true;
     double width = 64; ///< pixels
     double height = 48;
     std::array<double, 4> transform{1, 0, 0, 1}; ///< QuickTime and MP4: a, b, c, d of the display matrix

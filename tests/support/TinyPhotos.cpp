@@ -1,5 +1,7 @@
 #include "support/TinyPhotos.h"
 
+#include "support/TinyMovies.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -10,36 +12,36 @@ namespace {
 constexpr std::uint16_t exifPointer = 0x8769;
 constexpr std::uint16_t gpsPointer = 0x8825;
 
-std::string bigEndian16(std::size_t value) {
-    return {static_cast<char>(value >> 8U & 0xFFU), static_cast<char>(value & 0xFFU)};
-}
-
 std::string segment(unsigned char marker, const std::string& content) {
-    return std::string{'\xFF', static_cast<char>(marker)} + bigEndian16(content.size() + 2) + content;
+    return std::string{'\xFF', static_cast<char>(marker)} + bigEndianBytes(content.size() + 2, 2) + content;
 }
 
 using Entries = std::vector<TiffMaker::Entry>;
 
+void addText(Entries& entries, const TiffMaker& tiff, std::uint16_t tag,
+             const std::optional<std::string>& text) {
+    if (text) {
+        entries.push_back(tiff.text(tag, *text));
+    }
+}
+
+void addNumber(Entries& entries, const TiffMaker& tiff, std::uint16_t tag,
+               const std::optional<std::uint32_t>& number) {
+    if (number) {
+        entries.push_back(tiff.number32(tag, *number));
+    }
+}
+
 Entries exifEntries(const TiffMaker& tiff, const TinyPhoto& photo) {
     Entries entries;
-    if (photo.dateTimeOriginal) {
-        entries.push_back(tiff.text(0x9003, *photo.dateTimeOriginal));
-    }
-    if (photo.dateTimeDigitized) {
-        entries.push_back(tiff.text(0x9004, *photo.dateTimeDigitized));
-    }
+    addText(entries, tiff, 0x9003, photo.dateTimeOriginal);
+    addText(entries, tiff, 0x9004, photo.dateTimeDigitized);
     if (photo.makerNote) {
         entries.push_back({0x927C, 7, static_cast<std::uint32_t>(photo.makerNote->size()), *photo.makerNote});
     }
-    if (photo.pixelXDimension) {
-        entries.push_back(tiff.number32(0xA002, *photo.pixelXDimension));
-    }
-    if (photo.pixelYDimension) {
-        entries.push_back(tiff.number32(0xA003, *photo.pixelYDimension));
-    }
-    if (photo.lensModel) {
-        entries.push_back(tiff.text(0xA434, *photo.lensModel));
-    }
+    addNumber(entries, tiff, 0xA002, photo.pixelXDimension);
+    addNumber(entries, tiff, 0xA003, photo.pixelYDimension);
+    addText(entries, tiff, 0xA434, photo.lensModel);
     return entries;
 }
 
@@ -51,25 +53,12 @@ Entries gpsEntries(const TiffMaker& tiff, const TinyPhoto& photo) {
             tiff.text(3, *photo.longitude < 0 ? "W" : "E"), tiff.degrees(4, std::abs(*photo.longitude))};
 }
 
-Entries cameraEntries(const TiffMaker& tiff, const TinyPhoto& photo) {
-    Entries entries;
-    if (photo.make) {
-        entries.push_back(tiff.text(0x010F, *photo.make));
-    }
-    if (photo.model) {
-        entries.push_back(tiff.text(0x0110, *photo.model));
-    }
-    if (photo.dateTime) {
-        entries.push_back(tiff.text(0x0132, *photo.dateTime));
-    }
-    return entries;
-}
-
 /// The whole structure: the first directory with `main` and the camera's facts, then the Exif and GPS
 /// directories. Empty when there is nothing to tell.
 std::string structure(const TiffMaker& tiff, const TinyPhoto& photo, Entries main) {
-    const Entries camera = cameraEntries(tiff, photo);
-    main.insert(main.end(), camera.begin(), camera.end());
+    addText(main, tiff, 0x010F, photo.make);
+    addText(main, tiff, 0x0110, photo.model);
+    addText(main, tiff, 0x0132, photo.dateTime);
     const Entries exif = exifEntries(tiff, photo);
     const Entries gps = gpsEntries(tiff, photo);
     if (main.empty() && exif.empty() && gps.empty()) {
@@ -97,9 +86,9 @@ std::string structure(const TiffMaker& tiff, const TinyPhoto& photo, Entries mai
 /// Tables in which one bit says "no difference" and one bit "end of block": a gray block is two bits.
 std::string grayScan(const TinyPhoto& photo) {
     const std::string oneCode = std::string("\x01", 1) + std::string(15, '\0') + std::string(1, '\0');
-    const std::string frame = std::string("\x08", 1) + bigEndian16(static_cast<std::size_t>(photo.height)) +
-                              bigEndian16(static_cast<std::size_t>(photo.width)) +
-                              std::string("\x01\x01\x11\x00", 4);
+    const std::string frame =
+        std::string("\x08", 1) + bigEndianBytes(static_cast<std::uint64_t>(photo.height), 2) +
+        bigEndianBytes(static_cast<std::uint64_t>(photo.width), 2) + std::string("\x01\x01\x11\x00", 4);
     const auto blocks = static_cast<std::size_t>((photo.width + 7) / 8 * ((photo.height + 7) / 8));
     std::string bits(blocks / 4, '\0');
     if (blocks % 4 != 0) {
@@ -134,19 +123,11 @@ TiffMaker::Entry TiffMaker::degrees(std::uint16_t tag, double unsignedDegrees) c
 }
 
 std::string TiffMaker::u16(std::uint16_t value) const {
-    std::string bytes = bigEndian16(value);
-    if (littleEndian_) {
-        std::reverse(bytes.begin(), bytes.end());
-    }
-    return bytes;
+    return littleEndian_ ? littleEndianBytes(value, 2) : bigEndianBytes(value, 2);
 }
 
 std::string TiffMaker::u32(std::uint32_t value) const {
-    std::string bytes = bigEndian16(value >> 16U) + bigEndian16(value & 0xFFFFU);
-    if (littleEndian_) {
-        std::reverse(bytes.begin(), bytes.end());
-    }
-    return bytes;
+    return littleEndian_ ? littleEndianBytes(value, 4) : bigEndianBytes(value, 4);
 }
 
 std::string TiffMaker::directory(std::vector<Entry> entries, std::size_t offset, std::uint32_t next) const {

@@ -19,33 +19,26 @@ FileTransactionItem fullRecord() {
             "Something “else”"};
 }
 
-TEST(OperationManifestTest, RoundTripsWithEveryFieldAndWithNone) {
+TEST(OperationManifestTest, RoundTripsWithEveryFieldAndWithNoneAndTheBytesOfPathsThatAreNotText) {
     OperationManifest manifest;
     EXPECT_EQ(*decodeOperationManifest(encode(manifest)), manifest);
     manifest = {Uuid::random(),
                 codedEpoch,
                 "move",
-                {FilePath("/card"), FilePath("/disk")},
+                {FilePath("/plain"), FilePath("/card")},
                 FilePath("/archive"),
-                {fullRecord()},
+                {fullRecord(), {}},
                 1'234'567'890,
                 12.5,
                 false};
-    manifest.items.emplace_back();
-    EXPECT_EQ(*decodeOperationManifest(encode(manifest)), manifest);
-
     const Json json = encode(manifest);
+    EXPECT_EQ(*decodeOperationManifest(json), manifest);
     EXPECT_EQ(json["items"][0]["status"], "failed");
     EXPECT_EQ(json["items"][0]["dateResolved"], 1.5);
-    EXPECT_FALSE(json["items"][1].contains("sourceHash"));
-    EXPECT_FALSE(json.contains("destinationRootURL"));
-}
+    EXPECT_FALSE(json["items"][1].contains("sourceHash") || json.contains("destinationRootURL"));
 
-TEST(OperationManifestTest, KeepsTheBytesOfPathsThatAreNotText) {
-    OperationManifest manifest;
-    manifest.sourceRoots = {FilePath("/plain"), FilePath("/card\xFF")};
+    manifest.sourceRoots[1] = FilePath("/card\xFF");
     manifest.destinationRoot = FilePath("/archive\xFE");
-    manifest.items.push_back(fullRecord());
     manifest.items[0].originalPath = FilePath("/card\xFF/\xC3(.jpg\n");
     manifest.items[0].destinationPath = FilePath("/archive\xFE/\xC3(.jpg\n");
     const std::string text = encode(manifest).dump();

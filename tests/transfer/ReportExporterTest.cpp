@@ -2,6 +2,7 @@
 
 #include "dates/LUMEODateFormatters.h"
 #include "platform/TextFormat.h"
+#include "support/SystemSettings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,20 +10,15 @@
 namespace lumeo {
 namespace {
 
+using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string header =
-    "Original Path,Destination Path,Filename,Size (Bytes),Media Type,Resolved Date,Date Source,"
-    "Confidence,Duplicate Status,Operation,Verification,Result,Error\n";
-
-MediaItem mediaItem(std::string path, MediaType type, DateConfidence confidence, bool isDuplicate = false) {
+MediaItem mediaItem(std::string path, MediaType type, DateConfidence confidence) {
     MediaItem item;
     item.sourceURL = FilePath(std::move(path));
     item.mediaType = type;
     item.dateConfidence = confidence;
-    if (isDuplicate) {
-        item.exactDuplicateGroupID = Uuid::random();
-    }
     return item;
 }
 
@@ -44,7 +40,7 @@ FileTransactionItem verifiedRecord() {
 }
 
 FileTransactionItem failedRecord() {
-    FileTransactionItem failed = record("/card/say \"b\", c.mov", "", TransactionStatus::failed);
+    FileTransactionItem failed = record("/card/say \"b\", c.mov", "/archive", TransactionStatus::failed);
     failed.verificationResult = "Half";
     failed.errorMessage = "No, no";
     return failed;
@@ -61,93 +57,75 @@ OperationManifest manifestOf(std::vector<FileTransactionItem> items) {
     return manifest;
 }
 
-/// What the CSV holds for a text that may hold separators.
-std::string field(const std::string& text) {
-    return text.find(',') == std::string::npos ? text : "\"" + text + "\"";
-}
-
-std::string withoutHeader(const std::string& csv) {
-    EXPECT_THAT(csv, StartsWith(header));
-    return csv.substr(header.size());
+/// The rows of the CSV below its header.
+std::string rowsOf(std::vector<FileTransactionItem> records, const std::vector<MediaItem>& items) {
+    const std::string csv = ReportExporter::generateCSV(manifestOf(std::move(records)), items);
+    const std::size_t header = csv.find('\n') + 1;
+    EXPECT_EQ(csv.substr(0, header), "Original Path,Destination Path,Filename,Size (Bytes),Media Type,"
+                                     "Resolved Date,Date Source,Confidence,Duplicate Status,Operation,"
+                                     "Verification,Result,Error\n");
+    return csv.substr(header);
 }
 
 TEST(ReportExporterCsv, HasARowForEachRecordFilledFromJournalAndCatalogue) {
-    const std::vector items{mediaItem("/card/a.jpg", MediaType::rawPhoto, DateConfidence::high, true)};
-    const std::string date = field(LUMEODateFormatters::formattedFully(codedEpoch));
-
-    const std::string rows =
-        withoutHeader(ReportExporter::generateCSV(manifestOf({verifiedRecord(), failedRecord()}), items));
-
-    EXPECT_EQ(rows, "/card/a.jpg,/archive/2021/a.jpg,a.jpg,1234567,RAW Photo," + date +
-                        ",EXIF Original,High,Duplicate,copy,Verified SHA-256,verified,\n"
-                        "\"/card/say \"\"b\"\", c.mov\",,\"say \"\"b\"\", c.mov\",0,Media,Unknown,Unknown,"
-                        "Unknown,Unique,copy,Half,failed,\"No, no\"\n");
+    const ScopedEnvironment english("LC_ALL", "en_US.UTF-8");
+    std::vector items{mediaItem("/card/a.jpg", MediaType::rawPhoto, DateConfidence::high)};
+    items[0].exactDuplicateGroupID = Uuid::random();
+    EXPECT_EQ(rowsOf({verifiedRecord(), failedRecord()}, items),
+              "/card/a.jpg,/archive/2021/a.jpg,a.jpg,1234567,RAW Photo,\"" +
+                  LUMEODateFormatters::formattedFully(codedEpoch) +
+                  "\",EXIF Original,High,Duplicate,copy,Verified SHA-256,verified,\n"
+                  "\"/card/say \"\"b\"\", c.mov\",/archive,\"say \"\"b\"\", c.mov\",0,Media,Unknown,Unknown,"
+                  "Unknown,Unique,copy,Half,failed,\"No, no\"\n");
+    EXPECT_THAT(rowsOf({record("/card/a\rb", "/archive/c\r\nd", TransactionStatus::verified)}, {}),
+                StartsWith("/card/a\rb,\"/archive/c\r\nd\",a\rb,0,Media,"))
+        << "a carriage return alone is not quoted";
 }
 
 TEST(ReportExporterCsv, FindsItemsByTheirExactBytesAndToleratesTwins) {
     // Both names show as the same text; only the bytes tell them apart.
-    const std::vector items{
-        mediaItem("/card/\xff.jpg", MediaType::photo, DateConfidence::low),
-        mediaItem("/card/\xfe.jpg", MediaType::video, DateConfidence::medium),
-        mediaItem("/card/\xfe.jpg", MediaType::video, DateConfidence::medium),
-    };
-    const std::string rows = withoutHeader(ReportExporter::generateCSV(
-        manifestOf({record("/card/\xfe.jpg", "/archive/\xfe.jpg", TransactionStatus::skipped)}), items));
-
-    EXPECT_EQ(rows, "/card/\uFFFD.jpg,/archive/\uFFFD.jpg,\uFFFD.jpg,0,Video,Unknown,Unknown,Medium,Unique,"
-                    "copy,Unverified,skipped,\n");
+    const MediaItem video = mediaItem("/card/\xfe.jpg", MediaType::video, DateConfidence::medium);
+    EXPECT_EQ(rowsOf({record("/card/\xfe.jpg", "/archive/\xfe.jpg", TransactionStatus::skipped)},
+                     {mediaItem("/card/\xff.jpg", MediaType::photo, DateConfidence::low), video, video}),
+              "/card/\uFFFD.jpg,/archive/\uFFFD.jpg,\uFFFD.jpg,0,Video,Unknown,Unknown,Medium,Unique,"
+              "copy,Unverified,skipped,\n");
 }
 
-TEST(ReportExporterCsv, CarriageReturnAloneIsNotQuoted) {
-    const std::string rows = withoutHeader(ReportExporter::generateCSV(
-        manifestOf({record("/card/a\rb", "/archive/c\r\nd", TransactionStatus::verified)}), {}));
-    EXPECT_THAT(rows, StartsWith("/card/a\rb,\"/archive/c\r\nd\",a\rb,0,Media,"));
-}
-
-TEST(ReportExporterText, TellsSummaryAndEveryRecord) {
-    const std::string rule = std::string(80, '=') + "\n";
+TEST(ReportExporterText, TellsSummaryAndEveryRecordInLinesThatNoNameCanForge) {
+    const std::string report = ReportExporter::generateTextReport(
+        manifestOf({verifiedRecord(), failedRecord(),
+                    record("/card/\xff\n[4] VERIFIED: x", "/archive/\xff.jpg", TransactionStatus::skipped)}));
     const std::string date = LUMEODateFormatters::formattedFully(codedEpoch);
-    std::vector records{
-        verifiedRecord(), failedRecord(),
-        record("/card/\xff\n[4] VERIFIED: x", "/archive/\xff.jpg", TransactionStatus::skipped)};
+    EXPECT_THAT(report,
+                HasSubstr("\nTimestamp: " + date + "\nOperation Type: COPY\nDestination: /archive\n"));
+    EXPECT_THAT(report, HasSubstr(R"(
+- Total Files Processed: 3
+- Verified Transfers: 1
+- Skipped (Duplicates): 1
+- Errors / Failures: 1
+- Total Transferred: )" + TextFormat::byteCount(1234567) +
+                                  R"(
+- Total Duration: 61.2 seconds
+)"));
+    EXPECT_THAT(report, EndsWith(R"(
+[1] VERIFIED: a.jpg
+    From: /card/a.jpg
+    To:   /archive/2021/a.jpg
+    Date: )" + date + R"( (EXIF Original)
+    Verification: Verified SHA-256
 
-    EXPECT_EQ(ReportExporter::generateTextReport(manifestOf(std::move(records))),
-              rule + "LUMEO. - Media Organization Report\n" + rule + "Timestamp: " + date +
-                  "\n"
-                  "Operation Type: COPY\n"
-                  "Destination: /archive\n"
-                  "\n"
-                  "SUMMARY:\n"
-                  "- Total Files Processed: 3\n"
-                  "- Verified Transfers: 1\n"
-                  "- Skipped (Duplicates): 1\n"
-                  "- Errors / Failures: 1\n"
-                  "- Total Transferred: " +
-                  TextFormat::byteCount(1234567) +
-                  "\n"
-                  "- Total Duration: 61.2 seconds\n"
-                  "\n" +
-                  rule + "FILE OPERATIONS AUDIT LOG:\n" + rule +
-                  "\n"
-                  "[1] VERIFIED: a.jpg\n"
-                  "    From: /card/a.jpg\n"
-                  "    To:   /archive/2021/a.jpg\n"
-                  "    Date: " +
-                  date +
-                  " (EXIF Original)\n"
-                  "    Verification: Verified SHA-256\n"
-                  "\n"
-                  "[2] FAILED: say \"b\", c.mov\n"
-                  "    From: /card/say \"b\", c.mov\n"
-                  "    To:   \n"
-                  "    Date: Unknown (Unknown)\n"
-                  "    Verification: Half\n"
-                  "    Error: No, no\n"
-                  "\n"
-                  "[3] SKIPPED: \uFFFD\\n[4] VERIFIED: x\n"
-                  "    From: /card/\uFFFD\\n[4] VERIFIED: x\n"
-                  "    To:   /archive/\uFFFD.jpg\n"
-                  "    Date: Unknown (Unknown)\n");
+[2] FAILED: say "b", c.mov
+    From: /card/say "b", c.mov
+    To:   /archive
+    Date: Unknown (Unknown)
+    Verification: Half
+    Error: No, no
+
+[3] SKIPPED: �\n[4] VERIFIED: x
+    From: /card/�\n[4] VERIFIED: x
+    To:   /archive/�.jpg
+    Date: Unknown (Unknown)
+)"));
 }
 
 TEST(ReportExporter, DefaultNamesCarryTheMomentInUtc) {

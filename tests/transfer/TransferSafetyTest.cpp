@@ -1,4 +1,4 @@
-#include "PowerLossFileSystem.h"
+#include "PowerLoss.h"
 #include "TransferWorld.h"
 #include "platform/PosixFileSystem.h"
 #include "support/FakeClock.h"
@@ -156,11 +156,12 @@ TEST_P(TransferSafetyTest, APowerLossTakesNoContentThatWasMoved) {
     TransferWorld world;
     fill(world);
     world.add("c.jpg", "content of c", "2022/c.jpg");
-    PowerLossFileSystem disk(real);
+    FaultyFileSystem disk(real);
+    const PowerLoss power(disk);
     const OperationManifest manifest = run(world, GetParam(), disk);
-    EXPECT_EQ(disk.losses(), std::vector<FilePath>{});
+    EXPECT_EQ(power.losses(), std::vector<FilePath>{});
     EXPECT_TRUE(std::ranges::all_of(manifest.items, [&](const FileTransactionItem& record) {
-        return record.status == TransactionStatus::verified && disk.isDurable(record.destinationPath);
+        return record.status == TransactionStatus::verified && power.isDurable(record.destinationPath);
     }));
 }
 

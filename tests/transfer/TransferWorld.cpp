@@ -3,7 +3,6 @@
 #include "hashing/StreamingHashService.h"
 #include "platform/PosixFileSystem.h"
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <thread>
@@ -54,16 +53,10 @@ OrganizationPlan TransferWorld::plan(OperationMode mode) const {
 }
 
 std::vector<std::string> TransferWorld::archiveFiles() const {
-    const std::filesystem::path root = (folder_ / "archive").bytes();
     std::vector<std::string> files;
-    if (std::filesystem::exists(root)) {
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
-            if (!entry.is_directory()) {
-                files.push_back(entry.path().lexically_relative(root));
-            }
-        }
+    for (const auto& [name, content] : filesBelow(archived(""))) {
+        files.push_back(name);
     }
-    std::sort(files.begin(), files.end());
     return files;
 }
 
