@@ -64,8 +64,9 @@ std::int64_t totalBytes(const std::vector<MediaItem>& items) {
 
 void scan(const FilePath& folder) {
     const PosixFileSystem fileSystem;
+    const SystemVolumes volumes;
     const SystemClock clock;
-    MediaScanner scanner(fileSystem, clock);
+    MediaScanner scanner(fileSystem, volumes, clock);
     Measurement measurement;
     measurement.begin();
     const std::vector<MediaItem> items = scanner.scan(std::vector{folder}, [](const ScanProgress&) {});

@@ -41,7 +41,8 @@ void AppState::startScan() {
     change(isScanning_, true, &AppState::isScanningChanged);
     goTo(WizardStep::scanResults);
 
-    const auto scanner = std::make_shared<MediaScanner>(environment_.fileSystem, environment_.clock);
+    const auto scanner =
+        std::make_shared<MediaScanner>(environment_.fileSystem, environment_.volumes, environment_.clock);
     const auto latest = std::make_shared<LatestValue<ScanProgress>>();
     scanPause_ = std::make_shared<PauseSwitch<MediaScanner>>(scanner);
     const auto show = [this, number](ScanProgress progress) {

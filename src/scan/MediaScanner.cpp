@@ -6,6 +6,7 @@
 #include "dates/VideoMetadataExtractor.h"
 #include "platform/AsciiCase.h"
 #include "scan/MediaTypeDetector.h"
+#include "scan/ScanRoot.h"
 
 #include <algorithm>
 #include <array>
@@ -76,10 +77,10 @@ public:
           start_(scanner.clock_.elapsed()),
           lastPublication_(start_) {}
 
-    void walkRoot(const FilePath& root) {
-        const FileResult<FileStatus> status = scanner_.fileSystem_.targetStatus(root);
+    void walkRoot(const ScanRoot& root) {
+        const FileResult<FileStatus> status = scanner_.fileSystem_.targetStatus(root.path);
         if (status && status->kind == FileKind::regular) {
-            catalogue(root, *status);
+            catalogue(root.path, *status);
         } else {
             walkFolder(root);
         }
@@ -93,9 +94,9 @@ public:
     }
 
 private:
-    void walkFolder(const FilePath& folder) {
+    void walkFolder(const ScanRoot& root) {
         auto enumerator =
-            scanner_.fileSystem_.enumerate(folder, [this](const FileError&) { ++progress_.errorsCount; });
+            scanner_.fileSystem_.enumerate(root.path, [this](const FileError&) { ++progress_.errorsCount; });
         if (!enumerator) {
             return;
         }
@@ -109,11 +110,12 @@ private:
             }
             const FileStatus& status = *entry->status;
             const std::string_view name = entry->path.lastComponent();
+            const bool isOtherRoot = std::ranges::find(root.otherRoots, entry->path) != root.otherRoots.end();
             if (status.kind == FileKind::folder) {
-                if (isIgnoredName(name) || isIgnoredDirectoryBundle(name)) {
+                if (isOtherRoot || isIgnoredName(name) || isIgnoredDirectoryBundle(name)) {
                     (*enumerator)->skipDescendants();
                 }
-            } else if (status.kind == FileKind::regular && !isIgnoredName(name)) {
+            } else if (status.kind == FileKind::regular && !isOtherRoot && !isIgnoredName(name)) {
                 ++progress_.totalScannedCount;
                 progress_.currentItemName = name;
                 catalogue(std::move(entry->path), status);
@@ -226,7 +228,7 @@ std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const
         isCancelled_ = false;
     }
     Walk walk(*this, onProgress, stop);
-    for (const FilePath& root : roots) {
+    for (const ScanRoot& root : scanRoots(roots, volumes_)) {
         if (isCancelled(stop)) {
             break;
         }

@@ -3,6 +3,7 @@
 #include "model/MediaItem.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/Volumes.h"
 #include "scan/ScanProgress.h"
 
 #include <atomic>
@@ -25,14 +26,15 @@ class MediaScanner {
 public:
     using ProgressCallback = std::function<void(const ScanProgress&)>;
 
-    /// Both must outlive the scanner.
-    MediaScanner(const FileSystem& fileSystem, const Clock& clock) : fileSystem_(fileSystem), clock_(clock) {}
+    /// All must outlive the scanner.
+    MediaScanner(const FileSystem& fileSystem, const Volumes& volumes, const Clock& clock)
+        : fileSystem_(fileSystem), volumes_(volumes), clock_(clock) {}
 
     /// Walks `roots` in order and gives the items found, in the order of the file system. A root may be
-    /// a file, or a link to a folder or file; links within a folder are left out. Cancelled, it gives
-    /// what it had. `onProgress` (may be empty) is called on this thread: after every examined file of
-    /// a folder while the item count is a multiple of 40 or more than 0.05 s have passed, and once at
-    /// the end. Never fails: entries that cannot be read are counted.
+    /// a file, or a link to a folder or file; links within a folder are left out. A place that several
+    /// roots lead to is walked once. Cancelled, it gives what it had. `onProgress` (may be empty) is called
+    /// on this thread: after every examined file of a folder while the item count is a multiple of 40 or more
+    /// than 0.05 s have passed, and once at the end. Never fails: entries that cannot be read are counted.
     ///
     /// Earlier calls of pause() and cancel() are forgotten when it starts; a stop requested of `stop`
     /// is not, and acts like cancel().
@@ -57,6 +59,7 @@ private:
     bool mayContinue(const std::stop_token& stop);
 
     const FileSystem& fileSystem_;
+    const Volumes& volumes_;
     const Clock& clock_;
     std::mutex mutex_;
     std::condition_variable_any wake_;

@@ -40,8 +40,9 @@ protected:
     }
 
     void scanAndPlan() {
-        SystemClock clock;
-        MediaScanner scanner(disk_, clock);
+        const SystemClock clock;
+        const SystemVolumes volumes;
+        MediaScanner scanner(disk_, volumes, clock);
         items_ =
             scanner.scan(library_->sources, [this](const ScanProgress& progress) { scanned_ = progress; });
         DestinationPlanner::plan(items_, plan_, disk_);

@@ -59,7 +59,8 @@ protected:
     TempFolder folder_;
     FakeClock clock_;
     PosixFileSystem fileSystem_;
-    MediaScanner scanner_{fileSystem_, clock_};
+    SystemVolumes volumes_;
+    MediaScanner scanner_{fileSystem_, volumes_, clock_};
     std::stop_source stop_;
     std::optional<std::latch> hasPaused_{std::in_place, 1};
     std::atomic<bool> mayGoOn_ = false;

@@ -29,7 +29,7 @@ using testing::UnorderedElementsAre;
 class MediaScannerTest : public testing::Test {
 protected:
     void scan(std::vector<FilePath> roots) {
-        MediaScanner scanner(disk_, clock_);
+        MediaScanner scanner(disk_, volumes_, clock_);
         published_.clear();
         items_ =
             scanner.scan(roots, [this](const ScanProgress& progress) { published_.push_back(progress); });
@@ -58,6 +58,7 @@ protected:
     FakeClock clock_{Instant(std::chrono::sys_days{std::chrono::year{2024} / 6 / 1})};
     PosixFileSystem real_;
     FaultyFileSystem disk_{real_};
+    SystemVolumes volumes_;
     std::vector<MediaItem> items_;
     std::vector<ScanProgress> published_;
 };
@@ -143,20 +144,40 @@ TEST_F(MediaScannerTest, TakesFilesFoldersAndLinksToEitherAsSources) {
     link("link to album", folder_ / "album");
     link("dangling", folder_ / "nowhere");
     ASSERT_EQ(mkfifo((folder_ / "pipe.jpg").c_str(), 0600), 0);
-    scan({single, folder_ / "missing", paper, folder_ / "link to album", folder_ / "dangling",
-          folder_ / "pipe.jpg", folder_ / "link to single.png", folder_ / "album"});
+    scan({folder_ / "missing", paper, folder_ / "link to album", folder_ / "dangling", folder_ / "pipe.jpg",
+          folder_ / "link to single.png"});
 
-    EXPECT_THAT(names(), ElementsAre("single.jpg", "inside.jpg", "link to single.png", "inside.jpg"));
-    EXPECT_EQ(items_[1].sourceURL, folder_ / "link to album/inside.jpg");
-    EXPECT_EQ(items_[2].fileSize, 5);
-    EXPECT_NE(items_[1].id, items_[3].id);
+    EXPECT_THAT(names(), ElementsAre("inside.jpg", "link to single.png"));
+    EXPECT_EQ(items_[0].sourceURL, folder_ / "link to album/inside.jpg");
+    EXPECT_EQ(items_[1].fileSize, 5);
     const ScanProgress& counters = finalProgress();
-    EXPECT_EQ(counters.photosCount, 4);
-    EXPECT_EQ(counters.totalBytesScanned, 16);
-    EXPECT_EQ(counters.totalScannedCount, 2) << "single files are no part of a walked folder";
+    EXPECT_EQ(counters.photosCount, 2);
+    EXPECT_EQ(counters.totalBytesScanned, 8);
+    EXPECT_EQ(counters.totalScannedCount, 1) << "single files are no part of a walked folder";
     EXPECT_EQ(counters.unsupportedCount, 1);
     EXPECT_EQ(counters.errorsCount, 0) << "sources that are not there are passed over";
     EXPECT_EQ(counters.currentItemName, "inside.jpg");
+}
+
+TEST_F(MediaScannerTest, ListsAFileOnceHoweverManySourcesLeadToIt) {
+    for (const char* name : {"a.jpg", "album/b.jpg", "album/trip/c.jpg", "album2/d.jpg", "closed/gate/e.jpg",
+                             "Old.photoslibrary/f.jpg"}) {
+        folder_.write(name, "x");
+    }
+    link("link", folder_ / "album");
+    const FilePath closed = folder_ / "closed"; // to a walk, but not to who names what lies in it
+    disk_.failWhen(
+        [&](const DiskCall& call) { return call.action == FileAction::list && call.path == closed; }, EACCES);
+    const std::vector<FilePath> sources{folder_ / "album/trip",  folder_.path(),
+                                        folder_ / "link",        folder_ / "album",
+                                        folder_ / "a.jpg",       folder_ / "album/b.jpg",
+                                        folder_ / "closed/gate", folder_ / "Old.photoslibrary"};
+    scan(sources);
+    EXPECT_THAT(names(), UnorderedElementsAre("a.jpg", "b.jpg", "c.jpg", "d.jpg", "e.jpg", "f.jpg"));
+    EXPECT_EQ(item("c.jpg").sourceURL, folder_ / "album/trip/c.jpg");
+    EXPECT_EQ(item("b.jpg").sourceURL, folder_ / "album/b.jpg");
+    scan({folder_ / "link", folder_ / "album/trip"});
+    EXPECT_THAT(names(), UnorderedElementsAre("b.jpg", "c.jpg"));
 }
 
 TEST_F(MediaScannerTest, CountsWhatItCannotReadAndGoesOn) {
