@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-#include <set>
 
 #include "support/EventLoop.h"
 #include "support/Warnings.h"
@@ -26,18 +25,9 @@ namespace {
 using testing::waitUntil;
 using testing::Warnings;
 
-QAccessibleInterface* accessible(QObject* object) {
-    return object != nullptr ? QAccessible::queryAccessibleInterface(object) : nullptr;
-}
-
 std::string nameOf(QObject* object) {
-    auto* face = accessible(object);
+    auto* face = object != nullptr ? QAccessible::queryAccessibleInterface(object) : nullptr;
     return face != nullptr ? face->text(QAccessible::Name).toStdString() : "";
-}
-
-bool isInteractive(QAccessible::Role role) {
-    return role == QAccessible::Button || role == QAccessible::CheckBox || role == QAccessible::RadioButton ||
-           role == QAccessible::ComboBox || role == QAccessible::EditableText;
 }
 
 /// The gallery of all controls in a window.
@@ -108,29 +98,6 @@ QColor over(const QColor& ground, QColor tint, float opacity) {
     const auto mix = [opacity](float under, float above) { return under + (above - under) * opacity; };
     return QColor::fromRgbF(mix(ground.redF(), tint.redF()), mix(ground.greenF(), tint.greenF()),
                             mix(ground.blueF(), tint.blueF()));
-}
-
-TEST_F(KitTest, EveryControlHasANameAndTheKeyboardComesToAllOfThem) {
-    std::set<QObject*> reached;
-    for (int i = 0; i < 60; ++i) {
-        press(Qt::Key_Tab);
-        reached.insert(view_.activeFocusItem());
-    }
-
-    int controls = 0;
-    for (auto* item : view_.rootObject()->findChildren<QQuickItem*>()) {
-        auto* face = accessible(item);
-        if (face == nullptr || !item->isVisible() || !item->isEnabled() || !isInteractive(face->role())) {
-            continue;
-        }
-        ++controls;
-        EXPECT_NE(nameOf(item), "") << item->metaObject()->className();
-        // Within a group the arrow keys go on from the chosen member.
-        const bool byArrowKeys =
-            face->role() == QAccessible::RadioButton && !item->property("checked").toBool();
-        EXPECT_EQ(reached.contains(item), !byArrowKeys) << nameOf(item);
-    }
-    EXPECT_GE(controls, 20);
 }
 
 TEST_F(KitTest, SpaceAndReturnWorkEveryButton) {
@@ -209,12 +176,6 @@ TEST_F(KitTest, EveryTextCanBeReadOnEveryGroundInBothAppearances) {
             EXPECT_GE(contrast(color(tint), soft), 4.5) << tint << " on its soft ground " << dark;
         }
     }
-}
-
-TEST_F(KitTest, ReducedMotionTakesNoTime) {
-    EXPECT_GT(theme_->property("quick").toInt(), 0);
-    theme_->setProperty("reducedMotion", true);
-    EXPECT_EQ(theme_->property("quick").toInt(), 0);
 }
 
 TEST_F(KitTest, EverySymbolIsInTheFontAndAnUnknownOneIsWarnedOf) {

@@ -77,18 +77,6 @@ TEST_F(OrganizationModelTest, ShowsWhereTheCustomTemplateWouldPutAScannedFile) {
     EXPECT_EQ(model_.exampleAfter(), QStringLiteral("b.jpg"));
 }
 
-TEST_F(OrganizationModelTest, OffersTheSameTagsInEveryLanguage) {
-    const QStringList tags{
-        QStringLiteral("{YYYY}"),       QStringLiteral("{YY}"),          QStringLiteral("{MM}"),
-        QStringLiteral("{DD}"),         QStringLiteral("{Month}"),       QStringLiteral("{MonthShort}"),
-        QStringLiteral("{CameraMake}"), QStringLiteral("{CameraModel}"), QStringLiteral("{MediaType}")};
-    for (const auto language : allCases<AppLanguage>()) {
-        made_.localization.setLanguage(language);
-        EXPECT_EQ(model_.tags(), tags) << languageCode(language).toStdString();
-        EXPECT_FALSE(model_.tagsLabel().isEmpty());
-    }
-}
-
 TEST_F(OrganizationModelTest, TellsWhetherTheDestinationHasRoom) {
     EXPECT_FALSE(model_.hasDestination());
     EXPECT_EQ(model_.capacityLine(), QString());
@@ -119,18 +107,6 @@ TEST_F(OrganizationModelTest, EstimatesWhatTheDuplicatePolicyWouldWrite) {
     EXPECT_FALSE(model_.lacksRoom());
     model_.setDuplicatePolicy(2);
     EXPECT_TRUE(model_.lacksRoom());
-}
-
-TEST_F(OrganizationModelTest, LeadsOnOnlyWithADestination) {
-    made_.writePhoto("source/a.jpg");
-    ASSERT_TRUE(made_.scan());
-    made_.state.proceedToNextStep();
-    model_.previewChanges();
-    EXPECT_EQ(made_.state.currentStep(), WizardStep::organization);
-    setDestination(std::nullopt);
-    model_.previewChanges();
-    EXPECT_EQ(made_.state.currentStep(), WizardStep::preview);
-    ASSERT_TRUE(testing::waitUntil([&] { return !model_.isPlanning(); }));
 }
 
 } // namespace

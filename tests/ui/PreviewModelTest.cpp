@@ -91,20 +91,6 @@ TEST_F(PreviewModelTest, InspectsTheChosenRowAndKeepsItThroughANewCatalogue) {
     EXPECT_TRUE(model_.inspector()->picture().isNull());
 }
 
-TEST_F(PreviewModelTest, MovesOnlyAfterTheQuestion) {
-    preview();
-    made_.setMode(OperationMode::move);
-    model_.confirmMove();
-    EXPECT_FALSE(made_.state.isStartingOperation());
-    ASSERT_TRUE(waitUntil([this] { return model_.canStart(); }));
-    model_.start();
-    EXPECT_TRUE(model_.showMoveConfirmation());
-    EXPECT_EQ(made_.state.currentStep(), WizardStep::preview);
-    model_.confirmMove();
-    EXPECT_FALSE(model_.showMoveConfirmation());
-    EXPECT_TRUE(waitUntil([this] { return made_.state.currentStep() == WizardStep::report; }));
-}
-
 TEST_F(PreviewModelTest, CopiesAtOnceAndSaysWhyARunIsRefused) {
     preview();
     made_.volumes.add(FilePath("/"), 1000, made_.state.requiredOutputSizeBytes());

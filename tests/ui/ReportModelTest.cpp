@@ -20,11 +20,10 @@ using testing::waitUntil;
 class ReportModelTest : public ::testing::Test {
 protected:
     /// Three files of two years and none, through a run.
-    void run(OperationMode mode = OperationMode::copy) {
+    void run() {
         first_ = made_.folder.write("source/IMG_20210314_153045.jpg", "one");
         made_.folder.write("source/VID_20190101_000000.mp4", "two");
         made_.folder.write("source/plain.jpg", "three");
-        made_.setMode(mode);
         ASSERT_TRUE(made_.goToReport());
     }
     [[nodiscard]] std::size_t filesInArchive() const {
@@ -121,19 +120,6 @@ TEST_F(ReportModelTest, TakesACopyRunBackAndKeepsWhatWasEditedSince) {
     undo(); // nothing is left to take back but the one that stays
     EXPECT_EQ(report.undoStatusMessage(), QStringLiteral("Rollback complete: 0 files restored/removed."));
     EXPECT_EQ(report.undoCounts(), QStringLiteral("Skipped: 2 · Errors: 1"));
-}
-
-TEST_F(ReportModelTest, TakesAMoveRunBackAndForgetsItWithTheNextRun) {
-    run(OperationMode::move);
-    EXPECT_FALSE(std::filesystem::exists(first_.bytes()));
-    undo();
-    EXPECT_EQ(contentOf(first_), "one");
-    EXPECT_EQ(report.undoCounts(), QString());
-
-    made_.state.navigateToStep(WizardStep::preview);
-    made_.state.startOperation();
-    ASSERT_TRUE(waitUntil([this] { return made_.state.currentStep() == WizardStep::report; }));
-    EXPECT_EQ(report.undoStatusMessage(), QString());
 }
 
 TEST_F(ReportModelTest, StaysOfItsRunWhateverIsScannedAndChosenAfterIt) {

@@ -4,13 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QSignalSpy>
-
 namespace lumeo {
 namespace {
 
 using testing::MadeState;
-using testing::waitUntil;
 
 class ScanModelTest : public ::testing::Test {
 protected:
@@ -54,37 +51,6 @@ TEST_F(ScanModelTest, AnEmptyScanLeadsBackOnly) {
     EXPECT_EQ(made_.state.currentStep(), WizardStep::scanResults);
     model_.changeSources();
     EXPECT_EQ(made_.state.currentStep(), WizardStep::sources);
-}
-
-TEST_F(ScanModelTest, PausesAndGoesOnAndCancelsBackToTheSources) {
-    for (int i = 0; i < 300; ++i) {
-        made_.writePhoto("source/" + std::to_string(i) + ".jpg");
-    }
-    made_.state.addSource(made_.folder / "source");
-    made_.state.startScan();
-    model_.pause();
-    ASSERT_TRUE(waitUntil([&] { return model_.isPaused(); }));
-    EXPECT_TRUE(model_.isScanning());
-    model_.resume();
-    ASSERT_TRUE(waitUntil([&] { return !model_.isPaused(); }));
-    model_.cancel();
-    EXPECT_FALSE(model_.isScanning());
-    EXPECT_EQ(made_.state.currentStep(), WizardStep::sources);
-}
-
-TEST_F(ScanModelTest, CountsDuplicatesOnceTheyAreAnalyzed) {
-    made_.writePhoto("source/a.jpg");
-    made_.writePhoto("source/b.jpg");
-    made_.writePhoto("source/c.jpg", "2020:01:01 10:00:00");
-    ASSERT_TRUE(made_.scan());
-    EXPECT_EQ(model_.duplicates(), QStringLiteral("0"));
-
-    const QSignalSpy results(&model_, &ScanModel::resultsChanged);
-    model_.analyzeDuplicates();
-    EXPECT_TRUE(model_.isAnalyzing());
-    ASSERT_TRUE(waitUntil([&] { return !model_.isAnalyzing(); }));
-    EXPECT_EQ(model_.duplicates(), QStringLiteral("2"));
-    EXPECT_FALSE(results.isEmpty());
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <functional>
 #include <iostream>
+#include <thread>
 
 namespace {
 
@@ -161,13 +162,18 @@ private:
 
     void run() {
         auto& state = made_.state;
+        // Slow enough that the run is not over before it is seen half done.
+        made_.disk.beforeEachCall(
+            [](const DiskCall&) { std::this_thread::sleep_for(std::chrono::microseconds(500)); });
         state.startOperation();
-        std::ignore = waitUntil([&] { return state.operationProgress().processedCount > 80; });
+        std::ignore =
+            waitUntil([&] { return state.isProcessing() && state.operationProgress().processedCount > 80; });
         state.pauseOperation();
         take("processing-paused");
         made_.window->close();
         take("close-question");
         made_.press(Qt::Key_Escape);
+        made_.disk.beforeEachCall({});
         state.resumeOperation();
         std::ignore = waitUntil([&] { return !state.isProcessing(); });
     }
