@@ -2,6 +2,20 @@
 
 namespace lumeo {
 
+std::string_view userFriendlyLabel(MediaType type) {
+    switch (type) {
+    case MediaType::photo:
+        return "Photo";
+    case MediaType::video:
+        return "Video";
+    case MediaType::rawPhoto:
+        return "RAW Photo";
+    case MediaType::other:
+        break;
+    }
+    return "Other Media";
+}
+
 std::string_view userFriendlyLabel(DateSourceType source) {
     switch (source) {
     case DateSourceType::exifDateTimeOriginal:

@@ -36,7 +36,8 @@ enum class DateSourceType : std::uint8_t {
 /// How far a capture date can be trusted, in rising order.
 enum class DateConfidence : std::uint8_t { unknown, low, medium, high };
 
-/// The explanation shown to the user and written into the journal, in English.
+/// The texts shown to the user and written into journals, reports and names of folders, in English.
+std::string_view userFriendlyLabel(MediaType type);
 std::string_view userFriendlyLabel(DateSourceType source);
 std::string_view userFriendlyLabel(DateConfidence confidence);
 

@@ -22,20 +22,6 @@ std::string_view monthName(int month) {
     return month >= 1 && month <= 12 ? monthNames[static_cast<std::size_t>(month - 1)] : "Unknown";
 }
 
-std::string_view mediaTypeName(MediaType type) {
-    switch (type) {
-    case MediaType::photo:
-        return "Photo";
-    case MediaType::video:
-        return "Video";
-    case MediaType::rawPhoto:
-        return "RAW Photo";
-    case MediaType::other:
-        break;
-    }
-    return "Other Media";
-}
-
 std::string padded(int number, int width) {
     std::array<char, 16> text{};
     const int length = std::snprintf(text.data(), text.size(), "%0*d", width, number);
@@ -105,7 +91,7 @@ std::string PathTemplateEngine::render(std::string_view folderTemplate, Instant 
     replaceToken(text, "{MonthShort}", [&] { return monthName(wall.month).substr(0, 3); });
     replaceToken(text, "{CameraMake}", [&] { return cameraText(item.cameraMake, "Unknown Camera"); });
     replaceToken(text, "{CameraModel}", [&] { return cameraText(item.cameraModel, "Unknown Model"); });
-    replaceToken(text, "{MediaType}", [&] { return mediaTypeName(item.mediaType); });
+    replaceToken(text, "{MediaType}", [&] { return userFriendlyLabel(item.mediaType); });
     return folderPath(text);
 }
 

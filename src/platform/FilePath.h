@@ -55,6 +55,7 @@ public:
     static std::optional<FilePath> fromFileUrl(std::string_view url);
 
     friend bool operator==(const FilePath&, const FilePath&) = default;
+    // NOLINTNEXTLINE(modernize-use-nullptr): no pointer, but the zero that an ordering is compared with
     friend std::strong_ordering operator<=>(const FilePath&, const FilePath&) = default;
 
 private:

@@ -8,7 +8,8 @@ namespace lumeo {
 
 OperationManifest FileOperationEngine::execute(std::span<const MediaItem> items, const OrganizationPlan& plan,
                                                std::span<const FilePath> sourceRoots,
-                                               const ProgressCallback& onProgress, std::stop_token stop) {
+                                               const ProgressCallback& onProgress,
+                                               const std::stop_token& stop) {
     reset();
     OperationRun run(items, plan, sourceRoots, clock_);
     VerifiedTransfer transfers(fileSystem_);
@@ -48,7 +49,7 @@ void FileOperationEngine::reset() {
     activeTransferToken_.reset();
 }
 
-bool FileOperationEngine::mayTakeNextFile(std::stop_token stop) {
+bool FileOperationEngine::mayTakeNextFile(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
     wake_.wait(lock, stop, [this] { return !isPaused_ || isCancelled_; });
     return !isCancelled_ && !stop.stop_requested();

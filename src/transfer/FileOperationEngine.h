@@ -35,7 +35,7 @@ public:
     /// has, whenever it came.
     OperationManifest execute(std::span<const MediaItem> items, const OrganizationPlan& plan,
                               std::span<const FilePath> sourceRoots, const ProgressCallback& onProgress,
-                              std::stop_token stop = {});
+                              const std::stop_token& stop = {});
 
     /// Takes effect after the file in transfer.
     void pause();
@@ -45,7 +45,7 @@ public:
 
 private:
     void reset();
-    bool mayTakeNextFile(std::stop_token stop);
+    bool mayTakeNextFile(const std::stop_token& stop);
     FileTransactionItem transfer(VerifiedTransfer& transfers, const MediaItem& item, OperationMode mode);
     bool isPaused();
     bool isCancelled();

@@ -40,7 +40,7 @@ FileResult<void> FolderFlusher::flush(const FilePath& folder, std::optional<File
 FileResult<void> FolderFlusher::flushPathTo(const FilePath& folder) {
     for (FilePath current = folder;; current = current.parent()) {
         if (const auto found = pending_.find(current); found != pending_.end()) {
-            if (const FileResult<void> flushed = flush(current, found->second); !flushed) {
+            if (FileResult<void> flushed = flush(current, found->second); !flushed) {
                 return flushed;
             }
             pending_.erase(found);

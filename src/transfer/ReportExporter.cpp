@@ -17,20 +17,6 @@ constexpr std::string_view csvHeader =
     "Original Path,Destination Path,Filename,Size (Bytes),Media Type,Resolved Date,Date Source,"
     "Confidence,Duplicate Status,Operation,Verification,Result,Error\n";
 
-std::string_view mediaTypeText(MediaType type) {
-    switch (type) {
-    case MediaType::photo:
-        return "Photo";
-    case MediaType::video:
-        return "Video";
-    case MediaType::rawPhoto:
-        return "RAW Photo";
-    case MediaType::other:
-        break;
-    }
-    return "Other Media";
-}
-
 std::string_view textOr(const std::optional<std::string>& text, std::string_view fallback) {
     return text ? std::string_view(*text) : fallback;
 }
@@ -97,7 +83,7 @@ void appendRow(std::string& document, const FileTransactionItem& record, const M
         .field(record.destinationPath.bytes())
         .field(record.originalPath.lastComponent())
         .field(std::to_string(record.size))
-        .field(item != nullptr ? mediaTypeText(item->mediaType) : "Media")
+        .field(item != nullptr ? userFriendlyLabel(item->mediaType) : "Media")
         .field(LUMEODateFormatters::formattedFully(record.dateResolved))
         .field(textOr(record.dateSource, "Unknown"))
         .field(userFriendlyLabel(item != nullptr ? item->dateConfidence : DateConfidence::unknown))

@@ -36,7 +36,7 @@ VerifiedCopy::~VerifiedCopy() {
 }
 
 TransferResult<void> VerifiedCopy::create(const FilePath& source) {
-    if (const TransferResult<void> removed = removeLeftOver(source); !removed) {
+    if (TransferResult<void> removed = removeLeftOver(source); !removed) {
         return removed;
     }
     FileResult<std::unique_ptr<WritableFile>> file = fileSystem_.createFile(temporary_);

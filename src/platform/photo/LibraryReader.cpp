@@ -45,13 +45,14 @@ std::optional<double> degrees(const Exiv2::ExifData& exif, const char* key) {
     }
     double degrees = 0;
     double unit = 1;
-    for (long i = 0; i < datum->count(); ++i, unit /= 60) {
+    for (long i = 0; i < datum->count(); ++i) {
         const auto [numerator, denominator] = datum->toRational(i);
         if (denominator == 0) {
             return std::nullopt;
         }
         // The library hands unsigned fractions on as signed ones.
         degrees += unit * static_cast<std::uint32_t>(numerator) / static_cast<std::uint32_t>(denominator);
+        unit /= 60;
     }
     return degrees;
 }
@@ -75,6 +76,7 @@ PhotoProperties readBytes(std::string_view bytes, Exiv2::NewInstanceFct open) {
     try {
         constexpr bool createsFile = false;
         const auto* const data = reinterpret_cast<const Exiv2::byte*>(bytes.data());
+        // NOLINTNEXTLINE(clang-diagnostic-deprecated-declarations): the library still asks for it
         Exiv2::BasicIo::AutoPtr io(new Exiv2::MemIo(data, static_cast<long>(bytes.size())));
         image.reset(open(io, createsFile).release());
         if (image) {

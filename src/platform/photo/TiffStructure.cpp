@@ -152,13 +152,14 @@ std::optional<double> TiffStructure::degrees(const TiffEntry* entry) {
     };
     double degrees = 0;
     double unit = 1;
-    for (std::size_t i = 0; i < parts; ++i, unit /= 60) {
+    for (std::size_t i = 0; i < parts; ++i) {
         const std::uint32_t numerator = magnitude(number<std::uint32_t>(*bytes, i * 8));
         const std::uint32_t denominator = magnitude(number<std::uint32_t>(*bytes, i * 8 + 4));
         if (denominator == 0) {
             return std::nullopt;
         }
         degrees += unit * numerator / denominator;
+        unit /= 60;
     }
     return degrees;
 }

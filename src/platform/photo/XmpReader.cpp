@@ -65,13 +65,14 @@ std::optional<Coordinate> coordinate(const std::optional<std::string>& text, std
     const char* const end = at + text->size() - 1;
     double degrees = 0;
     double unit = 1;
-    for (int part = 0; part < 3; ++part, unit /= 60) {
+    for (int part = 0; part < 3; ++part) {
         double number = 0;
         const auto [next, error] = std::from_chars(at, end, number, std::chars_format::fixed);
         if (error != std::errc{} || !(number >= 0 && number <= 180)) { // "nan" and "inf" are numbers too
             return std::nullopt;
         }
         degrees += unit * number;
+        unit /= 60;
         if (next == end) {
             return Coordinate{degrees, std::string(1, text->back())};
         }

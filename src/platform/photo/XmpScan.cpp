@@ -65,7 +65,7 @@ std::string referenced(std::string_view name) {
         {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}}};
     for (const auto& [known, character] : named) {
         if (name == known) {
-            return std::string(1, character);
+            return {character};
         }
     }
     if (!name.starts_with('#')) {

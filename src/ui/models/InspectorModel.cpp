@@ -20,7 +20,7 @@ QVariantMap row(const char* label, const QString& value, bool isPath = false) {
             {QStringLiteral("isPath"), isPath}};
 }
 
-QVariantMap row(const char* label, const std::string& value) {
+QVariantMap row(const char* label, std::string_view value) {
     return row(label, shownText(value));
 }
 
@@ -29,7 +29,7 @@ QVariantMap row(const char* label, const CompactOptional<Instant>& candidate) {
 }
 
 QVariantMap row(const char* label, const CompactOptional<SharedText>& value) {
-    return row(label, value ? value->str() : std::string());
+    return row(label, value ? std::string_view(value->str()) : std::string_view());
 }
 
 QVariantMap section(const char* heading, const QVariantList& rows) {
@@ -38,8 +38,8 @@ QVariantMap section(const char* heading, const QVariantList& rows) {
 
 QVariantMap fileInformation(const MediaItem& item) {
     return section("FILE INFORMATION",
-                   {row("Filename", std::string(item.fileName())),
-                    row("Size", TextFormat::byteCount(item.fileSize)), row("Type", typeName(item.mediaType)),
+                   {row("Filename", item.fileName()), row("Size", TextFormat::byteCount(item.fileSize)),
+                    row("Type", userFriendlyLabel(item.mediaType)),
                     row("Source", shownPath(item.sourceURL), true),
                     row("Planned Destination", destinationText(item.plannedDestinationURL), true)});
 }
@@ -49,8 +49,8 @@ QVariantMap resolvedDate(const MediaItem& item) {
         "RESOLVED DATE",
         {row("Chosen Date", item.resolvedDate ? LUMEODateFormatters::formattedFully(item.resolvedDate)
                                               : std::string("Unknown (Will route to _Unknown Date/)")),
-         row("Reason / Source", std::string(userFriendlyLabel(item.dateSource))),
-         row("Confidence", std::string(userFriendlyLabel(item.dateConfidence)))});
+         row("Reason / Source", userFriendlyLabel(item.dateSource)),
+         row("Confidence", userFriendlyLabel(item.dateConfidence))});
 }
 
 QVariantMap candidateDates(const MediaItem& item) {
@@ -72,7 +72,7 @@ QVariantMap cameraAndSpecs(const MediaItem& item) {
     return section("CAMERA & SPECS",
                    {row("Make", item.cameraMake), row("Model", item.cameraModel), row("Lens", item.lensModel),
                     row("Dimensions", dimensions), row("Duration", duration),
-                    row("GPS Location", std::string(item.hasGPS ? "Available" : "None"))});
+                    row("GPS Location", std::string_view(item.hasGPS ? "Available" : "None"))});
 }
 
 QStringList lines(const std::vector<std::string>& texts) {

@@ -18,20 +18,6 @@ QString symbolName(MediaType type) {
     return QStringLiteral("doc");
 }
 
-QString typeName(MediaType type) {
-    switch (type) {
-    case MediaType::photo:
-        return QStringLiteral("Photo");
-    case MediaType::video:
-        return QStringLiteral("Video");
-    case MediaType::rawPhoto:
-        return QStringLiteral("RAW Photo");
-    case MediaType::other:
-        break;
-    }
-    return QStringLiteral("Other Media");
-}
-
 QString tintName(DateConfidence confidence) {
     switch (confidence) {
     case DateConfidence::low:

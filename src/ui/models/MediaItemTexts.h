@@ -9,10 +9,9 @@
 
 namespace lumeo {
 
-/// What an item's fields are called and drawn like on the screens. The texts are fixed English.
+/// How an item's fields are drawn on the screens.
 
 QString symbolName(MediaType type);
-QString typeName(MediaType type);
 QString tintName(DateConfidence confidence);
 
 /// The path, or a dash where there is none.
