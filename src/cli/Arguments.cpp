@@ -26,6 +26,11 @@ CLI::Option* addChoice(CLI::App& app, const std::string& name, Enum& value, cons
     return option;
 }
 
+/// Refuses an empty path: what a script has nothing for must not pass for "none" or for the current folder.
+std::string pathProblem(const std::string& text) {
+    return text.empty() ? "the path is empty" : "";
+}
+
 /// The texts as CLI11 collects them, before they become paths.
 struct Texts {
     std::vector<std::string> sources;
@@ -36,11 +41,16 @@ struct Texts {
 };
 
 void addSources(CLI::App& command, Texts& texts) {
-    command.add_option("SOURCE", texts.sources, "Folders, drives or single files; only read")->required();
+    command.add_option("SOURCE", texts.sources, "Folders, drives or single files; only read")
+        ->required()
+        ->check(pathProblem);
 }
 
 void addPlan(CLI::App& command, Texts& texts, OrganizationPlan& plan) {
-    command.add_option("--to", texts.destination, "The archive's root folder")->type_name("DEST")->required();
+    command.add_option("--to", texts.destination, "The archive's root folder")
+        ->type_name("DEST")
+        ->required()
+        ->check(pathProblem);
     addChoice(command, "--preset", plan.preset, "Folder structure");
     command
         .add_option_function<std::string>(
@@ -64,7 +74,7 @@ void addAnalysis(CLI::App& command, Arguments& arguments) {
 }
 
 void addFile(CLI::App& command, const std::string& name, std::string& text, const std::string& help) {
-    command.add_option(name, text, help)->type_name("FILE");
+    command.add_option(name, text, help)->type_name("FILE")->check(pathProblem);
 }
 
 std::optional<FilePath> pathFrom(const std::string& text) {
@@ -117,7 +127,9 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
     addOutput(*duplicates, arguments, "Print the groups and what they waste");
 
     CLI::App* undo = app.add_subcommand("undo", "Take a run back, as far as its files are unchanged");
-    undo->add_option("MANIFEST", texts.manifest, "The journal that organize --manifest wrote")->required();
+    undo->add_option("MANIFEST", texts.manifest, "The journal that organize --manifest wrote")
+        ->required()
+        ->check(pathProblem);
     undo->add_flag("-y,--yes", arguments.assumeYes, "Undo without asking");
     undo->add_flag("-q,--quiet", arguments.quiet, "Errors only");
 
