@@ -6,6 +6,7 @@
 #include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "cli/Undo.h"
+#include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
 
 #include <iostream>
@@ -15,6 +16,16 @@
 
 namespace lumeo::cli {
 namespace {
+
+/// Why a document could not be written there once the run is over.
+std::optional<std::string> documentProblem(const FilePath& file, const Environment& environment) {
+    const FileResult<FileStatus> folder = environment.fileSystem.targetStatus(file.parent());
+    if (!folder || folder->kind != FileKind::folder) {
+        return "there is no folder " + printable(file.parent().bytes());
+    }
+    const FileResult<void> tried = tryDocument(environment.fileSystem, file);
+    return tried ? std::nullopt : std::optional(tried.error().message());
+}
 
 /// What is wrong with what was asked for, found before anything is done.
 std::optional<std::string> usageProblem(const Arguments& arguments, const Environment& environment) {
@@ -31,13 +42,11 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
             return "the destination is not a folder: " + printable(nearest.bytes());
         }
     }
-    for (const auto& file : {arguments.manifestFile, arguments.csvFile, arguments.reportFile}) {
-        if (!file) {
-            continue;
-        }
-        const FileResult<FileStatus> status = environment.fileSystem.targetStatus(file->parent());
-        if (!status || status->kind != FileKind::folder) {
-            return "there is no folder " + printable(file->parent().bytes());
+    if (arguments.command == Command::organize) {
+        for (const auto& file : {arguments.manifestFile, arguments.csvFile, arguments.reportFile}) {
+            if (const auto problem = file ? documentProblem(*file, environment) : std::nullopt) {
+                return problem;
+            }
         }
     }
     const bool isMove =

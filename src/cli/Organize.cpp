@@ -60,22 +60,26 @@ void printSummary(const OperationManifest& manifest, const OperationProgress& pr
     std::cout << ".\n";
 }
 
-/// False when something could not be written, after saying so.
+/// False when something could not be written, after saying so. A journal that found no place on the disk is
+/// printed: without it nothing could be undone.
 bool writeDocuments(const Arguments& arguments, const Environment& environment,
                     const std::vector<MediaItem>& items, const OperationManifest& manifest,
                     const std::string& journal) {
     bool allWritten = true;
     const auto write = [&](const std::optional<FilePath>& file, const auto& document) {
         if (!file) {
-            return;
+            return true;
         }
-        if (const FileResult<void> written = writeDocument(environment.fileSystem, document(), *file);
-            !written) {
+        const FileResult<void> written = writeDocument(environment.fileSystem, document(), *file);
+        if (!written) {
             printError(written.error().message());
             allWritten = false;
         }
+        return static_cast<bool>(written);
     };
-    write(arguments.manifestFile, [&] { return journal; });
+    if (!write(arguments.manifestFile, [&] { return journal; }) && !arguments.json) {
+        std::cout << journal;
+    }
     write(arguments.csvFile, [&] { return ReportExporter::generateCSV(manifest, items); });
     write(arguments.reportFile, [&] { return ReportExporter::generateTextReport(manifest); });
     return allWritten;
@@ -124,13 +128,14 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
     }
     const OperationManifest& manifest = *outcome.journal;
     const std::string journal = encode(manifest).dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    // Before anything is printed, since whoever reads that may be gone.
+    const bool allWritten = writeDocuments(arguments, environment, session.items(), manifest, journal);
     printFailures(manifest);
     if (arguments.json) {
         std::cout << journal;
     } else if (!arguments.quiet) {
         printSummary(manifest, state.operationProgress());
     }
-    const bool allWritten = writeDocuments(arguments, environment, session.items(), manifest, journal);
     if (outcome.isCancelled) {
         return ExitStatus::interrupted;
     }

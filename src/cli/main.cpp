@@ -3,12 +3,15 @@
 
 #include <QCoreApplication>
 
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 
 int main(int argc, char** argv) {
     using namespace lumeo;
     std::ios::sync_with_stdio(false);
+    // A reader that goes away, as `head` does, must not end a run before its journal is written.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 
     const auto parsed = cli::parseArguments(argc, argv);
     if (const auto* status = std::get_if<cli::ExitStatus>(&parsed)) {

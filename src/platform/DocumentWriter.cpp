@@ -46,6 +46,12 @@ FileResult<FilePath> behindLinks(const FileSystem& fileSystem, FilePath path) {
     return FileError{FileAction::create, path, ELOOP};
 }
 
+/// A name of its own length: with the document's name in it, it could be too long for the folder.
+FilePath temporaryBeside(const FilePath& path) {
+    const FilePath folder = path.parent().empty() ? FilePath(".") : path.parent();
+    return folder.appending(".lumeo-" + Uuid::random().text() + ".tmp");
+}
+
 } // namespace
 
 FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
@@ -53,9 +59,7 @@ FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document
     if (!target) {
         return target.error();
     }
-    const FilePath folder = target->parent().empty() ? FilePath(".") : target->parent();
-    // A name of its own length: with the document's name in it, it could be too long for the folder.
-    const FilePath temporary = folder.appending(".lumeo-" + Uuid::random().text() + ".tmp");
+    const FilePath temporary = temporaryBeside(*target);
     FileResult<void> done = writeWhole(fileSystem, document, temporary);
     if (done) {
         done = fileSystem.renameReplacing(temporary, *target);
@@ -65,7 +69,19 @@ FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document
         static_cast<void>(removed);
         return done;
     }
-    return fileSystem.flushFolder(folder);
+    return fileSystem.flushFolder(temporary.parent());
+}
+
+FileResult<void> tryDocument(FileSystem& fileSystem, const FilePath& path) {
+    const FileResult<FilePath> target = behindLinks(fileSystem, path);
+    if (!target) {
+        return target.error();
+    }
+    const FilePath temporary = temporaryBeside(*target);
+    if (const auto file = fileSystem.createFile(temporary); !file) {
+        return FileError{FileAction::create, path, file.error().errnoValue};
+    }
+    return fileSystem.removeFile(temporary);
 }
 
 } // namespace lumeo

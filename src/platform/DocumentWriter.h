@@ -11,4 +11,8 @@ namespace lumeo {
 /// leads to is written. Anything else is refused. Blocks; any thread may call.
 FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path);
 
+/// Whether a document could be written to `path` as things stand, to be asked before work is begun whose
+/// document would then have no place. What is there stays as it is. Blocks; any thread may call.
+FileResult<void> tryDocument(FileSystem& fileSystem, const FilePath& path);
+
 } // namespace lumeo

@@ -26,8 +26,11 @@ struct Outcome {
     std::string err;
 };
 
+enum class Reader : std::uint8_t { reads, isGone };
+
 /// Runs the real program, its standard input closed, as a script would, with preferences of its own.
-Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& preferences) {
+Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& preferences,
+                 Reader reader = Reader::reads) {
     const TempFolder folder;
     const FilePath out = folder / "out";
     const FilePath err = folder / "err";
@@ -38,6 +41,12 @@ Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& pref
         };
         redirect("/dev/null", O_RDONLY, STDIN_FILENO);
         redirect(out.c_str(), O_WRONLY | O_CREAT, STDOUT_FILENO);
+        if (reader == Reader::isGone) {
+            std::array<int, 2> ends{};
+            static_cast<void>(pipe(ends.data()));
+            close(ends[0]);
+            dup2(ends[1], STDOUT_FILENO);
+        }
         redirect(err.c_str(), O_WRONLY | O_CREAT, STDERR_FILENO);
         setenv("XDG_CONFIG_HOME", preferences.c_str(), 1);
         std::vector<std::string> words{LUMEO_CLI};
@@ -164,6 +173,15 @@ TEST_F(Cli, MoveNeedsAYesAndThenEmptiesTheSources) {
     EXPECT_TRUE(std::filesystem::exists((source_ / "card/letter.pdf").bytes()));
 }
 
+TEST_F(Cli, KeepsTheJournalOfARunThatNobodyListensTo) {
+    const FilePath journal = archive_ / "run.json";
+    const auto arguments = words({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes", "--json",
+                                  "--manifest", journal.bytes()});
+    const Outcome outcome = lumeoCli(arguments, preferences_.path(), Reader::isGone);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(Json::parse(contentOf(journal)).at("items").size(), 4U);
+}
+
 TEST_F(Cli, WrongUsageIsToldAndTouchesNothing) {
     const FilePath file = archive_.write("file", "not a folder");
     const std::vector<std::vector<std::string>> wrong{
@@ -173,6 +191,7 @@ TEST_F(Cli, WrongUsageIsToldAndTouchesNothing) {
         {"organize", "SOURCE"},
         {"organize", "SOURCE", "--to", ""},
         {"organize", "SOURCE", "--to", "DEST", "--manifest", ""},
+        {"organize", "SOURCE", "--to", "DEST", "--manifest", archive_.path().bytes()},
         {"undo", "", "--yes"},
         {"organize", "SOURCE", "--to", file.bytes()},
         {"organize", "SOURCE", "--to", file.appending("below").bytes()},
