@@ -132,7 +132,9 @@ void AppState::cancelOperation() {
     emit operationProgressChanged();
     change(isProcessing_, false, &AppState::isProcessingChanged);
     goTo(WizardStep::preview);
-    operationStop_.request_stop();
+    // Has to wait while a source is being removed, which a slow disk takes its time for.
+    jobs_.start([stop = operationStop_](const std::stop_token&) mutable { return stop.request_stop(); },
+                [](bool) {});
 }
 
 void AppState::startUndo() {

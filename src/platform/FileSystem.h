@@ -144,7 +144,7 @@ public:
     virtual FileResult<FilePath> linkTarget(const FilePath& link) const = 0;
 
     /// True when something has this name, be it a dangling link. An entry that cannot be examined for
-    /// another reason than its absence counts as existing: nobody may plan to take its place.
+    /// another reason than its absence counts as existing, so that nothing is done for want of it.
     [[nodiscard]] bool exists(const FilePath& path) const;
 
     /// The path itself when something has this name, else the nearest folder above it of which that is

@@ -12,7 +12,7 @@ OperationManifest FileOperationEngine::execute(std::span<const MediaItem> items,
                                                const std::stop_token& stop) {
     reset();
     OperationRun run(items, plan, sourceRoots, clock_);
-    VerifiedTransfer transfers(fileSystem_);
+    VerifiedTransfer transfers(fileSystem_, plan.destinationURL.value_or(FilePath()));
     for (const MediaItem& item : items) {
         if (!mayTakeNextFile(stop)) {
             break;

@@ -1,6 +1,8 @@
 #include "transfer/FolderFlusher.h"
 
+#include <cerrno>
 #include <string_view>
+#include <utility>
 
 namespace lumeo {
 
@@ -19,22 +21,43 @@ FileResult<void> FolderFlusher::createFolders(const FilePath& folder) {
     for (const FilePath& one : *created) {
         note(one.parent());
     }
+    return noteWayTo(folder);
+}
+
+FileResult<void> FolderFlusher::noteWayTo(const FilePath& folder) {
+    if (waysNoted_.contains(folder)) {
+        return {};
+    }
+    FileResult<FileStatus> status = fileSystem_.targetStatus(folder);
+    const FilePath above = folder.parent();
+    FileResult<FileStatus> statusAbove = fileSystem_.targetStatus(above);
+    if (!status || !statusAbove) {
+        return status ? statusAbove.error() : status.error();
+    }
+    if (above != folder && statusAbove->identity.device == status->identity.device) {
+        pending_.try_emplace(above);
+        if (FileResult<void> noted = noteWayTo(above); !noted) {
+            return noted;
+        }
+    }
+    waysNoted_.insert(folder);
     return {};
 }
 
 void FolderFlusher::note(const FilePath& folder) {
-    pending_.try_emplace(folder);
+    pending_[folder].isOurs = true;
 }
 
-FileResult<void> FolderFlusher::flush(const FilePath& folder, std::optional<FileError>& refusal) {
-    if (!refusal) {
+FileResult<void> FolderFlusher::flush(const FilePath& folder, Pending& pending) {
+    if (!pending.refusal) {
         const FileResult<void> flushed = fileSystem_.flushFolder(folder);
-        if (flushed) {
+        // A folder high above the archive need not be open to everybody.
+        if (flushed || (!pending.isOurs && flushed.error().errnoValue == EACCES)) {
             return {};
         }
-        refusal = flushed.error();
+        pending.refusal = flushed.error();
     }
-    return *refusal;
+    return *pending.refusal;
 }
 
 FileResult<void> FolderFlusher::flushPathTo(const FilePath& folder) {
@@ -53,12 +76,12 @@ FileResult<void> FolderFlusher::flushPathTo(const FilePath& folder) {
 
 std::vector<UnflushedFolder> FolderFlusher::flushAll() {
     std::vector<UnflushedFolder> refused;
-    for (auto& [folder, refusal] : pending_) {
-        if (const FileResult<void> flushed = flush(folder, refusal); !flushed) {
+    for (auto& [folder, pending] : pending_) {
+        if (const FileResult<void> flushed = flush(folder, pending); !flushed) {
             refused.push_back({folder, flushed.error()});
         }
     }
-    std::erase_if(pending_, [](const auto& entry) { return !entry.second; });
+    std::erase_if(pending_, [](const auto& entry) { return !entry.second.refusal; });
     return refused;
 }
 

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace lumeo {
@@ -24,7 +25,8 @@ public:
     /// `fileSystem` must outlive the flusher.
     explicit FolderFlusher(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
-    /// Creates `folder` and what is missing above it, and notes where their names stand.
+    /// Creates `folder` and what is missing above it, and notes where their names stand: also of folders
+    /// that were there, up to the root of the file system, since they may be as young as those created.
     FileResult<void> createFolders(const FilePath& folder);
 
     /// Notes that a name in `folder` was made or removed.
@@ -39,10 +41,17 @@ public:
     std::vector<UnflushedFolder> flushAll();
 
 private:
-    FileResult<void> flush(const FilePath& folder, std::optional<FileError>& refusal);
+    struct Pending {
+        bool isOurs = false; ///< a name in it was made or removed here, and must be durable
+        std::optional<FileError> refusal;
+    };
+
+    FileResult<void> noteWayTo(const FilePath& folder);
+    FileResult<void> flush(const FilePath& folder, Pending& pending);
 
     FileSystem& fileSystem_;
-    std::map<FilePath, std::optional<FileError>> pending_; ///< with the refusal, if the device refused
+    std::map<FilePath, Pending> pending_;
+    std::set<FilePath> waysNoted_; ///< folders whose own name, and all above it, were noted
 };
 
 } // namespace lumeo

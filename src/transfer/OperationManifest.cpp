@@ -142,6 +142,12 @@ FileTransactionItem newRecord(const MediaItem& item, const FilePath& destination
     return record;
 }
 
+void fail(FileTransactionItem& record, std::string reason) {
+    record.status = TransactionStatus::failed;
+    record.verificationResult.reset();
+    record.errorMessage = std::move(reason);
+}
+
 Json encode(const OperationManifest& manifest) {
     JsonWriter writer;
     writer.set("id", manifest.id);

@@ -36,6 +36,9 @@ struct FileTransactionItem {
 /// The start of the record of `item`: what is known before anything is done with it.
 FileTransactionItem newRecord(const MediaItem& item, const FilePath& destination);
 
+/// Makes `record` tell of a failure, whatever it told before.
+void fail(FileTransactionItem& record, std::string reason);
+
 /// The journal of one run: what was taken from where, where it went, with which digests and outcome.
 struct OperationManifest {
     Uuid id;

@@ -80,9 +80,7 @@ void OperationRun::withdraw(const std::vector<UnflushedFolder>& unflushed) {
             return one.endangers(record.destinationPath);
         });
         if (refused != unflushed.end()) {
-            record.status = TransactionStatus::failed;
-            record.verificationResult.reset();
-            record.errorMessage = refused->error.message();
+            fail(record, refused->error.message());
             --progress_.verifiedCount;
             ++progress_.errorsCount;
             progress_.transferredBytes -= record.size;

@@ -36,6 +36,10 @@ Outcome modified(const FileTransactionItem& item) {
     return leftAlone(item, "File was modified after transfer.");
 }
 
+Outcome stopped(const FileTransactionItem& item) {
+    return leftAlone(item, "The undo was stopped.");
+}
+
 Outcome originalExists(const FileTransactionItem& item) {
     return failed("Original path already exists, will not overwrite: " + item.originalPath.displayText());
 }
@@ -79,6 +83,9 @@ private:
 };
 
 Outcome Rollback::rollBack(const FileTransactionItem& item) {
+    if (cancelled_()) {
+        return stopped(item);
+    }
     if (!fileSystem_.exists(item.destinationPath)) {
         return {Ending::missing, "Destination file was not found: " + item.destinationPath.displayText()};
     }
@@ -87,7 +94,7 @@ Outcome Rollback::rollBack(const FileTransactionItem& item) {
     }
     std::optional<HeldFile> archived = provenFile(item.destinationPath, *item.destinationHash);
     if (!archived) {
-        return modified(item);
+        return cancelled_() ? stopped(item) : modified(item);
     }
     return isMove_ ? moveBack(item, *archived) : remove(item, *archived);
 }

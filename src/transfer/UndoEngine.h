@@ -37,7 +37,7 @@ public:
     explicit UndoEngine(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
     /// `onProgress` is called on this thread before each file and once at the end. Once `stop` is
-    /// requested, what is left counts as failed and stays as it is.
+    /// requested, what is left counts as failed and stays as it is, without being looked at.
     UndoResult rollback(
         const OperationManifest& manifest, const ProgressCallback& onProgress = [](const auto&) {},
         std::stop_token stop = {});

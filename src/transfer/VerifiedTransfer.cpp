@@ -5,15 +5,14 @@
 namespace lumeo {
 namespace {
 
-void fail(FileTransactionItem& record, std::string reason) {
-    record.status = TransactionStatus::failed;
-    record.verificationResult.reset();
-    record.errorMessage = std::move(reason);
-}
-
 void conclude(FileTransactionItem& record, TransactionStatus status, std::string_view result) {
     record.status = status;
     record.verificationResult = result;
+}
+
+bool isAsScanned(const MediaItem& item, const FileStatus& now) {
+    return now.size == item.fileSize &&
+           (!item.filesystemModificationDate || now.modificationDate == *item.filesystemModificationDate);
 }
 
 } // namespace
@@ -38,7 +37,7 @@ TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, O
     const FilePath folder = destination.parent();
     const CancellationCheck cancelled = [&token] { return token.isCancelled(); };
 
-    if (const FileResult<void> created = folders_.createFolders(folder); !created) {
+    if (const FileResult<void> created = createFolders(folder); !created) {
         return TransferError(created.error());
     }
     const FileResult<FileStatus> found = fileSystem_.status(destination);
@@ -72,18 +71,44 @@ TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, O
                                        : TransferResult<void>();
 }
 
+FileResult<void> VerifiedTransfer::createFolders(const FilePath& folder) {
+    if (archiveDevice_) {
+        const FileResult<FileStatus> root = fileSystem_.targetStatus(archiveRoot_);
+        if (!root && root.error().errnoValue != ENOENT) {
+            return root.error();
+        }
+        if (!root || root->identity.device != *archiveDevice_) {
+            return FileError{FileAction::createFolder, folder, ENODEV};
+        }
+    }
+    if (FileResult<void> created = folders_.createFolders(folder); !created || archiveDevice_) {
+        return created;
+    }
+    const FileResult<FileStatus> root = fileSystem_.targetStatus(archiveRoot_);
+    if (!root) {
+        return root.error();
+    }
+    archiveDevice_ = root->identity.device;
+    return {};
+}
+
 TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item,
                                                            const CancellationCheck& cancelled,
                                                            FileTransactionItem& record) const {
-    TransferResult<std::string> wanted = sourceHash(item, cancelled);
+    const FileResult<FileStatus> source = fileSystem_.targetStatus(item.sourceURL);
+    if (!source) {
+        return TransferError(source.error());
+    }
+    // A digest from before a change would call the changed file archived.
+    TransferResult<std::string> wanted =
+        isAsScanned(item, *source) ? sourceHash(item, cancelled) : hash(item.sourceURL, cancelled);
     if (!wanted) {
         return wanted.error();
     }
     record.sourceHash = *std::move(wanted);
-    Result<std::string, HashError> existing = StreamingHashService::computeSHA256(
-        fileSystem_, record.destinationPath, StreamingHashService::chunkSize, cancelled);
+    TransferResult<std::string> existing = hash(record.destinationPath, cancelled);
     if (!existing) {
-        return asTransferError(existing.error());
+        return existing.error();
     }
     record.destinationHash = *std::move(existing);
     if (record.sourceHash == record.destinationHash) {
@@ -122,15 +147,17 @@ TransferResult<void> VerifiedTransfer::proveCopy(const MediaItem& item, Verified
 
 TransferResult<std::string> VerifiedTransfer::sourceHash(const MediaItem& item,
                                                          const CancellationCheck& cancelled) const {
-    if (item.sha256Hash) {
-        return *item.sha256Hash;
+    return item.sha256Hash ? TransferResult<std::string>(*item.sha256Hash) : hash(item.sourceURL, cancelled);
+}
+
+TransferResult<std::string> VerifiedTransfer::hash(const FilePath& path,
+                                                   const CancellationCheck& cancelled) const {
+    Result<std::string, HashError> digest =
+        StreamingHashService::computeSHA256(fileSystem_, path, StreamingHashService::chunkSize, cancelled);
+    if (!digest) {
+        return asTransferError(digest.error());
     }
-    Result<std::string, HashError> hash = StreamingHashService::computeSHA256(
-        fileSystem_, item.sourceURL, StreamingHashService::chunkSize, cancelled);
-    if (!hash) {
-        return asTransferError(hash.error());
-    }
-    return *std::move(hash);
+    return *std::move(digest);
 }
 
 TransferResult<void> VerifiedTransfer::removeSource(HeldFile& source, const FilePath& destinationFolder,

@@ -9,7 +9,9 @@
 #include "transfer/TransferError.h"
 #include "transfer/VerifiedCopy.h"
 
+#include <cstdint>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,8 +52,11 @@ private:
 /// overwritten, no source removed before its copy was proven identical and is durable.
 class VerifiedTransfer {
 public:
-    /// `fileSystem` must outlive the transfer.
-    explicit VerifiedTransfer(FileSystem& fileSystem) : fileSystem_(fileSystem), folders_(fileSystem) {}
+    /// `fileSystem` must outlive the transfer. `archiveRoot` is made with the first file's folder; from then
+    /// on it must stay on its volume: when that goes away under its path, the files that are left fail, and
+    /// nothing is put on the disk that comes to light there.
+    VerifiedTransfer(FileSystem& fileSystem, FilePath archiveRoot)
+        : fileSystem_(fileSystem), archiveRoot_(std::move(archiveRoot)), folders_(fileSystem) {}
 
     /// Transfers `item` to `destination` and tells the outcome; whatever goes wrong stands in the
     /// record. Blocks the calling thread. In a move, the names that were made are durable before the
@@ -66,15 +71,19 @@ public:
 private:
     TransferResult<void> bringIntoArchive(const MediaItem& item, OperationMode mode,
                                           TransferCancellationToken& token, FileTransactionItem& record);
+    FileResult<void> createFolders(const FilePath& folder);
     TransferResult<void> compareWithExisting(const MediaItem& item, const CancellationCheck& cancelled,
                                              FileTransactionItem& record) const;
     TransferResult<void> proveCopy(const MediaItem& item, VerifiedCopy& copy,
                                    const CancellationCheck& cancelled, FileTransactionItem& record) const;
     TransferResult<std::string> sourceHash(const MediaItem& item, const CancellationCheck& cancelled) const;
+    TransferResult<std::string> hash(const FilePath& path, const CancellationCheck& cancelled) const;
     TransferResult<void> removeSource(HeldFile& source, const FilePath& destinationFolder,
                                       TransferCancellationToken& token, FileTransactionItem& record);
 
     FileSystem& fileSystem_;
+    FilePath archiveRoot_;
+    std::optional<std::uint64_t> archiveDevice_; ///< known once the root is there
     FolderFlusher folders_;
 };
 

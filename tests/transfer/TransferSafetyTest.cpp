@@ -87,12 +87,16 @@ TEST_P(TransferSafetyTest, AnyCallMayFail) {
             for (const FileTransactionItem& record : manifest.items) {
                 expectTellsTheTruth(world, record, GetParam());
             }
+            // The folders above the archive need not be open to whoever fills it.
+            const bool mayBeIgnored = action == FileAction::flush && reason == EACCES;
             if (action == FileAction::read || action == FileAction::write || action == FileAction::flush ||
                 action == FileAction::rename || action == FileAction::remove) {
                 const std::string system = std::generic_category().message(reason);
-                EXPECT_TRUE(std::ranges::any_of(manifest.items, [&](const FileTransactionItem& record) {
-                    return record.errorMessage && record.errorMessage->find(system) != std::string::npos;
-                }));
+                EXPECT_TRUE(mayBeIgnored ||
+                            std::ranges::any_of(manifest.items, [&](const FileTransactionItem& record) {
+                                return record.errorMessage &&
+                                       record.errorMessage->find(system) != std::string::npos;
+                            }));
             }
         }
     }
@@ -158,6 +162,7 @@ TEST_P(TransferSafetyTest, APowerLossTakesNoContentThatWasMoved) {
     world.add("c.jpg", "content of c", "2022/c.jpg");
     FaultyFileSystem disk(real);
     const PowerLoss power(disk);
+    ASSERT_TRUE(disk.createFolders(world.archived(""))); // a moment ago, by somebody else
     const OperationManifest manifest = run(world, GetParam(), disk);
     EXPECT_EQ(power.losses(), std::vector<FilePath>{});
     EXPECT_TRUE(std::ranges::all_of(manifest.items, [&](const FileTransactionItem& record) {

@@ -62,6 +62,27 @@ protected:
     UndoEngine undo{disk};
 };
 
+TEST_F(UndoEngineTest, StoppedLeavesTheRestUnseenAndSaysSo) {
+    FinishedRun run(OperationMode::copy);
+    std::stop_source stop;
+    int calls = 0;
+    const UndoResult result = undo.rollback(
+        run.manifest,
+        [&](const UndoProgress& progress) {
+            if (progress.processedCount == 1) {
+                stop.request_stop();
+                disk.beforeEachCall([&calls](const DiskCall&) { ++calls; });
+            }
+        },
+        stop.get_token());
+    EXPECT_EQ(result.restoredCount, 1);
+    EXPECT_EQ(result.failedCount, 2);
+    EXPECT_EQ(result.warnings.back(),
+              "Skipped rolling back " + textOf(run.archived("2022/c.mov")) + ": The undo was stopped.");
+    EXPECT_EQ(calls, 0);
+    EXPECT_EQ(run.archiveFiles().size(), 2U);
+}
+
 TEST_F(UndoEngineTest, TakesBackWhatIsProvenAndTellsTheRest) {
     for (const OperationMode mode : {OperationMode::copy, OperationMode::move}) {
         FinishedRun run(mode);

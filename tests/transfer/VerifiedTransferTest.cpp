@@ -45,7 +45,7 @@ protected:
     TransferWorld world;
     PosixFileSystem real;
     FaultyFileSystem disk{real};
-    VerifiedTransfer transfers{disk};
+    VerifiedTransfer transfers{disk, world.archived("")};
     TransferCancellationToken token;
 };
 
@@ -117,6 +117,28 @@ TEST_F(VerifiedTransferTest, LeavesWhatIsThereAlone) {
     EXPECT_EQ(refused.destinationHash, digestOf("somebody's"));
     EXPECT_EQ(contentOf(*other.plannedDestinationURL), "somebody's");
     world.expectSourcesIntact();
+}
+
+TEST_F(VerifiedTransferTest, CallsNoFileArchivedThatWasEditedSinceItsDigestWasTaken) {
+    MediaItem& item = world.add("a.jpg", "before", "a.jpg");
+    item.sha256Hash = digestOf("before");
+    std::filesystem::create_directory(world.archived("").bytes());
+    std::ofstream(item.plannedDestinationURL->bytes()) << "before";
+    item.filesystemModificationDate = real.status(item.sourceURL)->modificationDate;
+    EXPECT_EQ(transfer(item, OperationMode::copy).status, TransactionStatus::skipped);
+    std::ofstream(item.sourceURL.bytes()) << "EDITED";
+    expectFailed(transfer(item, OperationMode::copy), "Destination already exists and was not overwritten.");
+}
+
+TEST_F(VerifiedTransferTest, BuildsNoArchiveWhereItsVolumeWas) {
+    const FilePath root = world.archived("");
+    EXPECT_EQ(transfer(world.add("a.jpg", "a", "2021/a.jpg"), OperationMode::move).status,
+              TransactionStatus::verified);
+    std::filesystem::rename(root.bytes(), root.bytes() + ".unmounted");
+    const FileTransactionItem left = transfer(world.add("b.jpg", "b", "2021/b.jpg"), OperationMode::move);
+    expectFailed(left, "“2021” could not be created as a folder: No such device.");
+    EXPECT_FALSE(isThere(root));
+    EXPECT_TRUE(isThere(world.source("b.jpg")));
 }
 
 TEST_F(VerifiedTransferTest, NeverRemovesAFileThatIsItsOwnDestination) {

@@ -96,7 +96,7 @@ private:
     /// Where each frame stands alone, or a late key frame can be found, nothing before it is decoded.
     void goNear() {
         if (avformat_index_get_entries_count(&stream_) > 0) {
-            const std::int64_t offset = static_cast<std::int64_t>(frameTime / av_q2d(stream_.time_base));
+            const auto offset = static_cast<std::int64_t>(frameTime / av_q2d(stream_.time_base));
             av_seek_frame(&movie_, stream_.index, start() + offset, AVSEEK_FLAG_BACKWARD);
         }
     }

@@ -83,6 +83,7 @@ QImage rawPreview(BoundedFile& file, QSize pixels) {
             return {};
         }
         const auto* const data = reinterpret_cast<const Exiv2::byte*>(bytes.data());
+        // NOLINTNEXTLINE(clang-diagnostic-deprecated-declarations): the library still gives it
         const Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::open(data, static_cast<long>(file.size()));
         image->readMetadata();
         return bestPreview(*image, pixels);
