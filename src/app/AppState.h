@@ -90,7 +90,8 @@ public:
     [[nodiscard]] const UndoProgress& undoProgress() const { return undoProgress_; }
     /// How the last undo of `activeManifest` ended; absent before.
     [[nodiscard]] const std::optional<UndoResult>& undoResult() const { return undoResult_; }
-    /// A run or an undo is under way: sources, plan and results stay as they are until it ends.
+    /// A run or an undo is under way: catalogue, plan and results stay as they are until it ends. Of a
+    /// cancelled run it is no longer said, though it may still be at its last file.
     [[nodiscard]] bool isChangingFiles() const { return isProcessing_ || isUndoing_; }
     [[nodiscard]] const std::optional<LastOperationSummary>& lastOperationSummary() const {
         return lastOperationSummary_;

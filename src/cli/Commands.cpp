@@ -8,9 +8,11 @@
 #include "cli/Undo.h"
 #include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
+#include "scan/MediaTypeDetector.h"
 
 #include <iostream>
 #include <optional>
+#include <set>
 
 #include <unistd.h>
 
@@ -25,6 +27,30 @@ std::optional<std::string> documentProblem(const FilePath& file, const Environme
     }
     const FileResult<void> tried = tryDocument(environment.fileSystem, file);
     return tried ? std::nullopt : std::optional(tried.error().message());
+}
+
+/// What is wrong with the places of the run's documents, of which none may take another's.
+std::optional<std::string> documentsProblem(const Arguments& arguments, const Environment& environment) {
+    if (arguments.command != Command::organize) {
+        return std::nullopt;
+    }
+    if (arguments.manifestFile && environment.fileSystem.exists(*arguments.manifestFile)) {
+        return "a journal replaces no file, since another run may need it: " +
+               printable(arguments.manifestFile->bytes());
+    }
+    std::set<FilePath> places;
+    for (const auto& file : {arguments.manifestFile, arguments.csvFile, arguments.reportFile}) {
+        if (!file) {
+            continue;
+        }
+        if (MediaTypeDetector::detectType(*file) || !places.insert(*file).second) {
+            return "no place for a document of its own: " + printable(file->bytes());
+        }
+        if (auto problem = documentProblem(*file, environment)) {
+            return problem;
+        }
+    }
+    return std::nullopt;
 }
 
 /// What is wrong with what was asked for, found before anything is done.
@@ -42,12 +68,8 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
             return "the destination is not a folder: " + printable(nearest.bytes());
         }
     }
-    if (arguments.command == Command::organize) {
-        for (const auto& file : {arguments.manifestFile, arguments.csvFile, arguments.reportFile}) {
-            if (const auto problem = file ? documentProblem(*file, environment) : std::nullopt) {
-                return problem;
-            }
-        }
+    if (auto problem = documentsProblem(arguments, environment)) {
+        return problem;
     }
     const bool isMove =
         arguments.command == Command::organize && arguments.plan.operationMode == OperationMode::move;

@@ -2,7 +2,9 @@
 
 #include "hashing/StreamingHashService.h"
 #include "platform/TextHash.h"
+#include "platform/Utf8Text.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <unordered_map>
@@ -14,6 +16,8 @@ namespace {
 
 /// Where a name stands in the row desired (1), name_2, name_3, …
 using Counter = std::uint64_t;
+
+constexpr std::size_t longestName = 255; // bytes
 
 struct NumberedNames;
 
@@ -64,14 +68,14 @@ struct WantedPath {
         if (counter == 1) {
             return std::string(name);
         }
-        std::string text(base);
-        text += '_';
-        text += std::to_string(counter);
+        std::string ending = '_' + std::to_string(counter);
         if (!extension.empty()) {
-            text += '.';
-            text += extension;
+            ending += '.';
+            ending += extension;
         }
-        return text;
+        // A name that fills all that a file system takes gives way for the number.
+        const std::size_t room = longestName - std::min(longestName, ending.size());
+        return std::string(clippedToBytes(base, room)) + ending;
     }
     [[nodiscard]] FilePath path(Counter counter) const {
         return FilePath(std::string(folder) + numberedName(counter));

@@ -58,6 +58,13 @@ protected:
     MemoryFileSystem files;
 };
 
+TEST_F(CollisionResolverTest, ShortensANameThatHasNoRoomForItsNumber) {
+    const std::string base = std::string(248, 'a') + "\xC3\xA9"; // two bytes that stay together
+    const std::string shorter = std::string(248, 'a');
+    EXPECT_THAT(resolveAll({{base + "b.jpg", "one"}, {base + "b.jpg", "two"}, {base + "c.jpg", "three"}}),
+                ElementsAre(base + "b.jpg", shorter + "_2.jpg", base + "c.jpg"));
+}
+
 TEST_F(CollisionResolverTest, NumbersNamesThatAreTaken) {
     files.addFile(folder.appending("IMG.jpg"), "other");
     files.addFile(folder.appending("IMG_2.jpg"), "another");
