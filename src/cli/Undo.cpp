@@ -6,7 +6,7 @@
 #include "platform/TextFormat.h"
 #include "transfer/UndoEngine.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <variant>
 
@@ -35,16 +35,23 @@ std::variant<OperationManifest, std::string> readManifest(const FileSystem& file
     return *std::move(manifest);
 }
 
-std::string intention(const OperationManifest& manifest) {
-    const auto verified =
-        std::count_if(manifest.items.begin(), manifest.items.end(), [](const FileTransactionItem& record) {
-            return record.status == TransactionStatus::verified;
-        });
+std::string intention(const OperationManifest& manifest, const FileSystem& fileSystem) {
     const bool isMove = manifest.operationType == rawValue(OperationMode::move);
+    std::int64_t verified = 0;
+    std::int64_t onlyCopies = 0;
+    for (const FileTransactionItem& record : manifest.items) {
+        if (record.status == TransactionStatus::verified) {
+            ++verified;
+            onlyCopies += isMove || fileSystem.exists(record.originalPath) ? 0 : 1;
+        }
+    }
     return "The run of " + LUMEODateFormatters::formattedFully(manifest.timestamp) + " to " +
            printable(manifest.destinationRoot.bytes()) + ": " + TextFormat::number(verified) +
            " files will be " + (isMove ? "moved back to where they came from" : "removed from the archive") +
-           ", each only if it is unchanged.";
+           ", each only if it is unchanged." +
+           (onlyCopies > 0 ? " The originals of " + TextFormat::number(onlyCopies) +
+                                 " are no longer where they were: these may be the only copies."
+                           : "");
 }
 
 UndoResult rollBack(const OperationManifest& manifest, const Environment& environment, bool quiet) {
@@ -72,7 +79,7 @@ ExitStatus undo(const Arguments& arguments, const Environment& environment) {
     }
     const auto& manifest = std::get<OperationManifest>(read);
     if (!arguments.quiet) {
-        std::cout << intention(manifest) << std::endl;
+        std::cout << intention(manifest, environment.fileSystem) << std::endl;
     }
     if (!arguments.assumeYes && !confirm("Undo it?")) {
         printError("nothing was undone");

@@ -236,10 +236,12 @@ TEST_F(Cli, UndoTakesBackWhatIsUnchangedAndTellsTheRest) {
 
     const FilePath undated = archive_ / "Archive/_Unknown Date/undated.mov";
     archive_.write("Archive/_Unknown Date/undated.mov", "edited meanwhile");
+    std::filesystem::remove((source_ / "card/undated.mov").bytes());
     EXPECT_EQ(run({"undo", journal.bytes()}).status, 2) << "not without a terminal or --yes";
     const Outcome undone = run({"undo", journal.bytes(), "--yes"});
     EXPECT_EQ(undone.status, 1);
     EXPECT_THAT(undone.out, HasSubstr("3 restored or removed, 0 no longer there, 1 left alone."));
+    EXPECT_THAT(undone.out, HasSubstr("The originals of 1 are no longer where they were"));
     EXPECT_THAT(undone.err, HasSubstr("File was modified after transfer."));
     EXPECT_EQ(contentOf(undated), "edited meanwhile");
 
