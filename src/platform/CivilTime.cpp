@@ -73,6 +73,14 @@ std::int64_t offsetSeconds(const icu::TimeZone& zone, std::int64_t secondsSince1
 
 } // namespace
 
+bool isRealTime(const WallTime& time) {
+    const std::chrono::year_month_day date(std::chrono::year(time.year),
+                                           std::chrono::month(static_cast<unsigned>(time.month)),
+                                           std::chrono::day(static_cast<unsigned>(time.day)));
+    return time.year >= 1 && time.year <= 9999 && date.ok() && time.hour < 24 && time.minute < 60 &&
+           time.second < 60;
+}
+
 std::optional<Instant> instantInUtc(const WallTime& time) {
     return instantOf(flatSeconds(time));
 }

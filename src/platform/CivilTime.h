@@ -24,4 +24,8 @@ std::optional<Instant> instantInZone(const WallTime& time, const icu::TimeZone& 
 WallTime wallTimeInUtc(Instant instant);
 WallTime wallTimeInZone(Instant instant, const icu::TimeZone& zone);
 
+/// True when a calendar and a clock can show it: no 31 February, no 24:00, no second 60. Of years from 1
+/// to 9999.
+bool isRealTime(const WallTime& time);
+
 } // namespace lumeo

@@ -57,13 +57,6 @@ std::optional<WallTime> matchForm(std::string_view text, std::string_view form) 
     return time;
 }
 
-bool isRealTime(const WallTime& time) {
-    const std::chrono::year_month_day date(std::chrono::year(time.year),
-                                           std::chrono::month(static_cast<unsigned>(time.month)),
-                                           std::chrono::day(static_cast<unsigned>(time.day)));
-    return time.year >= 1 && date.ok() && time.hour < 24 && time.minute < 60 && time.second < 60;
-}
-
 std::optional<WallTime> parseWallTime(std::string_view text, std::string_view form) {
     const std::optional<WallTime> time = matchForm(text, form);
     return time && isRealTime(*time) ? time : std::nullopt;

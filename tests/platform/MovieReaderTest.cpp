@@ -149,6 +149,17 @@ TEST(MovieReader, ReadsTheManyWaysInWhichQuickTimeFilesAreLaidOut) {
                 ElementsAre(day));
 }
 
+TEST(MovieReader, ReadsWhatARecorderWroteBeforeItKnewTheLength) {
+    const std::string segment("\x18\x53\x80\x67");
+    for (const std::string size : {"\xFF", "\x7F\xFF", "\x01\xFF\xFF\xFF\xFF\xFF\xFF\xFF"}) {
+        TinyMovie made;
+        made.headerTime = at("2021-03-14T12:00:00Z");
+        std::string live = tinyMatroska(made);
+        live.replace(live.find(segment) + segment.size(), 8, size);
+        EXPECT_EQ(propertiesOf(live).metadata.size(), 1U) << size.size();
+    }
+}
+
 TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
     const ScopedTimeZone zone("Europe/Berlin");
     for (const auto& [text, expected] : std::vector<std::pair<std::string, std::string_view>>{
@@ -157,6 +168,8 @@ TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
              {"2009/10/27 12:14:34", "2009-10-27T11:14:34Z"},
              {"2005/08/17/ 11:42", "2005-08-17T09:42:00Z"},
              {"2001/ 1/27  1:42PM", "2001-01-27T12:42:00Z"},
+             {"2001/ 1/27 12:42AM", "2001-01-26T23:42:00Z"},
+             {"2001/ 1/27 12:42PM", "2001-01-27T11:42:00Z"},
          }) {
         TinyMovie made;
         made.wallClock = text + std::string(2, '\0');
@@ -168,8 +181,8 @@ TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
     cutShort.wallClock = "2009/10/27 12:14:34";
     EXPECT_EQ(propertiesOf(tinyAvi(cutShort).replace(4, 4, 4, '\0')).metadata.size(), 1U)
         << "its length not yet written";
-    for (const char* const text : {"", "0000/00/00 00:00:00", "2009/13/27 12:14:34", "2009",
-                                   "yesterday at 10:10:10", "99999999999999999999/10/27 12:14:34"}) {
+    for (const char* const text : {"", "0000/00/00 00:00:00", "2009/13/27 12:14:34", "2009/02/31 12:14:34",
+                                   "2009", "yesterday at 10:10:10", "99999999999999999999/10/27 12:14:34"}) {
         TinyMovie made;
         made.wallClock = text;
         EXPECT_THAT(propertiesOf(tinyAvi(made)).metadata, ElementsAre()) << text;

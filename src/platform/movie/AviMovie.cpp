@@ -1,4 +1,4 @@
-#include "platform/LocalCalendar.h"
+#include "platform/CivilTime.h"
 #include "platform/movie/ContainerReaders.h"
 #include "platform/movie/HeaderBytes.h"
 
@@ -52,8 +52,9 @@ void forEachChunk(HeaderBytes& bytes, std::int64_t begin, std::int64_t end, Each
 /// The words and numbers of a date text.
 struct DateWords {
     std::vector<int> numbers;
-    int month = 0; ///< named by a word; 0 without
-    bool isAfternoon = false;
+    int month = 0;            ///< named by a word; 0 without
+    bool isMorning = false;   ///< "am" is said
+    bool isAfternoon = false; ///< "pm" is
 };
 
 int monthNamed(std::string_view word) {
@@ -80,6 +81,7 @@ DateWords wordsOf(std::string_view text) {
                 word += static_cast<char>(text[end] | 0x20);
             }
             words.month = std::max(words.month, monthNamed(word));
+            words.isMorning |= word == "am";
             words.isAfternoon |= word == "pm";
         }
         at = std::max(end, at + 1);
@@ -103,10 +105,10 @@ std::optional<WallTime> wallTime(std::string_view text) {
     }
     if (words.isAfternoon && time.hour < 12) {
         time.hour += 12;
+    } else if (words.isMorning && time.hour == 12) {
+        time.hour = 0;
     }
-    const bool isReal = time.year >= 1904 && time.year <= 9999 && time.month >= 1 && time.month <= 12 &&
-                        time.day >= 1 && time.day <= 31 && time.hour <= 23 && time.minute <= 59 &&
-                        time.second <= 60;
+    const bool isReal = time.year >= 1904 && isRealTime(time);
     return isReal ? std::optional(time) : std::nullopt;
 }
 

@@ -50,10 +50,11 @@ std::optional<Element> elementAt(HeaderBytes& bytes, std::int64_t offset, std::i
         end - offset < headSize) {
         return std::nullopt;
     }
-    const std::uint64_t size =
-        bigEndian(head, idWidth, sizeWidth) & ((std::uint64_t{1} << 7U * sizeWidth) - 1);
+    const std::uint64_t unknown = (std::uint64_t{1} << 7U * sizeWidth) - 1; // all ones, however many
+    const std::uint64_t size = bigEndian(head, idWidth, sizeWidth) & unknown;
     const std::int64_t begin = offset + headSize;
-    const auto length = std::min(size, static_cast<std::uint64_t>(end - begin));
+    const auto space = static_cast<std::uint64_t>(end - begin);
+    const std::uint64_t length = size == unknown ? space : std::min(size, space);
     return Element{bigEndian(head, 0, idWidth), begin, begin + static_cast<std::int64_t>(length)};
 }
 
