@@ -60,8 +60,6 @@ public:
         return value_;
     }
     constexpr const T* operator->() const noexcept { return &**this; }
-    [[nodiscard]] constexpr T valueOr(T fallback) const { return hasValue() ? value_ : fallback; }
-    constexpr void reset() noexcept { value_ = AbsentValue<T>::value; }
 
     friend constexpr bool operator==(const CompactOptional& a, const CompactOptional& b) {
         return a.hasValue() ? b.hasValue() && a.value_ == b.value_ : !b.hasValue();

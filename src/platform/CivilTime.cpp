@@ -74,11 +74,15 @@ std::int64_t offsetSeconds(const icu::TimeZone& zone, std::int64_t secondsSince1
 } // namespace
 
 bool isRealTime(const WallTime& time) {
+    const auto isWithin = [](int value, int first, int last) { return value >= first && value <= last; };
+    if (!isWithin(time.year, 1, 9999) || !isWithin(time.month, 1, 12) || !isWithin(time.day, 1, 31)) {
+        return false; // a calendar's types would drop what they have no room for
+    }
     const std::chrono::year_month_day date(std::chrono::year(time.year),
                                            std::chrono::month(static_cast<unsigned>(time.month)),
                                            std::chrono::day(static_cast<unsigned>(time.day)));
-    return time.year >= 1 && time.year <= 9999 && date.ok() && time.hour < 24 && time.minute < 60 &&
-           time.second < 60;
+    return date.ok() && isWithin(time.hour, 0, 23) && isWithin(time.minute, 0, 59) &&
+           isWithin(time.second, 0, 59);
 }
 
 std::optional<Instant> instantInUtc(const WallTime& time) {

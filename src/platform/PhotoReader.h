@@ -12,7 +12,7 @@ class FileSystem;
 
 /// What an image file says of itself: the pixel size and three dictionaries. Texts stand as stored up
 /// to their first NUL; numbers are decoded; everything is absent that the file does not carry or
-/// carries in another type.
+/// carries in another type, and so is a date whose digits were left blank or zero.
 struct PhotoProperties {
     struct Exif {
         std::optional<std::string> dateTimeOriginal;

@@ -69,7 +69,7 @@ TEST(PathTemplateEngine, ChoosesTheTemplateByPreset) {
     EXPECT_EQ(path(OrganizationPreset::yearOnly, "{MM}"), "2025");
     EXPECT_EQ(path(OrganizationPreset::custom, "{MM}"), "08");
     EXPECT_EQ(path(OrganizationPreset::custom, std::nullopt), "2025/2025-08 August");
-    item.resolvedDate.reset();
+    item.resolvedDate = std::nullopt;
     EXPECT_EQ(path(OrganizationPreset::custom, "{MM}"), "somewhere/else");
 }
 

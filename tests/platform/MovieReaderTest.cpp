@@ -181,8 +181,9 @@ TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
     cutShort.wallClock = "2009/10/27 12:14:34";
     EXPECT_EQ(propertiesOf(tinyAvi(cutShort).replace(4, 4, 4, '\0')).metadata.size(), 1U)
         << "its length not yet written";
-    for (const char* const text : {"", "0000/00/00 00:00:00", "2009/13/27 12:14:34", "2009/02/31 12:14:34",
-                                   "2009", "yesterday at 10:10:10", "99999999999999999999/10/27 12:14:34"}) {
+    for (const char* const text :
+         {"", "0000/00/00 00:00:00", "2009/13/27 12:14:34", "2009/02/31 12:14:34", "2009/257/27 12:14:34",
+          "2009", "yesterday at 10:10:10", "99999999999999999999/10/27 12:14:34"}) {
         TinyMovie made;
         made.wallClock = text;
         EXPECT_THAT(propertiesOf(tinyAvi(made)).metadata, ElementsAre()) << text;

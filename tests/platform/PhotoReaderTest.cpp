@@ -1,5 +1,6 @@
 #include "platform/PhotoReader.h"
 
+#include "platform/photo/FileWindow.h"
 #include "support/Damage.h"
 #include "support/MemoryFileSystem.h"
 #include "support/TinyMovies.h"
@@ -135,6 +136,28 @@ TEST(PhotoReaderTest, xmpFillsOnlyWhatExifLacks) {
         EXPECT_THAT(properties.tiff.make, Optional(Eq("Maker")));
         EXPECT_THAT(properties.tiff.model, Optional(Eq("XModel")));
     }
+}
+
+TEST(PhotoReaderTest, aDateThatWasNeverSetHidesNoOther) {
+    for (const char* const unset : {"    :  :     :  :  ", "0000:00:00 00:00:00", ""}) {
+        TinyPhoto photo;
+        photo.dateTimeOriginal = unset;
+        photo.xmpPacket = tinyXmp(R"(exif:DateTimeOriginal=" 1999-01-02T03:04:05 ")");
+        EXPECT_THAT(propertiesOf(tinyJpeg(photo)).exif.dateTimeOriginal, Optional(Eq("1999:01:02 03:04:05")));
+    }
+}
+
+TEST(PhotoReaderTest, noFileIsLookedAtForEver) {
+    MemoryFileSystem files;
+    files.addFile(FilePath("/a"), "ab");
+    const auto file = files.openForReading(FilePath("/a"));
+    FileWindow window(**file);
+    int views = 0;
+    while (window.view(1, 1)) {
+        ++views;
+    }
+    EXPECT_GT(views, 100'000);
+    EXPECT_LT(views, 1'000'000);
 }
 
 TEST(PhotoReaderTest, givesTheSizeOfARawFilesMainImage) {

@@ -96,12 +96,12 @@ TEST_F(MediaScannerTest, ReadsPhotosRawPhotosMoviesAndUndatedFilesEachTheirWay) 
     EXPECT_EQ(photo.cameraModel, SharedText("Model 5"));
     EXPECT_EQ(photo.lensModel, SharedText("50mm"));
     EXPECT_EQ(photo.pixelWidth, 16);
-    EXPECT_NEAR(photo.gpsLatitude.valueOr(0), -33.5, 1e-6);
+    EXPECT_NEAR(*photo.gpsLatitude, -33.5, 1e-6);
     EXPECT_FALSE(photo.dateSuspiciousWarning);
 
     const MediaItem& clip = item("clip.mov");
     EXPECT_EQ(clip.videoCreationDate, codedEpoch + 1h);
-    EXPECT_NEAR(clip.durationSeconds.valueOr(0), 2.5, 0.01);
+    EXPECT_NEAR(*clip.durationSeconds, 2.5, 0.01);
     EXPECT_EQ(clip.pixelHeight, 48);
     EXPECT_FALSE(clip.metadataCaptureDate || clip.cameraMake || clip.hasGPS);
 

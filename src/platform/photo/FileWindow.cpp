@@ -11,6 +11,10 @@ namespace {
 /// What a step away from the beginning reads: a page, the least that the system fetches anyway.
 constexpr std::size_t stepSize = 4 * 1024;
 
+/// What a view costs beside its bytes. What lies in a buffer costs no reading, but a file that leads to
+/// the same bytes again and again would be walked for minutes.
+constexpr std::size_t viewCost = 128;
+
 } // namespace
 
 FileWindow::FileWindow(ReadableFile& file) : file_(file) {
@@ -25,14 +29,15 @@ std::optional<std::string_view> FileWindow::Buffer::view(std::uint64_t from, std
 }
 
 std::optional<std::string_view> FileWindow::view(std::uint64_t offset, std::size_t count) {
+    if (count > largestView || viewBudget_ < count + viewCost) {
+        return std::nullopt;
+    }
+    viewBudget_ -= count + viewCost;
     if (const auto found = head_.view(offset, count)) {
         return found;
     }
     if (const auto found = recent_.view(offset, count)) {
         return found;
-    }
-    if (count > largestView) {
-        return std::nullopt;
     }
     load(recent_, offset, std::max(count, stepSize));
     return recent_.view(offset, count);

@@ -21,17 +21,18 @@ struct FileRange {
 /// what is asked for lies, one the place that was read last. Used by one thread.
 ///
 /// Files are read and not mapped, since a failing card would end the program with a signal. All that
-/// one window ever reads is bounded, so that no file, however it leads about, takes long.
+/// one window ever reads or shows is bounded, so that no file, however it leads about, takes long.
 class FileWindow {
 public:
     static constexpr std::size_t headSize = 16 * 1024;
     static constexpr std::size_t largestView = 4 * 1024 * 1024;
     static constexpr std::size_t readBudget = 32 * 1024 * 1024;
+    static constexpr std::size_t viewBudget = 64 * 1024 * 1024;
 
     explicit FileWindow(ReadableFile& file);
 
     /// Exactly `count` bytes from `offset`, valid until the next call; absent where the file ends or
-    /// cannot be read, above `largestView`, and when the budget is spent.
+    /// cannot be read, above `largestView`, and when a budget is spent.
     std::optional<std::string_view> view(std::uint64_t offset, std::size_t count);
 
     /// Reads up to `count` bytes straight into `target`, within the budget; gives how many came.
@@ -56,6 +57,7 @@ private:
     Buffer head_;
     Buffer recent_;
     std::size_t budget_ = readBudget;
+    std::size_t viewBudget_ = viewBudget;
     std::optional<std::uint64_t> size_;
 };
 

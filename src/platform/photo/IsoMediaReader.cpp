@@ -171,7 +171,9 @@ std::optional<PixelSize> ImageItems::primarySize() {
 std::optional<PixelSize> ImageItems::sizeProperty(FileRange properties, std::uint64_t index) {
     BoxWalk walk(file_, properties);
     for (std::uint64_t i = 1; i < index; ++i) {
-        walk.next();
+        if (!walk.next()) {
+            return std::nullopt;
+        }
     }
     const auto box = walk.next();
     if (!box || box->type != fourCC("ispe")) {

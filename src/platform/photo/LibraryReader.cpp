@@ -1,9 +1,13 @@
 #include "platform/photo/LibraryReader.h"
 
+#include "platform/photo/ExifValues.h"
+
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -39,29 +43,25 @@ std::optional<std::int64_t> pixels(const Exiv2::ExifData& exif, const char* key)
 
 std::optional<double> degrees(const Exiv2::ExifData& exif, const char* key) {
     const Exiv2::Exifdatum* const datum = find(exif, key);
-    if (datum == nullptr || datum->typeId() != Exiv2::unsignedRational || datum->count() == 0 ||
-        datum->count() > 3) {
+    std::array<ExifFraction, 3> parts;
+    const auto count = datum == nullptr ? 0 : static_cast<std::size_t>(datum->count());
+    if (count == 0 || count > parts.size() || datum->typeId() != Exiv2::unsignedRational) {
         return std::nullopt;
     }
-    double degrees = 0;
-    double unit = 1;
-    for (long i = 0; i < datum->count(); ++i) {
-        const auto [numerator, denominator] = datum->toRational(i);
-        if (denominator == 0) {
-            return std::nullopt;
-        }
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto [numerator, denominator] = datum->toRational(static_cast<long>(i));
         // The library hands unsigned fractions on as signed ones.
-        degrees += unit * static_cast<std::uint32_t>(numerator) / static_cast<std::uint32_t>(denominator);
-        unit /= 60;
+        parts[i] = {static_cast<std::uint32_t>(numerator), static_cast<std::uint32_t>(denominator)};
     }
-    return degrees;
+    return decimalDegrees(std::span(parts).first(count));
 }
 
 void fillFromExif(const Exiv2::ExifData& exif, PhotoProperties& properties) {
-    properties.exif = {text(exif, "Exif.Photo.DateTimeOriginal"), text(exif, "Exif.Photo.DateTimeDigitized"),
+    const auto date = [&exif](const char* key) { return setExifDate(text(exif, key)); };
+    properties.exif = {date("Exif.Photo.DateTimeOriginal"), date("Exif.Photo.DateTimeDigitized"),
                        text(exif, "Exif.Photo.LensModel"), pixels(exif, "Exif.Photo.PixelXDimension"),
                        pixels(exif, "Exif.Photo.PixelYDimension")};
-    properties.tiff = {text(exif, "Exif.Image.DateTime"), text(exif, "Exif.Image.Make"),
+    properties.tiff = {date("Exif.Image.DateTime"), text(exif, "Exif.Image.Make"),
                        text(exif, "Exif.Image.Model")};
     properties.gps = {degrees(exif, "Exif.GPSInfo.GPSLatitude"), text(exif, "Exif.GPSInfo.GPSLatitudeRef"),
                       degrees(exif, "Exif.GPSInfo.GPSLongitude"), text(exif, "Exif.GPSInfo.GPSLongitudeRef")};

@@ -1,5 +1,6 @@
 #include "platform/photo/TiffReader.h"
 
+#include "platform/photo/ExifValues.h"
 #include "platform/photo/TiffStructure.h"
 
 #include <array>
@@ -102,9 +103,9 @@ std::optional<ImageSize> mainImageSize(TiffStructure& tiff, const TiffDirectory&
 
 /// Fills what `exif` lacks.
 void readExif(TiffStructure& tiff, const TiffDirectory& directory, PhotoProperties::Exif& exif) {
-    const auto fillText = [&](std::optional<std::string>& fact, std::uint16_t tag) {
+    const auto fillDate = [&](std::optional<std::string>& fact, std::uint16_t tag) {
         if (!fact) {
-            fact = tiff.text(directory.find(tag));
+            fact = setExifDate(tiff.text(directory.find(tag)));
         }
     };
     const auto fillSide = [&](std::optional<std::int64_t>& side, std::uint16_t tag) {
@@ -112,9 +113,11 @@ void readExif(TiffStructure& tiff, const TiffDirectory& directory, PhotoProperti
             side = pixels(tiff.integer(directory.find(tag)));
         }
     };
-    fillText(exif.dateTimeOriginal, dateTimeOriginal);
-    fillText(exif.dateTimeDigitized, dateTimeDigitized);
-    fillText(exif.lensModel, lensModel);
+    fillDate(exif.dateTimeOriginal, dateTimeOriginal);
+    fillDate(exif.dateTimeDigitized, dateTimeDigitized);
+    if (!exif.lensModel) {
+        exif.lensModel = tiff.text(directory.find(lensModel));
+    }
     fillSide(exif.pixelXDimension, pixelXDimension);
     fillSide(exif.pixelYDimension, pixelYDimension);
 }
@@ -153,7 +156,7 @@ constexpr std::array<std::uint16_t, 20> imageTags{sensorTopBorder,
 void readImage(TiffStructure& tiff, TiffContents& contents) {
     PhotoProperties& properties = contents.properties;
     const TiffDirectory first = tiff.directory(tiff.firstDirectory(), imageTags);
-    properties.tiff = {tiff.text(first.find(dateTime)), tiff.text(first.find(make)),
+    properties.tiff = {setExifDate(tiff.text(first.find(dateTime))), tiff.text(first.find(make)),
                        tiff.text(first.find(model))};
     if (const auto offset = tiff.integer(first.find(exifIfd))) {
         readExif(tiff, tiff.directory(*offset, exifTags), properties.exif);

@@ -1,7 +1,10 @@
 #include "platform/photo/TiffStructure.h"
 
+#include "platform/photo/ExifValues.h"
+
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace lumeo {
 
@@ -136,12 +139,13 @@ std::optional<std::uint64_t> TiffStructure::integer(const TiffEntry* entry, std:
 }
 
 std::optional<double> TiffStructure::degrees(const TiffEntry* entry) {
+    std::array<ExifFraction, 3> parts;
     if (entry == nullptr || (entry->type != rationalType && entry->type != signedRationalType) ||
-        entry->count == 0 || entry->count > 3) {
+        entry->count > parts.size()) {
         return std::nullopt;
     }
-    const auto parts = static_cast<std::size_t>(entry->count);
-    const auto bytes = view(entry->valueAt, parts * 8);
+    const auto count = static_cast<std::size_t>(entry->count);
+    const auto bytes = view(entry->valueAt, count * 8);
     if (!bytes) {
         return std::nullopt;
     }
@@ -150,18 +154,11 @@ std::optional<double> TiffStructure::degrees(const TiffEntry* entry) {
         const bool isNegative = entry->type == signedRationalType && part >> 31U != 0;
         return isNegative ? 0 - part : part;
     };
-    double degrees = 0;
-    double unit = 1;
-    for (std::size_t i = 0; i < parts; ++i) {
-        const std::uint32_t numerator = magnitude(number<std::uint32_t>(*bytes, i * 8));
-        const std::uint32_t denominator = magnitude(number<std::uint32_t>(*bytes, i * 8 + 4));
-        if (denominator == 0) {
-            return std::nullopt;
-        }
-        degrees += unit * numerator / denominator;
-        unit /= 60;
+    for (std::size_t i = 0; i < count; ++i) {
+        parts[i] = {magnitude(number<std::uint32_t>(*bytes, i * 8)),
+                    magnitude(number<std::uint32_t>(*bytes, i * 8 + 4))};
     }
-    return degrees;
+    return decimalDegrees(std::span(parts).first(count));
 }
 
 std::optional<FileRange> TiffStructure::bytes(const TiffEntry* entry) const {

@@ -1,5 +1,7 @@
 #include "platform/photo/XmpScan.h"
 
+#include "platform/Utf8Text.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
@@ -223,7 +225,8 @@ std::optional<XmpProperty> XmpScan::property(std::string_view name) const {
 void XmpScan::keep(XmpProperty property, std::string_view rawText) {
     std::optional<std::string>& value = values_[static_cast<std::size_t>(property)];
     if (!value && rawText.size() <= longestText) {
-        value = withReferencesResolved(rawText);
+        value =
+            trimmingWhitespace(withReferencesResolved(rawText)); // an element may stand on lines of its own
     }
 }
 
