@@ -98,14 +98,10 @@ public:
         state.pauseScan();
         take("scan-paused");
         state.resumeScan();
-        if (!waitUntil([&] { return !state.isScanning(); })) {
-            return false;
-        }
+        await([&] { return !state.isScanning(); });
         take("results");
         state.runDuplicateDetection();
-        if (!waitUntil([&] { return !state.isDetectingDuplicates(); })) {
-            return false;
-        }
+        await([&] { return !state.isDetectingDuplicates(); });
         take("results-duplicates");
 
         state.proceedToNextStep();
@@ -118,17 +114,22 @@ public:
         preview();
         run();
         report();
-        return Warnings::text().empty();
+        return isOnTheWay_ && Warnings::text().empty();
     }
 
 private:
+    template<class Condition>
+    void await(Condition condition) {
+        isOnTheWay_ = waitUntil(condition) && isOnTheWay_;
+    }
+
     void preview() {
         auto& state = made_.state;
         state.previewChanges();
-        std::ignore = waitUntil([&] { return !state.isPlanning(); });
+        await([&] { return !state.isPlanning(); });
         take("preview");
         take("planning", [&] { state.startPlanning(); });
-        std::ignore = waitUntil([&] { return !state.isPlanning(); });
+        await([&] { return !state.isPlanning(); });
 
         child("table").forceActiveFocus();
         for (int row = 0; row < 7; ++row) {
@@ -151,13 +152,13 @@ private:
         made_.press(Qt::Key_Escape);
         setMode(OperationMode::copy);
         state.startOperation();
-        std::ignore = waitUntil([&] { return state.operationProgress().verifiedCount > 0; });
+        await([&] { return state.operationProgress().verifiedCount > 0; });
         state.cancelOperation();
-        std::ignore = waitUntil([&] { return !state.isProcessing(); });
+        await([&] { return !state.isProcessing(); });
         take("cancelled");
         std::filesystem::remove_all((made_.folder / "Archive").bytes());
         state.startPlanning();
-        std::ignore = waitUntil([&] { return !state.isPlanning(); });
+        await([&] { return !state.isPlanning(); });
     }
 
     void run() {
@@ -175,7 +176,7 @@ private:
         made_.press(Qt::Key_Escape);
         made_.disk.beforeEachCall({});
         state.resumeOperation();
-        std::ignore = waitUntil([&] { return !state.isProcessing(); });
+        await([&] { return !state.isProcessing(); });
     }
 
     void report() {
@@ -191,7 +192,7 @@ private:
         take("undo-question");
         spoilTwo(made_.state.activeManifest()->items);
         choose("Yes, Undo Organization");
-        std::ignore = waitUntil([&] { return child("undo").isEnabled(); });
+        await([&] { return child("undo").isEnabled(); });
         choose("Warnings");
         take("undone");
         made_.state.finishCompletedOperation();
@@ -258,6 +259,7 @@ private:
         settle();
         if (!made_.shows(name) || !made_.click(name)) {
             std::cerr << "There is no \"" << name << "\" to be clicked\n";
+            isOnTheWay_ = false;
         }
     }
 
@@ -289,12 +291,13 @@ private:
     MadeProgram made_;
     QDir folder_;
     std::vector<View> views_;
+    bool isOnTheWay_ = true; ///< every state so far was reached
 };
 
 } // namespace
 
 /// Takes pictures of every screen, in both appearances, both sizes and the languages given; fails when
-/// anything was warned of meanwhile.
+/// a state was not reached or anything was warned of meanwhile.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");

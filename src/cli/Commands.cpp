@@ -43,8 +43,11 @@ std::optional<std::string> documentsProblem(const Arguments& arguments, const En
         if (!file) {
             continue;
         }
-        if (MediaTypeDetector::detectType(*file) || !places.insert(*file).second) {
-            return "no place for a document of its own: " + printable(file->bytes());
+        if (MediaTypeDetector::detectType(*file)) {
+            return "a document does not take the name of a photo or movie: " + printable(file->bytes());
+        }
+        if (!places.insert(*file).second) {
+            return "two documents cannot have one place: " + printable(file->bytes());
         }
         if (auto problem = documentProblem(*file, environment)) {
             return problem;

@@ -17,8 +17,6 @@ namespace {
 /// Where a name stands in the row desired (1), name_2, name_3, …
 using Counter = std::uint64_t;
 
-constexpr std::size_t longestName = 255; // bytes
-
 struct NumberedNames;
 
 /// One name in one folder that was looked up or given out. Catalogues of a million items make a million
@@ -74,7 +72,7 @@ struct WantedPath {
             ending += extension;
         }
         // A name that fills all that a file system takes gives way for the number.
-        const std::size_t room = longestName - std::min(longestName, ending.size());
+        const std::size_t room = longestFileName - std::min(longestFileName, ending.size());
         return std::string(clippedToBytes(base, room)) + ending;
     }
     [[nodiscard]] FilePath path(Counter counter) const {

@@ -11,7 +11,6 @@ namespace lumeo {
 namespace {
 
 /// What file systems allow a single name, in bytes.
-constexpr std::size_t maxNameLength = 255;
 
 constexpr std::array<std::string_view, 12> monthNames{
     "January", "February", "March",     "April",   "May",      "June",
@@ -30,7 +29,7 @@ std::string padded(int number, int width) {
 
 std::string cameraText(const std::optional<SharedText>& text, std::string_view otherwise) {
     // Clipped first: texts from a file may hold tokens in turn, and must not multiply without bound.
-    return PathTemplateEngine::sanitizedComponent(text ? clippedToBytes(text->view(), maxNameLength)
+    return PathTemplateEngine::sanitizedComponent(text ? clippedToBytes(text->view(), longestFileName)
                                                        : otherwise);
 }
 
@@ -50,7 +49,7 @@ void replaceToken(std::string& text, std::string_view token, Value value) {
 
 /// Appends one folder level to `path`, unless nothing but white space would name it.
 void appendFolder(std::string& path, std::string_view piece) {
-    std::string name(trimmingWhitespace(clippedToBytes(trimmingWhitespace(piece), maxNameLength)));
+    std::string name(trimmingWhitespace(clippedToBytes(trimmingWhitespace(piece), longestFileName)));
     if (name.empty()) {
         return;
     }

@@ -9,6 +9,9 @@ namespace lumeo {
 /// UTF-8 count as text. The view lies within `text`.
 std::string_view trimmingWhitespace(std::string_view text) noexcept;
 
+/// In bytes: what the usual file systems take as the name of a file or folder.
+inline constexpr std::size_t longestFileName = 255;
+
 /// As many whole characters of `text`, from its start, as fit into `length` bytes.
 std::string_view clippedToBytes(std::string_view text, std::size_t length) noexcept;
 

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <string_view>
-#include <utility>
 
 namespace lumeo {
 
@@ -28,9 +27,9 @@ FileResult<void> FolderFlusher::noteWayTo(const FilePath& folder) {
     if (waysNoted_.contains(folder)) {
         return {};
     }
-    FileResult<FileStatus> status = fileSystem_.targetStatus(folder);
+    const FileResult<FileStatus> status = fileSystem_.targetStatus(folder);
     const FilePath above = folder.parent();
-    FileResult<FileStatus> statusAbove = fileSystem_.targetStatus(above);
+    const FileResult<FileStatus> statusAbove = fileSystem_.targetStatus(above);
     if (!status || !statusAbove) {
         return status ? statusAbove.error() : status.error();
     }

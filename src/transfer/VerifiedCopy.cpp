@@ -13,7 +13,6 @@ namespace lumeo {
 namespace {
 
 constexpr std::string_view temporarySuffix = ".partial";
-constexpr std::size_t longestFileName = 255; // bytes
 
 } // namespace
 

@@ -85,10 +85,11 @@ FileResult<void> VerifiedTransfer::createFolders(const FilePath& folder) {
         return created;
     }
     const FileResult<FileStatus> root = fileSystem_.targetStatus(archiveRoot_);
-    if (!root) {
+    if (root) {
+        archiveDevice_ = root->identity.device;
+    } else if (root.error().errnoValue != ENOENT) { // a destination need not lie below the root
         return root.error();
     }
-    archiveDevice_ = root->identity.device;
     return {};
 }
 

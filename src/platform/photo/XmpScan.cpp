@@ -225,8 +225,8 @@ std::optional<XmpProperty> XmpScan::property(std::string_view name) const {
 void XmpScan::keep(XmpProperty property, std::string_view rawText) {
     std::optional<std::string>& value = values_[static_cast<std::size_t>(property)];
     if (!value && rawText.size() <= longestText) {
-        value =
-            trimmingWhitespace(withReferencesResolved(rawText)); // an element may stand on lines of its own
+        // The text of an element may stand on lines of its own.
+        value = trimmingWhitespace(withReferencesResolved(rawText));
     }
 }
 
