@@ -60,21 +60,15 @@ std::string hexText(const Digest& digest) {
     return text;
 }
 
-} // namespace
-
-Result<std::string, HashError> StreamingHashService::computeSHA256(const FileSystem& fileSystem,
-                                                                   const FilePath& path,
-                                                                   std::size_t bytesPerRead,
-                                                                   const CancellationCheck& cancelled) {
+/// The digest of what `read(chunk)` gives until it gives nothing.
+template<class Read>
+Result<std::string, HashError> digestOf(Read read, const FilePath& path, std::size_t bytesPerRead,
+                                        const CancellationCheck& cancelled) {
     assert(bytesPerRead > 0);
-    const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
-    if (!file) {
-        return HashError(file.error());
-    }
     Sha256 sha256;
     const std::span<std::byte> chunk = threadChunkBuffer(bytesPerRead);
     while (true) {
-        const FileResult<std::size_t> count = file.value()->read(chunk);
+        const FileResult<std::size_t> count = read(chunk);
         if (!count) {
             return HashError(count.error());
         }
@@ -94,6 +88,32 @@ Result<std::string, HashError> StreamingHashService::computeSHA256(const FileSys
         return HashError(FileError{FileAction::read, path, ENOTSUP});
     }
     return hexText(*digest);
+}
+
+} // namespace
+
+Result<std::string, HashError> StreamingHashService::computeSHA256(const FileSystem& fileSystem,
+                                                                   const FilePath& path,
+                                                                   std::size_t bytesPerRead,
+                                                                   const CancellationCheck& cancelled) {
+    const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
+    if (!file) {
+        return HashError(file.error());
+    }
+    const auto read = [&file](std::span<std::byte> chunk) { return file.value()->read(chunk); };
+    return digestOf(read, path, bytesPerRead, cancelled);
+}
+
+Result<std::string, HashError> StreamingHashService::computeSHA256(WritableFile& file, const FilePath& path,
+                                                                   std::size_t bytesPerRead,
+                                                                   const CancellationCheck& cancelled) {
+    std::int64_t position = 0;
+    const auto read = [&](std::span<std::byte> chunk) {
+        FileResult<std::size_t> count = file.readAt(position, chunk);
+        position += count ? static_cast<std::int64_t>(*count) : 0;
+        return count;
+    };
+    return digestOf(read, path, bytesPerRead, cancelled);
 }
 
 } // namespace lumeo

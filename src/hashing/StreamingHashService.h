@@ -32,6 +32,12 @@ struct StreamingHashService {
     static Result<std::string, HashError> computeSHA256(const FileSystem& fileSystem, const FilePath& path,
                                                         std::size_t bytesPerRead,
                                                         const CancellationCheck& cancelled);
+
+    /// The same of a file that is being written, read back from its start through the descriptor that
+    /// wrote it. `path` is for the error.
+    static Result<std::string, HashError> computeSHA256(WritableFile& file, const FilePath& path,
+                                                        std::size_t bytesPerRead,
+                                                        const CancellationCheck& cancelled);
 };
 
 } // namespace lumeo

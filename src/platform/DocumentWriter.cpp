@@ -9,7 +9,7 @@ namespace lumeo {
 namespace {
 
 FileResult<void> writeWhole(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
-    FileResult<std::unique_ptr<WritableFile>> file = fileSystem.createFile(path);
+    FileResult<std::unique_ptr<WritableFile>> file = fileSystem.createFile(path, FileAccess::everyone);
     if (!file) {
         return file.error();
     }
@@ -52,17 +52,14 @@ FilePath temporaryBeside(const FilePath& path) {
     return folder.appending(".lumeo-" + Uuid::random().text() + ".tmp");
 }
 
-} // namespace
+using Rename = FileResult<void> (FileSystem::*)(const FilePath&, const FilePath&);
 
-FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
-    const FileResult<FilePath> target = behindLinks(fileSystem, path);
-    if (!target) {
-        return target.error();
-    }
-    const FilePath temporary = temporaryBeside(*target);
+FileResult<void> write(FileSystem& fileSystem, std::string_view document, const FilePath& target,
+                       Rename rename) {
+    const FilePath temporary = temporaryBeside(target);
     FileResult<void> done = writeWhole(fileSystem, document, temporary);
     if (done) {
-        done = fileSystem.renameReplacing(temporary, *target);
+        done = (fileSystem.*rename)(temporary, target);
     }
     if (!done) {
         const FileResult<void> removed = fileSystem.removeFile(temporary); // the first error tells more
@@ -72,13 +69,24 @@ FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document
     return fileSystem.flushFolder(temporary.parent());
 }
 
+} // namespace
+
+FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
+    const FileResult<FilePath> target = behindLinks(fileSystem, path);
+    return target ? write(fileSystem, document, *target, &FileSystem::renameReplacing) : target.error();
+}
+
+FileResult<void> writeNewDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
+    return write(fileSystem, document, path, &FileSystem::renameWithoutReplacing);
+}
+
 FileResult<void> tryDocument(FileSystem& fileSystem, const FilePath& path) {
     const FileResult<FilePath> target = behindLinks(fileSystem, path);
     if (!target) {
         return target.error();
     }
     const FilePath temporary = temporaryBeside(*target);
-    if (const auto file = fileSystem.createFile(temporary); !file) {
+    if (const auto file = fileSystem.createFile(temporary, FileAccess::everyone); !file) {
         return FileError{FileAction::create, path, file.error().errnoValue};
     }
     return fileSystem.removeFile(temporary);

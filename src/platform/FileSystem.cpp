@@ -14,6 +14,8 @@ std::string_view couldNotBe(FileAction action) {
         return "could not be listed";
     case FileAction::open:
         return "could not be opened";
+    case FileAction::lock:
+        return "could not be locked";
     case FileAction::create:
         return "could not be created";
     case FileAction::read:

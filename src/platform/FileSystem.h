@@ -20,6 +20,7 @@ enum class FileAction {
     examine,
     list,
     open,
+    lock,
     create,
     read,
     write,
@@ -86,16 +87,29 @@ public:
 
     /// The status of the open file itself, whatever has become of its name.
     virtual FileResult<FileStatus> status() = 0;
+
+    /// True while any process has the file open for writing. False also where the system cannot tell: on
+    /// file systems without leases, and for files of another user.
+    virtual bool isOpenForWriting() = 0;
 };
 
-/// A file being written from its start. Closed by its destructor, which ignores errors; used by one
-/// thread at a time.
+/// A file being written at its end. Closed by its destructor, which ignores errors; used by one thread at
+/// a time.
 class WritableFile {
 public:
     virtual ~WritableFile() = default;
 
     /// Appends all of `bytes`, or fails.
     virtual FileResult<void> write(std::span<const std::byte> bytes) = 0;
+
+    /// Reads back from `offset`, through the descriptor that wrote; 0 at or behind the end.
+    virtual FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) = 0;
+
+    /// The status of the open file itself, whatever has become of its name.
+    virtual FileResult<FileStatus> status() = 0;
+
+    /// Takes the file's lock, without waiting, until the file is closed. See FileSystem::lock().
+    virtual FileResult<void> lock() = 0;
 
     /// Returns when what was written is on the device.
     virtual FileResult<void> flush() = 0;
@@ -107,6 +121,19 @@ public:
     /// Closes now, to learn of a late error; the file takes no further calls.
     virtual FileResult<void> close() = 0;
 };
+
+/// An exclusive lock on a file or folder, given back by its destructor or by the end of the process. Only
+/// those who ask for the lock are held off by it; reading, writing and removing go on as ever.
+class FileLock {
+public:
+    virtual ~FileLock() = default;
+
+    /// The status of what was locked, whatever has become of its name.
+    virtual FileResult<FileStatus> status() = 0;
+};
+
+/// Who may read a new file: everyone, as far as the user's mask lets them, or its owner alone.
+enum class FileAccess { everyone, ownerOnly };
 
 struct DirectoryEntry {
     FilePath path;
@@ -161,7 +188,14 @@ public:
     virtual FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const = 0;
 
     /// Creates a new, empty file; fails with EEXIST when the name is taken, be it by a link.
-    virtual FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) = 0;
+    virtual FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path, FileAccess access) = 0;
+
+    /// Opens a regular file, no link followed at the last name, to write at its end.
+    virtual FileResult<std::unique_ptr<WritableFile>> openForAppending(const FilePath& path) = 0;
+
+    /// Takes the lock of the file or folder that `path` leads to, without waiting. Fails with EWOULDBLOCK
+    /// while anybody else holds it, with another error where the file system has no locks.
+    virtual FileResult<std::unique_ptr<FileLock>> lock(const FilePath& path) = 0;
 
     /// Creates `folder` and every missing folder above it. Gives the folders created, outermost first;
     /// empty when it was there already.

@@ -133,14 +133,48 @@ FileResult<std::unique_ptr<ReadableFile>> PosixFileSystem::openForReading(const 
     return std::unique_ptr<ReadableFile>(std::make_unique<PosixReadableFile>(std::move(descriptor), path));
 }
 
-FileResult<std::unique_ptr<WritableFile>> PosixFileSystem::createFile(const FilePath& path) {
-    Descriptor descriptor(callAt(path, [](int folder, const char* name) {
-        return openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+FileResult<std::unique_ptr<WritableFile>> PosixFileSystem::createFile(const FilePath& path,
+                                                                      FileAccess access) {
+    const mode_t mode = access == FileAccess::ownerOnly ? 0600 : 0666;
+    Descriptor descriptor(callAt(path, [mode](int folder, const char* name) {
+        return openat(folder, name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
     }));
     if (!descriptor.isOpen()) {
         return FileError{FileAction::create, path, errno};
     }
     return std::unique_ptr<WritableFile>(std::make_unique<PosixWritableFile>(std::move(descriptor), path));
+}
+
+FileResult<std::unique_ptr<WritableFile>> PosixFileSystem::openForAppending(const FilePath& path) {
+    Descriptor descriptor(callAt(path, [](int folder, const char* name) {
+        return openat(folder, name, O_RDWR | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    }));
+    struct stat opened {};
+    if (!descriptor.isOpen() || fstat(descriptor.get(), &opened) != 0) {
+        return FileError{FileAction::open, path, errno};
+    }
+    if (!S_ISREG(opened.st_mode)) {
+        return FileError{FileAction::open, path, ENOTSUP};
+    }
+    return std::unique_ptr<WritableFile>(std::make_unique<PosixWritableFile>(std::move(descriptor), path));
+}
+
+FileResult<std::unique_ptr<FileLock>> PosixFileSystem::lock(const FilePath& path) {
+    constexpr int flags = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    // Network file systems give the lock only to who could write. A folder cannot be opened like that.
+    Descriptor descriptor(
+        callAt(path, [](int folder, const char* name) { return openat(folder, name, O_RDWR | flags); }));
+    if (!descriptor.isOpen() && errno == EISDIR) {
+        descriptor = Descriptor(callAt(
+            path, [](int folder, const char* name) { return openat(folder, name, O_RDONLY | flags); }));
+    }
+    if (!descriptor.isOpen()) {
+        return FileError{FileAction::lock, path, errno};
+    }
+    if (const FileResult<void> taken = takeLock(descriptor, path); !taken) {
+        return taken.error();
+    }
+    return std::unique_ptr<FileLock>(std::make_unique<PosixFileLock>(std::move(descriptor), path));
 }
 
 FileResult<std::vector<FilePath>> PosixFileSystem::createFolders(const FilePath& folder) {

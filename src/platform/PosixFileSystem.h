@@ -13,7 +13,9 @@ public:
     FileResult<std::unique_ptr<DirectoryEnumerator>>
     enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const override;
     FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override;
-    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) override;
+    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path, FileAccess access) override;
+    FileResult<std::unique_ptr<WritableFile>> openForAppending(const FilePath& path) override;
+    FileResult<std::unique_ptr<FileLock>> lock(const FilePath& path) override;
     FileResult<std::vector<FilePath>> createFolders(const FilePath& folder) override;
     FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath& to) override;
     FileResult<void> renameReplacing(const FilePath& from, const FilePath& to) override;

@@ -1,9 +1,38 @@
 #include "platform/PosixOpenFile.h"
 
+#include <csignal>
+#include <mutex>
+
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace lumeo {
+namespace {
+
+FileResult<std::size_t> readFrom(const Descriptor& descriptor, std::int64_t offset,
+                                 std::span<std::byte> buffer, const FilePath& path) {
+    const ssize_t count =
+        retrying([&] { return pread(descriptor.get(), buffer.data(), buffer.size(), offset); });
+    if (count < 0) {
+        return FileError{FileAction::read, path, errno};
+    }
+    return static_cast<std::size_t>(count);
+}
+
+/// Somebody who opens the file for writing while we hold the lease makes the system send us this signal,
+/// which would end the process.
+void ignoreBrokenLeases() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        struct sigaction now {};
+        if (sigaction(SIGIO, nullptr, &now) == 0 && now.sa_handler == SIG_DFL) {
+            static_cast<void>(std::signal(SIGIO, SIG_IGN));
+        }
+    });
+}
+
+} // namespace
 
 PosixReadableFile::PosixReadableFile(Descriptor descriptor, FilePath path)
     : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
@@ -19,16 +48,22 @@ FileResult<std::size_t> PosixReadableFile::read(std::span<std::byte> buffer) {
 
 FileResult<std::size_t> PosixReadableFile::readAt(std::int64_t offset, std::span<std::byte> buffer) {
     advise(POSIX_FADV_RANDOM);
-    const ssize_t count =
-        retrying([&] { return pread(descriptor_.get(), buffer.data(), buffer.size(), offset); });
-    if (count < 0) {
-        return FileError{FileAction::read, path_, errno};
-    }
-    return static_cast<std::size_t>(count);
+    return readFrom(descriptor_, offset, buffer, path_);
 }
 
 FileResult<FileStatus> PosixReadableFile::status() {
     return statusAt(descriptor_.get(), "", AT_EMPTY_PATH, path_);
+}
+
+bool PosixReadableFile::isOpenForWriting() {
+    ignoreBrokenLeases();
+    // The system grants a lease for reading only while nobody writes. It is given back at once: holding it
+    // would keep others from opening the file.
+    if (fcntl(descriptor_.get(), F_SETLEASE, F_RDLCK) != 0) {
+        return errno == EAGAIN;
+    }
+    fcntl(descriptor_.get(), F_SETLEASE, F_UNLCK);
+    return false;
 }
 
 void PosixReadableFile::advise(int advice) {
@@ -55,6 +90,18 @@ FileResult<void> PosixWritableFile::write(std::span<const std::byte> bytes) {
     return {};
 }
 
+FileResult<std::size_t> PosixWritableFile::readAt(std::int64_t offset, std::span<std::byte> buffer) {
+    return readFrom(descriptor_, offset, buffer, path_);
+}
+
+FileResult<FileStatus> PosixWritableFile::status() {
+    return statusAt(descriptor_.get(), "", AT_EMPTY_PATH, path_);
+}
+
+FileResult<void> PosixWritableFile::lock() {
+    return takeLock(descriptor_, path_);
+}
+
 void PosixWritableFile::beginWriteBack() {
     // Left alone, the kernel begins when the flush waits for it. So the device works while the program
     // reads and hashes, and memory does not fill with unwritten pages.
@@ -76,12 +123,27 @@ FileResult<void> PosixWritableFile::flush() {
 
 void PosixWritableFile::evict() {
     posix_fadvise(descriptor_.get(), 0, 0, POSIX_FADV_DONTNEED);
+    posix_fadvise(descriptor_.get(), 0, 0, POSIX_FADV_SEQUENTIAL); // it is read back from its start
 }
 
 FileResult<void> PosixWritableFile::close() {
     // Interrupted or not, the descriptor is gone: calling again could close somebody else's.
     if (::close(descriptor_.release()) != 0 && errno != EINTR) {
         return FileError{FileAction::write, path_, errno};
+    }
+    return {};
+}
+
+PosixFileLock::PosixFileLock(Descriptor descriptor, FilePath path)
+    : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
+
+FileResult<FileStatus> PosixFileLock::status() {
+    return statusAt(descriptor_.get(), "", AT_EMPTY_PATH, path_);
+}
+
+FileResult<void> takeLock(const Descriptor& descriptor, const FilePath& path) {
+    if (retrying([&] { return flock(descriptor.get(), LOCK_EX | LOCK_NB); }) != 0) {
+        return FileError{FileAction::lock, path, errno};
     }
     return {};
 }

@@ -13,6 +13,7 @@ public:
     FileResult<std::size_t> read(std::span<std::byte> buffer) override;
     FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override;
     FileResult<FileStatus> status() override;
+    bool isOpenForWriting() override;
 
 private:
     /// Who reads on and on wants the system to read ahead; who picks a header out of a large file pays
@@ -29,6 +30,9 @@ public:
     PosixWritableFile(Descriptor descriptor, FilePath path);
 
     FileResult<void> write(std::span<const std::byte> bytes) override;
+    FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override;
+    FileResult<FileStatus> status() override;
+    FileResult<void> lock() override;
     FileResult<void> flush() override;
     void evict() override;
     FileResult<void> close() override;
@@ -41,5 +45,19 @@ private:
     std::int64_t written_ = 0;
     std::int64_t writeBackBegun_ = 0; ///< the bytes before it are on their way to the device
 };
+
+class PosixFileLock final : public FileLock {
+public:
+    PosixFileLock(Descriptor descriptor, FilePath path);
+
+    FileResult<FileStatus> status() override;
+
+private:
+    Descriptor descriptor_;
+    FilePath path_;
+};
+
+/// Takes the lock of an open file without waiting.
+FileResult<void> takeLock(const Descriptor& descriptor, const FilePath& path);
 
 } // namespace lumeo

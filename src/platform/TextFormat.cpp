@@ -243,4 +243,8 @@ std::string TextFormat::number(std::int64_t value) {
     return numberFormats().number(value);
 }
 
+std::string TextFormat::count(std::int64_t value, std::string_view singular) {
+    return number(value) + " " + std::string(singular) + (value == 1 ? "" : "s");
+}
+
 } // namespace lumeo

@@ -32,6 +32,9 @@ struct TextFormat {
 
     /// A whole number with the locale's grouping.
     static std::string number(std::int64_t value);
+
+    /// A number of things in English: "1 file", "2,000 files".
+    static std::string count(std::int64_t value, std::string_view singular);
 };
 
 } // namespace lumeo

@@ -179,7 +179,7 @@ void MadeLibrary::keepWhole(const std::string& name, const std::string& content,
 void MadeLibrary::write(const std::string& name, const std::string& content) {
     const FilePath path = folder_.appending(name);
     static_cast<void>(fileSystem_.createFolders(path.parent()));
-    auto file = fileSystem_.createFile(path); // a name must not come twice
+    auto file = fileSystem_.createFile(path, FileAccess::everyone); // a name must not come twice
     if (!file || !(*file)->write(std::as_bytes(std::span(content)))) {
         throw std::runtime_error("a file of the library cannot be made: " + path.displayText());
     }

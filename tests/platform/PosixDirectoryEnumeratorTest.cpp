@@ -136,8 +136,8 @@ TEST(PosixDirectoryEnumeratorTest, keepsFewFoldersOpenHoweverDeepTheTree) {
     ASSERT_GT(deepest.bytes().size(), 4096U);
     ASSERT_TRUE(disk.createFolders(deepest));
     for (FilePath at = deepest; at != folder.path(); at = at.parent()) {
-        ASSERT_TRUE(disk.createFile(at.appending("a")));
-        ASSERT_TRUE(disk.createFile(at.appending("z")));
+        ASSERT_TRUE(disk.createFile(at.appending("a"), FileAccess::everyone));
+        ASSERT_TRUE(disk.createFile(at.appending("z"), FileAccess::everyone));
     }
     const std::size_t before = openDescriptors();
     Walk walk(folder.path());

@@ -1,20 +1,28 @@
 #include "platform/PosixFileSystem.h"
 
 #include "platform/DocumentWriter.h"
+#include "platform/LockHolder.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <thread>
+#include <vector>
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <linux/filter.h>
+#include <linux/magic.h>
 #include <linux/seccomp.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -92,7 +100,7 @@ TEST_F(PosixFileSystemTest, opensNothingButRegularFiles) {
 TEST_F(PosixFileSystemTest, createsOnlyWhereNothingIs) {
     const FilePath path = folder / "new";
     {
-        const auto file = disk.createFile(path).value();
+        const auto file = disk.createFile(path, FileAccess::everyone).value();
         EXPECT_TRUE(file->write(std::as_bytes(std::span("one", 3))));
         EXPECT_TRUE(file->write({}));
         EXPECT_TRUE(file->write(std::as_bytes(std::span("two", 3))));
@@ -103,10 +111,80 @@ TEST_F(PosixFileSystemTest, createsOnlyWhereNothingIs) {
     EXPECT_EQ(contentOf(path), "onetwo");
     std::array<std::byte, 4> buffer{};
     EXPECT_EQ(*(*disk.openForReading(path))->readAt(4, buffer), 2U);
-    EXPECT_EQ(reasonOf(disk.createFile(path)), EEXIST);
+    EXPECT_EQ(reasonOf(disk.createFile(path, FileAccess::everyone)), EEXIST);
     makeLink("target", folder / "dangling");
-    EXPECT_EQ(reasonOf(disk.createFile(folder / "dangling")), EEXIST);
+    EXPECT_EQ(reasonOf(disk.createFile(folder / "dangling", FileAccess::everyone)), EEXIST);
     EXPECT_FALSE(disk.exists(folder / "target"));
+}
+
+/// The share of a file's pages that are in memory.
+double cachedShare(const FilePath& path) {
+    const auto size = static_cast<std::size_t>(std::filesystem::file_size(path.bytes()));
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    void* const view = mmap(nullptr, size, PROT_READ, MAP_SHARED, file, 0);
+    std::vector<unsigned char> pages(size / 4096);
+    EXPECT_EQ(mincore(view, size, pages.data()), 0);
+    munmap(view, size);
+    close(file);
+    const auto cached = std::ranges::count_if(pages, [](unsigned char page) { return (page & 1U) != 0; });
+    return static_cast<double>(cached) / static_cast<double>(pages.size());
+}
+
+TEST_F(PosixFileSystemTest, evictsWhatWasFlushedSoThatItIsReadFromTheDevice) {
+    const TempFolder onDisk{FilePath(std::filesystem::current_path().string())};
+    const FilePath path = onDisk / "file";
+    const auto file = disk.createFile(path, FileAccess::ownerOnly).value();
+    const std::vector<std::byte> bytes(std::size_t{8} << 20, std::byte{7});
+    ASSERT_TRUE(file->write(bytes));
+    ASSERT_TRUE(file->flush());
+    struct statfs told {};
+    ASSERT_EQ(statfs(path.c_str(), &told), 0);
+    if (told.f_type == TMPFS_MAGIC || cachedShare(path) < 0.9) {
+        GTEST_SKIP() << "this file system keeps no pages that it could drop";
+    }
+    file->evict();
+    EXPECT_LT(cachedShare(path), 0.1);
+    std::array<std::byte, 4> buffer{};
+    EXPECT_EQ(*file->readAt((8 << 20) - 2, buffer), 2U);
+    EXPECT_EQ(buffer[1], std::byte{7});
+    EXPECT_EQ(file->status()->identity, disk.status(path)->identity);
+    EXPECT_EQ(std::filesystem::status(path.bytes()).permissions(), std::filesystem::perms(0600));
+}
+
+TEST_F(PosixFileSystemTest, aLockIsHeldByOneAndTellsWho) {
+    const FilePath path = folder.write("file", "");
+    for (const FilePath& place : {path, folder.path()}) {
+        auto first = disk.lock(place);
+        ASSERT_TRUE(first);
+        EXPECT_EQ((*first)->status()->identity, disk.status(place)->identity);
+        EXPECT_EQ(reasonOf(disk.lock(place)), EWOULDBLOCK);
+        EXPECT_THAT(lockHolder((*first)->status()->identity).value_or(""),
+                    testing::EndsWith("(process " + std::to_string(getpid()) + ")"));
+        first->reset();
+        EXPECT_TRUE(disk.lock(place));
+    }
+    EXPECT_EQ(lockHolder(disk.status(path)->identity), std::nullopt);
+    const auto writer = disk.openForAppending(path).value();
+    ASSERT_TRUE(writer->lock());
+    EXPECT_EQ(reasonOf(disk.lock(path)), EWOULDBLOCK);
+    EXPECT_TRUE((*disk.openForReading(path))->isOpenForWriting());
+    ASSERT_TRUE(writer->close());
+    EXPECT_FALSE((*disk.openForReading(path))->isOpenForWriting());
+}
+
+TEST_F(PosixFileSystemTest, aWriterThatComesWhileItIsAskedForEndsNothing) {
+    const FilePath path = folder.write("file", "");
+    const auto reader = disk.openForReading(path).value();
+    std::atomic<bool> isOver = false;
+    std::jthread writer([&] {
+        while (!isOver) {
+            static_cast<void>(disk.openForAppending(path)); // breaks a lease that is held this moment
+        }
+    });
+    for (int asked = 0; asked < 20'000; ++asked) {
+        static_cast<void>(reader->isOpenForWriting());
+    }
+    isOver = true;
 }
 
 TEST_F(PosixFileSystemTest, aWriteThatTheSystemCutsShortGoesOnUntilItFails) {
@@ -116,7 +194,7 @@ TEST_F(PosixFileSystemTest, aWriteThatTheSystemCutsShortGoesOnUntilItFails) {
         const rlimit limit{1000, 1000};
         setrlimit(RLIMIT_FSIZE, &limit);
         const std::vector<std::byte> bytes(4096);
-        const auto file = disk.createFile(path).value();
+        const auto file = disk.createFile(path, FileAccess::everyone).value();
         _exit(reasonOf(file->write(bytes)));
     };
     EXPECT_EXIT(tryIt(), testing::ExitedWithCode(EFBIG), "");

@@ -33,6 +33,11 @@ public:
         return disk_.through("status", FileAction::examine, path_, [&] { return file_->status(); });
     }
 
+    bool isOpenForWriting() override {
+        disk_.announce({"isOpenForWriting", FileAction::examine, path_, {}, 0});
+        return file_->isOpenForWriting();
+    }
+
 private:
     const FaultyFileSystem& disk_;
     FilePath path_;
@@ -51,6 +56,23 @@ public:
             FileResult<void> written = file_->write(bytes.first(fitting));
             return written && fitting < bytes.size() ? FileError{FileAction::write, path_, ENOSPC} : written;
         });
+    }
+
+    FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override {
+        FileResult<std::size_t> count =
+            disk_.through("readAt", FileAction::read, path_, [&] { return file_->readAt(offset, buffer); });
+        if (count) {
+            disk_.distort(path_, offset, buffer.first(*count));
+        }
+        return count;
+    }
+
+    FileResult<FileStatus> status() override {
+        return disk_.through("status", FileAction::examine, path_, [&] { return file_->status(); });
+    }
+
+    FileResult<void> lock() override {
+        return disk_.through("lock", FileAction::lock, path_, [&] { return file_->lock(); });
     }
 
     FileResult<void> flush() override {
@@ -225,12 +247,27 @@ FileResult<std::unique_ptr<ReadableFile>> FaultyFileSystem::openForReading(const
     return file;
 }
 
-FileResult<std::unique_ptr<WritableFile>> FaultyFileSystem::createFile(const FilePath& path) {
-    auto file = through("createFile", FileAction::create, path, [&] { return target_.createFile(path); });
+FileResult<std::unique_ptr<WritableFile>> FaultyFileSystem::createFile(const FilePath& path,
+                                                                       FileAccess access) {
+    auto file =
+        through("createFile", FileAction::create, path, [&] { return target_.createFile(path, access); });
     if (file) {
         file.value() = std::make_unique<FaultyWritableFile>(*this, path, *std::move(file));
     }
     return file;
+}
+
+FileResult<std::unique_ptr<WritableFile>> FaultyFileSystem::openForAppending(const FilePath& path) {
+    auto file =
+        through("openForAppending", FileAction::open, path, [&] { return target_.openForAppending(path); });
+    if (file) {
+        file.value() = std::make_unique<FaultyWritableFile>(*this, path, *std::move(file));
+    }
+    return file;
+}
+
+FileResult<std::unique_ptr<FileLock>> FaultyFileSystem::lock(const FilePath& path) {
+    return through("lock", FileAction::lock, path, [&] { return target_.lock(path); });
 }
 
 FileResult<std::vector<FilePath>> FaultyFileSystem::createFolders(const FilePath& folder) {

@@ -31,8 +31,8 @@ struct DiskCall {
 /// Every call of FileSystem, ReadableFile and WritableFile counts as one, and so do an entry of a walk
 /// (action examine) and its going down into a folder (action list). A call that fails does not reach the
 /// disk, except for the bytes of a write that still fit. The evict() of a file cannot fail, so it is
-/// announced but not counted. Any thread may call at any time; files opened through it must not outlive it,
-/// nor it the other file system.
+/// announced but not counted; so is isOpenForWriting(). Any thread may call at any time; files opened through
+/// it must not outlive it, nor it the other file system.
 class FaultyFileSystem final : public FileSystem {
 public:
     explicit FaultyFileSystem(FileSystem& target) : target_(target) {}
@@ -57,7 +57,9 @@ public:
     FileResult<std::unique_ptr<DirectoryEnumerator>>
     enumerate(const FilePath& folder, std::function<void(const FileError&)> onError) const override;
     FileResult<std::unique_ptr<ReadableFile>> openForReading(const FilePath& path) const override;
-    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) override;
+    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path, FileAccess access) override;
+    FileResult<std::unique_ptr<WritableFile>> openForAppending(const FilePath& path) override;
+    FileResult<std::unique_ptr<FileLock>> lock(const FilePath& path) override;
     FileResult<std::vector<FilePath>> createFolders(const FilePath& folder) override;
     FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath& to) override;
     FileResult<void> renameReplacing(const FilePath& from, const FilePath& to) override;

@@ -44,9 +44,13 @@ public:
     enumerate(const FilePath& folder, std::function<void(const FileError&)>) const override {
         return FileError{FileAction::list, folder, ENOTSUP};
     }
-    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path) override {
+    FileResult<std::unique_ptr<WritableFile>> createFile(const FilePath& path, FileAccess) override {
         return refused(path);
     }
+    FileResult<std::unique_ptr<WritableFile>> openForAppending(const FilePath& path) override {
+        return refused(path);
+    }
+    FileResult<std::unique_ptr<FileLock>> lock(const FilePath& path) override { return refused(path); }
     FileResult<std::vector<FilePath>> createFolders(const FilePath& path) override { return refused(path); }
     FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath&) override {
         return refused(from);
