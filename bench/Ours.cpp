@@ -136,8 +136,15 @@ bool copy(const FilePath& folder, const FilePath& destination, const FilePath& j
     Measurement measurement;
     measurement.begin();
     DestinationPlanner::plan(items, organization, fileSystem);
+    const RunJournals journals(fileSystem, destination.parent().appending("journals"));
+    Result<PreparedRun, RunRefusal> run = prepareRun(fileSystem, clock, journals, organization,
+                                                     std::vector{folder}, std::ssize(items), std::nullopt);
+    if (!run) {
+        std::cerr << run.error().sentence << '\n';
+        return false;
+    }
     const OperationManifest manifest =
-        engine.execute(items, organization, std::vector{folder}, [](const OperationProgress&) {});
+        engine.execute(*run, items, organization, [](const OperationProgress&) {});
     measurement.end(items.size(), manifest.totalTransferredBytes);
     std::ofstream(journal.bytes()) << encode(manifest);
     return std::ranges::all_of(manifest.items, [](const FileTransactionItem& record) {

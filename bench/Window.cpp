@@ -254,13 +254,15 @@ private:
     SystemClock clock_;
     SystemVolumes volumes_;
     NoDesktop desktop_;
+    RunJournals journals_{fileSystem_, FilePath((home_.path() + QStringLiteral("/journals")).toStdString())};
     QQmlEngine engine_;
     Program program_{engine_,
                      {.fileSystem = fileSystem_,
                       .clock = clock_,
                       .volumes = volumes_,
                       .settings = settings_,
-                      .desktop = {desktop_, desktop_, desktop_}}};
+                      .desktop = {desktop_, desktop_, desktop_},
+                      .journals = journals_}};
     QQuickWindow* window_ = program_.makeWindow();
     int frames_ = 0;
     Beat beat_;

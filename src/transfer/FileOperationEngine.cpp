@@ -2,31 +2,38 @@
 
 #include "transfer/OperationRun.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace lumeo {
 
-OperationManifest FileOperationEngine::execute(std::span<const MediaItem> items, const OrganizationPlan& plan,
-                                               std::span<const FilePath> sourceRoots,
+OperationManifest FileOperationEngine::execute(PreparedRun& prepared, std::span<const MediaItem> items,
+                                               const OrganizationPlan& plan,
                                                const ProgressCallback& onProgress,
                                                const std::stop_token& stop) {
     reset();
-    OperationRun run(items, plan, sourceRoots, clock_);
-    VerifiedTransfer transfers(fileSystem_, plan.destinationURL.value_or(FilePath()));
+    RunJournal* const journal = prepared.journal.get();
+    OperationRun run(items, prepared.head, clock_);
+    VerifiedTransfer transfers(fileSystem_, prepared.archive, journal);
+    const auto note = [journal](const FileTransactionItem& record) {
+        if (journal != nullptr) {
+            journal->add(record);
+        }
+    };
     for (const MediaItem& item : items) {
         if (!mayTakeNextFile(stop)) {
             break;
         }
         run.take(item);
         if (run.isRepeatedDuplicate(item) && plan.duplicatePolicy == DuplicatePolicy::skipDuplicates) {
-            run.addSkippedDuplicate(item);
+            note(run.addSkippedDuplicate(item));
             continue;
         }
         if (!item.plannedDestinationURL) {
             run.addMissingDestination();
             continue;
         }
-        run.addTransferred(transfer(transfers, item, plan.operationMode));
+        note(run.addTransferred(item, transfer(transfers, item, plan.operationMode)));
         if (isCancelled() || stop.stop_requested()) {
             continue;
         }
@@ -36,9 +43,13 @@ OperationManifest FileOperationEngine::execute(std::span<const MediaItem> items,
     }
     // A move has made its names durable one by one, before it removed their sources.
     if (plan.operationMode == OperationMode::copy) {
-        run.withdraw(transfers.flushFolders());
+        std::ranges::for_each(run.withdraw(transfers.flushFolders()), note);
     }
-    onProgress(run.finish(isCancelled() || stop.stop_requested()));
+    const OperationProgress last = run.finish(isCancelled() || stop.stop_requested());
+    if (journal != nullptr) {
+        journal->end(last);
+    }
+    onProgress(last);
     return std::move(run).takeManifest();
 }
 

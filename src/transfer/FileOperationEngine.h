@@ -6,6 +6,7 @@
 #include "platform/FileSystem.h"
 #include "transfer/OperationManifest.h"
 #include "transfer/OperationProgress.h"
+#include "transfer/RunPreparation.h"
 #include "transfer/VerifiedTransfer.h"
 
 #include <condition_variable>
@@ -29,12 +30,12 @@ public:
     FileOperationEngine(FileSystem& fileSystem, const Clock& clock)
         : fileSystem_(fileSystem), clock_(clock) {}
 
-    /// Transfers `items` to their planned destinations and gives the finished journal. Never fails: what
-    /// happens to a file stands in its record. `sourceRoots` are for the journal only. `onProgress` is
-    /// called on this thread. A cancel() from before the call has no effect; a stop requested of `stop`
-    /// has, whenever it came.
-    OperationManifest execute(std::span<const MediaItem> items, const OrganizationPlan& plan,
-                              std::span<const FilePath> sourceRoots, const ProgressCallback& onProgress,
+    /// Transfers `items` to their planned destinations and gives the finished journal, which `run` keeps on
+    /// disk meanwhile. Never fails: what happens to a file stands in its record. `onProgress` is called on
+    /// this thread. A cancel() from before the call has no effect; a stop requested of `stop` has, whenever
+    /// it came.
+    OperationManifest execute(PreparedRun& run, std::span<const MediaItem> items,
+                              const OrganizationPlan& plan, const ProgressCallback& onProgress,
                               const std::stop_token& stop = {});
 
     /// Takes effect after the file in transfer.

@@ -24,6 +24,10 @@ FileResult<bool> HeldFile::isUnchanged() const {
 }
 
 TransferResult<void> HeldFile::remove() {
+    // What a writer adds after this look changes the dates, which are looked at next.
+    if (file_->isOpenForWriting()) {
+        return TransferError(TransferFault::sourceInUse);
+    }
     const FileResult<bool> unchanged = isUnchanged();
     if (!unchanged) {
         return TransferError(unchanged.error());

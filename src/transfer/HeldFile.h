@@ -23,7 +23,8 @@ public:
     /// dates have changed.
     FileResult<bool> isUnchanged() const;
 
-    /// Removes the file, unless it has changed or another has taken its place: that is `sourceChanged`.
+    /// Removes the file, unless it has changed or another has taken its place: that is `sourceChanged`; or
+    /// somebody has it open for writing: that is `sourceInUse`.
     TransferResult<void> remove();
 
 private:

@@ -71,6 +71,30 @@ void requirePaths(JsonReader& reader, std::string_view textKey, std::string_view
     }
 }
 
+void requireItems(JsonReader& reader, std::vector<FileTransactionItem>& items) {
+    constexpr std::string_view key = "items";
+    const Json* list = reader.require(key);
+    if (list == nullptr) {
+        return;
+    }
+    if (!list->is_array()) {
+        reader.fail(key, "is not a list");
+        return;
+    }
+    items.reserve(list->size());
+    for (const Json& coded : *list) {
+        Decoded<FileTransactionItem> item = decodeFileTransactionItem(coded);
+        if (!item) {
+            reader.fail(key, "has a wrong record number " + std::to_string(items.size() + 1) + ": " +
+                                 item.error().message());
+            return;
+        }
+        items.push_back(*std::move(item));
+    }
+}
+
+} // namespace
+
 Json encode(const FileTransactionItem& item) {
     JsonWriter writer;
     writer.set("id", item.id);
@@ -107,30 +131,6 @@ Decoded<FileTransactionItem> decodeFileTransactionItem(const Json& json) {
     return item;
 }
 
-void requireItems(JsonReader& reader, std::vector<FileTransactionItem>& items) {
-    constexpr std::string_view key = "items";
-    const Json* list = reader.require(key);
-    if (list == nullptr) {
-        return;
-    }
-    if (!list->is_array()) {
-        reader.fail(key, "is not a list");
-        return;
-    }
-    items.reserve(list->size());
-    for (const Json& coded : *list) {
-        Decoded<FileTransactionItem> item = decodeFileTransactionItem(coded);
-        if (!item) {
-            reader.fail(key, "has a wrong record number " + std::to_string(items.size() + 1) + ": " +
-                                 item.error().message());
-            return;
-        }
-        items.push_back(*std::move(item));
-    }
-}
-
-} // namespace
-
 FileTransactionItem newRecord(const MediaItem& item, const FilePath& destination) {
     FileTransactionItem record;
     record.id = Uuid::random();
@@ -148,13 +148,25 @@ void fail(FileTransactionItem& record, std::string reason) {
     record.errorMessage = std::move(reason);
 }
 
-Json encode(const OperationManifest& manifest) {
-    JsonWriter writer;
+void encodeHead(JsonWriter& writer, const OperationManifest& manifest) {
     writer.set("id", manifest.id);
     writer.set("timestamp", manifest.timestamp);
     writer.set("operationType", manifest.operationType);
     setPaths(writer, "sourceRoots", "sourceRootURLs", manifest.sourceRoots);
     setPath(writer, "destinationRoot", "destinationRootURL", manifest.destinationRoot);
+}
+
+void decodeHead(JsonReader& reader, OperationManifest& manifest) {
+    reader.require("id", manifest.id);
+    reader.require("timestamp", manifest.timestamp);
+    reader.require("operationType", manifest.operationType);
+    requirePaths(reader, "sourceRoots", "sourceRootURLs", manifest.sourceRoots);
+    requirePath(reader, "destinationRoot", "destinationRootURL", manifest.destinationRoot);
+}
+
+Json encode(const OperationManifest& manifest) {
+    JsonWriter writer;
+    encodeHead(writer, manifest);
     Json items = Json::array();
     for (const FileTransactionItem& item : manifest.items) {
         items.push_back(encode(item));
@@ -169,11 +181,7 @@ Json encode(const OperationManifest& manifest) {
 Decoded<OperationManifest> decodeOperationManifest(const Json& json) {
     JsonReader reader(json);
     OperationManifest manifest;
-    reader.require("id", manifest.id);
-    reader.require("timestamp", manifest.timestamp);
-    reader.require("operationType", manifest.operationType);
-    requirePaths(reader, "sourceRoots", "sourceRootURLs", manifest.sourceRoots);
-    requirePath(reader, "destinationRoot", "destinationRootURL", manifest.destinationRoot);
+    decodeHead(reader, manifest);
     requireItems(reader, manifest.items);
     reader.require("totalTransferredBytes", manifest.totalTransferredBytes);
     reader.require("durationSeconds", manifest.durationSeconds);

@@ -50,6 +50,9 @@ struct OperationManifest {
     std::int64_t totalTransferredBytes = 0; ///< sizes of the verified records
     double durationSeconds = 0;
     std::optional<bool> isCancelled; ///< absent until the run has ended
+    /// Those of the roots that lay on another device than "/" when the run started. Told by the journal
+    /// that a run keeps itself; the coded form below does not hold it.
+    std::vector<FilePath> foreignRoots{};
     friend bool operator==(const OperationManifest&, const OperationManifest&) = default;
 };
 
@@ -57,6 +60,13 @@ struct OperationManifest {
 /// replacement characters and once more, exactly, as a file URL under a key of its own
 /// ("originalURL", "destinationURL", "sourceRootURLs", "destinationRootURL"), which wins on reading.
 Json encode(const OperationManifest& manifest);
+Json encode(const FileTransactionItem& item);
+Decoded<FileTransactionItem> decodeFileTransactionItem(const Json& json);
+
+/// The part of the journal that is known when the run starts: everything but `items`, the totals and
+/// `isCancelled`.
+void encodeHead(JsonWriter& writer, const OperationManifest& manifest);
+void decodeHead(JsonReader& reader, OperationManifest& manifest);
 Decoded<OperationManifest> decodeOperationManifest(const Json& json);
 
 template<>

@@ -18,31 +18,25 @@ double inSeconds(std::chrono::nanoseconds duration) {
 
 } // namespace
 
-OperationRun::OperationRun(std::span<const MediaItem> items, const OrganizationPlan& plan,
-                           std::span<const FilePath> sourceRoots, const Clock& clock)
-    : clock_(clock), start_(clock.elapsed()), lastSample_(start_) {
+OperationRun::OperationRun(std::span<const MediaItem> items, OperationManifest head, const Clock& clock)
+    : clock_(clock), start_(clock.elapsed()), lastSample_(start_), manifest_(std::move(head)) {
     progress_.totalFiles = static_cast<std::int64_t>(items.size());
     for (const MediaItem& item : items) {
         progress_.totalBytes += item.fileSize;
     }
-    manifest_.id = Uuid::random();
-    manifest_.timestamp = clock.now();
-    manifest_.operationType = rawValue(plan.operationMode);
-    manifest_.sourceRoots.assign(sourceRoots.begin(), sourceRoots.end());
-    manifest_.destinationRoot = plan.destinationURL.value_or(FilePath());
 }
 
-bool OperationRun::isRepeatedDuplicate(const MediaItem& item) {
-    return item.exactDuplicateGroupID && !seenGroups_.insert(*item.exactDuplicateGroupID).second;
+bool OperationRun::isRepeatedDuplicate(const MediaItem& item) const {
+    return item.exactDuplicateGroupID && archivedGroups_.contains(*item.exactDuplicateGroupID);
 }
 
-void OperationRun::addSkippedDuplicate(const MediaItem& item) {
+const FileTransactionItem& OperationRun::addSkippedDuplicate(const MediaItem& item) {
     FileTransactionItem record = newRecord(item, item.plannedDestinationURL.value_or(FilePath()));
     record.status = TransactionStatus::skipped;
     record.verificationResult = "Skipped (Exact Duplicate)";
-    manifest_.items.push_back(std::move(record));
     ++progress_.skippedCount;
     ++progress_.processedCount;
+    return manifest_.items.emplace_back(std::move(record));
 }
 
 void OperationRun::addMissingDestination() {
@@ -50,8 +44,12 @@ void OperationRun::addMissingDestination() {
     ++progress_.processedCount;
 }
 
-void OperationRun::addTransferred(FileTransactionItem record) {
+const FileTransactionItem& OperationRun::addTransferred(const MediaItem& item, FileTransactionItem record) {
     ++progress_.processedCount;
+    // Only then may its twins be left out: of a file that failed they may be the last whole ones.
+    if (item.exactDuplicateGroupID && record.status != TransactionStatus::failed) {
+        archivedGroups_.insert(*item.exactDuplicateGroupID);
+    }
     switch (record.status) {
     case TransactionStatus::verified:
         ++progress_.verifiedCount;
@@ -65,12 +63,13 @@ void OperationRun::addTransferred(FileTransactionItem record) {
         ++progress_.errorsCount;
         break;
     }
-    manifest_.items.push_back(std::move(record));
+    return manifest_.items.emplace_back(std::move(record));
 }
 
-void OperationRun::withdraw(const std::vector<UnflushedFolder>& unflushed) {
+std::vector<FileTransactionItem> OperationRun::withdraw(const std::vector<UnflushedFolder>& unflushed) {
+    std::vector<FileTransactionItem> withdrawn;
     if (unflushed.empty()) {
-        return;
+        return withdrawn;
     }
     for (FileTransactionItem& record : manifest_.items) {
         if (record.status != TransactionStatus::verified) {
@@ -84,8 +83,10 @@ void OperationRun::withdraw(const std::vector<UnflushedFolder>& unflushed) {
             --progress_.verifiedCount;
             ++progress_.errorsCount;
             progress_.transferredBytes -= record.size;
+            withdrawn.push_back(record);
         }
     }
+    return withdrawn;
 }
 
 std::optional<OperationProgress> OperationRun::sample(bool isPaused) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/MediaItem.h"
-#include "model/OrganizationPlan.h"
 #include "platform/Clock.h"
 #include "transfer/FolderFlusher.h"
 #include "transfer/OperationManifest.h"
@@ -19,22 +18,22 @@ namespace lumeo {
 class OperationRun {
 public:
     /// Starts the clock of the run. `clock` must outlive it.
-    OperationRun(std::span<const MediaItem> items, const OrganizationPlan& plan,
-                 std::span<const FilePath> sourceRoots, const Clock& clock);
+    OperationRun(std::span<const MediaItem> items, OperationManifest head, const Clock& clock);
 
     /// `item` is the one at work from now on.
     void take(const MediaItem& item) { progress_.currentItemName = item.fileName(); }
 
-    /// True for every member but the first of a group of identical files, in the order in which they
-    /// are asked for.
-    bool isRepeatedDuplicate(const MediaItem& item);
+    /// True when the content of `item` is in the archive under the name of an identical file of this run.
+    [[nodiscard]] bool isRepeatedDuplicate(const MediaItem& item) const;
 
-    void addSkippedDuplicate(const MediaItem& item);
+    /// Each of them gives the record as it stands in the journal.
+    const FileTransactionItem& addSkippedDuplicate(const MediaItem& item);
+    const FileTransactionItem& addTransferred(const MediaItem& item, FileTransactionItem record);
     void addMissingDestination();
-    void addTransferred(FileTransactionItem record);
 
-    /// Turns the verified records at or below folders whose names may not be durable into failed ones.
-    void withdraw(const std::vector<UnflushedFolder>& unflushed);
+    /// Turns the verified records at or below folders whose names may not be durable into failed ones, and
+    /// gives those.
+    std::vector<FileTransactionItem> withdraw(const std::vector<UnflushedFolder>& unflushed);
 
     /// Brings the rates up to date after a transferred file. Gives the record to publish, if it is time.
     std::optional<OperationProgress> sample(bool isPaused);
@@ -53,7 +52,7 @@ private:
     std::chrono::nanoseconds lastSample_;
     std::optional<std::chrono::nanoseconds> lastPublication_;
     std::int64_t bytesSinceSample_ = 0;
-    std::unordered_set<Uuid> seenGroups_;
+    std::unordered_set<Uuid> archivedGroups_; ///< groups of identical files with a member in the archive
     OperationProgress progress_;
     OperationManifest manifest_;
 };

@@ -16,6 +16,10 @@ struct MessageOf {
             return "Destination file appeared during transfer; the source was left untouched.";
         case TransferFault::checksumMismatch:
             return "File verification failed: SHA-256 checksum mismatch.";
+        case TransferFault::copyReplaced:
+            return "The copy lost its name to another program; the source was left untouched.";
+        case TransferFault::sourceInUse:
+            return "Source file is in use and was not removed.";
         case TransferFault::sourceChanged:
             break;
         }

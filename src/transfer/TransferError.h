@@ -14,7 +14,9 @@ enum class TransferFault {
     couldNotCreatePartial,
     destinationAlreadyExists, ///< it appeared while the copy was being made
     checksumMismatch,
+    copyReplaced,  ///< the copy's name leads to another file, or to none
     sourceChanged, ///< it is no longer the file that was copied
+    sourceInUse,   ///< somebody has it open for writing
 };
 
 /// Why a file's transfer ended early.

@@ -3,12 +3,14 @@
 #include "hashing/StreamingHashService.h"
 #include "model/OrganizationPlan.h"
 #include "platform/AsciiCase.h"
+#include "transfer/ArchiveHold.h"
 #include "transfer/FolderFlusher.h"
 #include "transfer/HeldFile.h"
 #include "transfer/VerifiedCopy.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -40,6 +42,10 @@ Outcome stopped(const FileTransactionItem& item) {
     return leftAlone(item, "The undo was stopped.");
 }
 
+Outcome originalGone(const FileTransactionItem& item) {
+    return failed("Left in place: its original is no longer there: " + item.destinationPath.displayText());
+}
+
 Outcome originalExists(const FileTransactionItem& item) {
     return failed("Original path already exists, will not overwrite: " + item.originalPath.displayText());
 }
@@ -53,21 +59,77 @@ bool isMoveRun(const OperationManifest& manifest) {
     return equalIgnoringAsciiCase(manifest.operationType, rawValue(OperationMode::move));
 }
 
+/// True when `folder`, or the nearest folder above it that exists, is `root` or lies below it once all links
+/// are followed. Going up by ".." follows the folders themselves, not the names that led there.
+bool leadsInto(const FileSystem& fileSystem, const FilePath& root, const FilePath& folder) {
+    const FileResult<FileStatus> wanted = fileSystem.targetStatus(root);
+    FilePath at = fileSystem.nearestExisting(folder);
+    FileResult<FileStatus> status = fileSystem.targetStatus(at);
+    while (wanted && status) {
+        if (status->identity == wanted->identity) {
+            return true;
+        }
+        at = at.appending("..");
+        FileResult<FileStatus> above = fileSystem.targetStatus(at);
+        if (above && above->identity == status->identity) {
+            return false; // the root of all
+        }
+        status = std::move(above);
+    }
+    return false;
+}
+
+/// The source that the record's file came from, as a folder; empty when the journal names none.
+FilePath sourceFolder(const OperationManifest& manifest, const FilePath& original) {
+    for (const FilePath& root : manifest.sourceRoots) {
+        const std::string prefix = root.bytes().ends_with('/') ? root.bytes() : root.bytes() + "/";
+        if (original == root) {
+            return root.parent(); // the file itself was named as a source
+        }
+        if (original.bytes().starts_with(prefix)) {
+            return root;
+        }
+    }
+    return {};
+}
+
+bool isForeign(const OperationManifest& manifest, const FilePath& root) {
+    return std::ranges::any_of(manifest.foreignRoots,
+                               [&root](const FilePath& one) { return one == root || one.parent() == root; });
+}
+
+/// Whether a copy's original is there as far as can be told without reading it: a file of its own, no link,
+/// of the size that was copied.
+bool seemsToHaveOriginal(const FileSystem& fileSystem, const FileTransactionItem& item) {
+    const FileResult<FileStatus> original = fileSystem.status(item.originalPath);
+    const FileResult<FileStatus> archived = fileSystem.targetStatus(item.destinationPath);
+    return original && archived && original->kind == FileKind::regular && original->size == item.size &&
+           original->identity != archived->identity;
+}
+
 /// Takes back the files of one run.
 class Rollback {
 public:
-    Rollback(FileSystem& fileSystem, bool isMove, std::stop_token stop)
+    Rollback(FileSystem& fileSystem, const OperationManifest& manifest, std::stop_token stop)
         : fileSystem_(fileSystem),
+          manifest_(manifest),
           folders_(fileSystem),
-          isMove_(isMove),
+          isMove_(isMoveRun(manifest)),
           cancelled_([stop = std::move(stop)] { return stop.stop_requested(); }) {}
 
     Outcome rollBack(const FileTransactionItem& item);
+
+    /// True when the record's file is not at its original place either.
+    [[nodiscard]] bool isLost(const FileTransactionItem& item) const;
 
     /// The folders whose changes the device refused.
     std::vector<UnflushedFolder> flushFolders() { return folders_.flushAll(); }
 
 private:
+    [[nodiscard]] std::optional<Outcome> outOfReach(const FileTransactionItem& item) const;
+    [[nodiscard]] bool isOnSystemDevice(const FilePath& folder) const;
+    [[nodiscard]] bool hasOriginal(const FileTransactionItem& item) const;
+    [[nodiscard]] bool isUnchangedSinceRun(const FileStatus& original) const;
     Outcome remove(const FileTransactionItem& item, HeldFile& archived);
     Outcome moveBack(const FileTransactionItem& item, HeldFile& archived);
     Outcome finishEarlierMove(const FileTransactionItem& item, HeldFile& archived);
@@ -77,6 +139,7 @@ private:
     [[nodiscard]] bool areTwoNames(const HeldFile& a, const HeldFile& b) const;
 
     FileSystem& fileSystem_;
+    const OperationManifest& manifest_;
     FolderFlusher folders_;
     bool isMove_;
     CancellationCheck cancelled_;
@@ -86,17 +149,67 @@ Outcome Rollback::rollBack(const FileTransactionItem& item) {
     if (cancelled_()) {
         return stopped(item);
     }
+    if (std::optional<Outcome> outcome = outOfReach(item)) {
+        return *std::move(outcome);
+    }
     if (!fileSystem_.exists(item.destinationPath)) {
         return {Ending::missing, "Destination file was not found: " + item.destinationPath.displayText()};
     }
     if (!item.destinationHash) {
         return leftAlone(item, "No recorded hash.");
     }
+    if (!isMove_ && !seemsToHaveOriginal(fileSystem_, item)) { // before all of the archived file is read
+        return originalGone(item);
+    }
     std::optional<HeldFile> archived = provenFile(item.destinationPath, *item.destinationHash);
     if (!archived) {
         return cancelled_() ? stopped(item) : modified(item);
     }
     return isMove_ ? moveBack(item, *archived) : remove(item, *archived);
+}
+
+/// What keeps the record's places from being touched at all.
+std::optional<Outcome> Rollback::outOfReach(const FileTransactionItem& item) const {
+    if (!leadsInto(fileSystem_, manifest_.destinationRoot, item.destinationPath.parent())) {
+        return leftAlone(item, "Its folder leads out of the archive.");
+    }
+    if (!isMove_) {
+        return std::nullopt;
+    }
+    const FilePath source = sourceFolder(manifest_, item.originalPath);
+    const bool isGone = !fileSystem_.targetStatus(source);
+    if (isGone || (isForeign(manifest_, source) && isOnSystemDevice(source))) {
+        return leftAlone(item,
+                         "Its source is not there: " + source.displayText() + " (is its drive connected?)");
+    }
+    if (!leadsInto(fileSystem_, source, item.originalPath.parent())) {
+        return leftAlone(item, "Its original folder leads out of its source.");
+    }
+    return std::nullopt;
+}
+
+/// Where a drive was, an empty folder of the disk below may have come to light.
+bool Rollback::isOnSystemDevice(const FilePath& folder) const {
+    return deviceUnder(fileSystem_, folder) == deviceUnder(fileSystem_, FilePath("/"));
+}
+
+bool Rollback::isLost(const FileTransactionItem& item) const {
+    const FileResult<FileStatus> original = fileSystem_.status(item.originalPath);
+    return !original || original->kind != FileKind::regular || original->size != item.size;
+}
+
+/// Whether the content that a copy gave to the archive still stands under its original name.
+bool Rollback::hasOriginal(const FileTransactionItem& item) const {
+    const FileResult<FileStatus> original = fileSystem_.status(item.originalPath);
+    return original && seemsToHaveOriginal(fileSystem_, item) &&
+           (isUnchangedSinceRun(*original) || provenFile(item.originalPath, *item.destinationHash));
+}
+
+bool Rollback::isUnchangedSinceRun(const FileStatus& original) const {
+    // Memory cards keep time to two seconds, and the system's clock ticks coarser than ours.
+    const Instant before = manifest_.timestamp - std::chrono::seconds(2);
+    const auto isOlder = [before](const std::optional<Instant>& date) { return !date || *date < before; };
+    return original.modificationDate && isOlder(original.modificationDate) && isOlder(original.changeDate);
 }
 
 /// The file under `path` itself, no link followed, when its content has this digest; absent otherwise.
@@ -115,6 +228,9 @@ std::optional<HeldFile> Rollback::provenFile(const FilePath& path, const std::st
 }
 
 Outcome Rollback::remove(const FileTransactionItem& item, HeldFile& archived) {
+    if (!hasOriginal(item)) { // it may have gone while the archived file was read
+        return cancelled_() ? stopped(item) : originalGone(item);
+    }
     const TransferResult<void> removed = archived.remove();
     if (removed) {
         return {};
@@ -134,7 +250,10 @@ Outcome Rollback::moveBack(const FileTransactionItem& item, HeldFile& archived) 
     const FileResult<void> renamed =
         fileSystem_.renameWithoutReplacing(item.destinationPath, item.originalPath);
     if (renamed) {
+        // The folder that gains the name goes to the device before the one that loses it. A refusal is
+        // remembered and told at the end.
         folders_.note(item.originalPath.parent());
+        static_cast<void>(folders_.flushPathTo(item.originalPath.parent()));
         folders_.note(item.destinationPath.parent());
         return {};
     }
@@ -215,7 +334,7 @@ TransferResult<void> Rollback::removeArchived(const FilePath& originalPath, Held
 
 UndoResult UndoEngine::rollback(const OperationManifest& manifest, const ProgressCallback& onProgress,
                                 std::stop_token stop) {
-    Rollback rollback(fileSystem_, isMoveRun(manifest), std::move(stop));
+    Rollback rollback(fileSystem_, manifest, std::move(stop));
     const auto isToBeUndone = [](const FileTransactionItem& item) {
         return item.status == TransactionStatus::verified;
     };
@@ -245,9 +364,43 @@ UndoResult UndoEngine::rollback(const OperationManifest& manifest, const Progres
                               : outcome.ending == Ending::missing ? result.skippedCount
                                                                   : result.failedCount;
         ++count;
+        result.lostCount += outcome.ending == Ending::missing && rollback.isLost(*item) ? 1 : 0;
         if (!outcome.warning.empty()) {
             result.warnings.push_back(std::move(outcome.warning));
         }
+    }
+    return result;
+}
+
+UndoForecast UndoEngine::forecast(const OperationManifest& manifest, const std::stop_token& stop) const {
+    UndoForecast forecast;
+    for (const FileTransactionItem& item : manifest.items) {
+        if (item.status != TransactionStatus::verified || stop.stop_requested()) {
+            continue;
+        }
+        ++forecast.files;
+        if (isMoveRun(manifest)) {
+            continue;
+        }
+        if (fileSystem_.exists(item.destinationPath) && !seemsToHaveOriginal(fileSystem_, item)) {
+            ++forecast.withoutOriginal;
+        }
+    }
+    return forecast;
+}
+
+Result<UndoResult, RunRefusal> takeBack(FileSystem& fileSystem, const OperationManifest& manifest,
+                                        const RunJournals& journals, const FilePath& journal,
+                                        const UndoEngine::ProgressCallback& onProgress,
+                                        std::stop_token stop) {
+    const Result<ArchiveHold, RunRefusal> archive = ArchiveHold::forUndo(fileSystem, manifest);
+    if (!archive) {
+        return archive.error();
+    }
+    UndoResult result = UndoEngine(fileSystem).rollback(manifest, onProgress, std::move(stop));
+    if (result.isComplete()) {
+        // Where it cannot be noted, a second undo finds everything back.
+        static_cast<void>(journals.markUndone(journal));
     }
     return result;
 }

@@ -28,8 +28,7 @@ VerifiedCopy::VerifiedCopy(FileSystem& fileSystem, FilePath destination, Cancell
       cancelled_(std::move(cancelled)) {}
 
 VerifiedCopy::~VerifiedCopy() {
-    file_.reset();
-    if (isTemporaryThere_) {
+    if (isTemporaryThere_ && seeThatItIsMine(temporary_)) {
         static_cast<void>(fileSystem_.removeFile(temporary_));
     }
 }
@@ -38,13 +37,40 @@ TransferResult<void> VerifiedCopy::create(const FilePath& source) {
     if (TransferResult<void> removed = removeLeftOver(source); !removed) {
         return removed;
     }
-    FileResult<std::unique_ptr<WritableFile>> file = fileSystem_.createFile(temporary_);
+    FileResult<std::unique_ptr<WritableFile>> file = fileSystem_.createFile(temporary_, FileAccess::everyone);
     if (!file) {
         return TransferError(TransferFault::couldNotCreatePartial);
     }
     file_ = *std::move(file);
+    return claim();
+}
+
+/// Locks the new file. Until that is done somebody else may have taken it for a left-over and removed it.
+TransferResult<void> VerifiedCopy::claim() {
     isTemporaryThere_ = true;
+    const FileResult<void> locked = file_->lock();
+    const bool isTaken = !locked && locked.error().errnoValue == EWOULDBLOCK;
+    if (isTaken || !seeThatItIsMine(temporary_)) {
+        return TransferError(TransferFault::couldNotCreatePartial);
+    }
     return {};
+}
+
+/// Fails unless the name, no link followed, leads to the file that is being written here.
+TransferResult<void> VerifiedCopy::seeThatItIsMine(const FilePath& name) {
+    if (!identity_) {
+        const FileResult<FileStatus> written = file_->status();
+        if (!written) {
+            return TransferError(written.error());
+        }
+        identity_ = written->identity;
+    }
+    const FileResult<FileStatus> found = fileSystem_.status(name);
+    if (!found && found.error().errnoValue != ENOENT) {
+        return TransferError(found.error());
+    }
+    return found && found->identity == *identity_ ? TransferResult<void>()
+                                                  : TransferError(TransferFault::copyReplaced);
 }
 
 TransferResult<void> VerifiedCopy::removeLeftOver(const FilePath& source) {
@@ -57,6 +83,13 @@ TransferResult<void> VerifiedCopy::removeLeftOver(const FilePath& source) {
         return TransferError(sourceStatus.error());
     }
     if (sourceStatus->identity == found->identity) {
+        return {};
+    }
+    // Only what nobody is working on can be locked, and it stays locked until it is gone.
+    const FileResult<std::unique_ptr<FileLock>> lock = fileSystem_.lock(temporary_);
+    const FileResult<FileStatus> locked = lock ? (*lock)->status() : lock.error();
+    const FileResult<FileStatus> now = fileSystem_.status(temporary_);
+    if (!locked || !now || locked->identity != now->identity || now->identity != found->identity) {
         return {};
     }
     if (const FileResult<void> removed = fileSystem_.removeFile(temporary_); !removed) {
@@ -89,17 +122,12 @@ TransferResult<void> VerifiedCopy::flush() {
         return TransferError(flushed.error());
     }
     file_->evict();
-    const FileResult<void> closed = file_->close();
-    file_.reset();
-    if (!closed) {
-        return TransferError(closed.error());
-    }
     return {};
 }
 
-TransferResult<std::string> VerifiedCopy::digest() const {
-    Result<std::string, HashError> digest = StreamingHashService::computeSHA256(
-        fileSystem_, temporary_, StreamingHashService::chunkSize, cancelled_);
+TransferResult<std::string> VerifiedCopy::digest() {
+    Result<std::string, HashError> digest =
+        StreamingHashService::computeSHA256(*file_, temporary_, StreamingHashService::chunkSize, cancelled_);
     if (!digest) {
         return asTransferError(digest.error());
     }
@@ -107,15 +135,17 @@ TransferResult<std::string> VerifiedCopy::digest() const {
 }
 
 TransferResult<void> VerifiedCopy::place() {
+    // Where locks are missing, the name may have become somebody else's.
+    if (TransferResult<void> mine = seeThatItIsMine(temporary_); !mine) {
+        return mine;
+    }
     const FileResult<void> renamed = fileSystem_.renameWithoutReplacing(temporary_, destination_);
-    if (renamed) {
-        isTemporaryThere_ = false;
-        return {};
+    if (!renamed) {
+        return renamed.error().errnoValue == EEXIST ? TransferError(TransferFault::destinationAlreadyExists)
+                                                    : TransferError(renamed.error());
     }
-    if (renamed.error().errnoValue == EEXIST) {
-        return TransferError(TransferFault::destinationAlreadyExists);
-    }
-    return TransferError(renamed.error());
+    isTemporaryThere_ = false;
+    return seeThatItIsMine(destination_);
 }
 
 } // namespace lumeo

@@ -15,6 +15,9 @@ namespace lumeo {
 /// folder and given the final one only by place(); a copy that was never placed is gone when this
 /// object goes out of scope. The steps are taken once, in the order of their declaration, and a step
 /// that fails ends them.
+///
+/// Another process may do the same at the same place. So the copy is locked while it is being made, and
+/// all that is proven of it is proven through the descriptor that wrote it, never through its name.
 class VerifiedCopy {
 public:
     /// `fileSystem` must outlive the copy. `cancelled` is asked before each chunk is used.
@@ -24,7 +27,7 @@ public:
     VerifiedCopy& operator=(const VerifiedCopy&) = delete;
 
     /// Creates the temporary file; one left by an earlier attempt is removed first. Anything else of
-    /// that name stays where it is, above all `source` itself.
+    /// that name stays where it is: above all `source` itself, and what somebody else is writing.
     TransferResult<void> create(const FilePath& source);
 
     /// Copies the content.
@@ -34,9 +37,10 @@ public:
     TransferResult<void> flush();
 
     /// SHA-256 of the copy, as the device gives it back.
-    TransferResult<std::string> digest() const;
+    TransferResult<std::string> digest();
 
-    /// Gives the copy its final name, unless something else has it by now.
+    /// Gives the copy its final name, unless something else has it by now, and sees that this name leads
+    /// to the very file that was written.
     TransferResult<void> place();
 
     /// The temporary name of a copy that is to become `destination`: the same name with ".partial"
@@ -45,12 +49,15 @@ public:
 
 private:
     TransferResult<void> removeLeftOver(const FilePath& source);
+    TransferResult<void> claim();
+    TransferResult<void> seeThatItIsMine(const FilePath& name);
 
     FileSystem& fileSystem_;
     FilePath destination_;
     FilePath temporary_;
     CancellationCheck cancelled_;
-    std::unique_ptr<WritableFile> file_;
+    std::unique_ptr<WritableFile> file_; ///< open, and so locked, until this object goes out of scope
+    std::optional<FileIdentity> identity_;
     bool isTemporaryThere_ = false;
 };
 

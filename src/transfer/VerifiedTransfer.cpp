@@ -1,6 +1,7 @@
 #include "transfer/VerifiedTransfer.h"
 
 #include <cerrno>
+#include <cstdint>
 
 namespace lumeo {
 namespace {
@@ -9,6 +10,9 @@ void conclude(FileTransactionItem& record, TransactionStatus status, std::string
     record.status = status;
     record.verificationResult = result;
 }
+
+/// One that takes a while, for which the journal of those before it should not wait.
+constexpr std::int64_t largeFile = std::int64_t{8} << 20;
 
 bool isAsScanned(const MediaItem& item, const FileStatus& now) {
     return now.size == item.fileSize &&
@@ -23,6 +27,15 @@ FileTransactionItem VerifiedTransfer::transferFile(const MediaItem& item, const 
     if (!fileSystem_.exists(item.sourceURL)) {
         fail(record, "Source file is no longer available.");
         return record;
+    }
+    if (journal_ != nullptr) {
+        if (mode == OperationMode::move && journal_->problem()) { // its source could not be removed
+            fail(record, journal_->problem()->message());
+            return record;
+        }
+        if (item.fileSize >= largeFile) {
+            journal_->flush();
+        }
     }
     if (const TransferResult<void> done = bringIntoArchive(item, mode, token, record); !done) {
         fail(record, message(done.error()));
@@ -72,25 +85,14 @@ TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, O
 }
 
 FileResult<void> VerifiedTransfer::createFolders(const FilePath& folder) {
-    if (archiveDevice_) {
-        const FileResult<FileStatus> root = fileSystem_.targetStatus(archiveRoot_);
-        if (!root && root.error().errnoValue != ENOENT) {
-            return root.error();
-        }
-        if (!root || root->identity.device != *archiveDevice_) {
-            return FileError{FileAction::createFolder, folder, ENODEV};
-        }
-    }
-    if (FileResult<void> created = folders_.createFolders(folder); !created || archiveDevice_) {
-        return created;
-    }
-    const FileResult<FileStatus> root = fileSystem_.targetStatus(archiveRoot_);
-    if (root) {
-        archiveDevice_ = root->identity.device;
-    } else if (root.error().errnoValue != ENOENT) { // a destination need not lie below the root
+    const FileResult<FileStatus> root = fileSystem_.targetStatus(archive_.root());
+    if (!root && root.error().errnoValue != ENOENT) {
         return root.error();
     }
-    return {};
+    if (!root || root->identity.device != archive_.device()) {
+        return FileError{FileAction::createFolder, folder, ENODEV};
+    }
+    return folders_.createFolders(folder);
 }
 
 TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item,
@@ -166,6 +168,11 @@ TransferResult<void> VerifiedTransfer::removeSource(HeldFile& source, const File
                                                     FileTransactionItem& record) {
     if (const FileResult<void> durable = folders_.flushPathTo(destinationFolder); !durable) {
         return TransferError(durable.error());
+    }
+    if (journal_ != nullptr) {
+        if (const FileResult<void> noted = journal_->addDurably(record); !noted) {
+            return TransferError(noted.error());
+        }
     }
     TransferResult<void> removed;
     if (!token.unlessCancelled([&] { removed = source.remove(); })) {

@@ -3,15 +3,15 @@
 #include "model/MediaItem.h"
 #include "model/OrganizationPlan.h"
 #include "platform/FileSystem.h"
+#include "transfer/ArchiveHold.h"
 #include "transfer/FolderFlusher.h"
 #include "transfer/HeldFile.h"
 #include "transfer/OperationManifest.h"
+#include "transfer/RunJournal.h"
 #include "transfer/TransferError.h"
 #include "transfer/VerifiedCopy.h"
 
-#include <cstdint>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,15 +52,15 @@ private:
 /// overwritten, no source removed before its copy was proven identical and is durable.
 class VerifiedTransfer {
 public:
-    /// `fileSystem` must outlive the transfer. `archiveRoot` is made with the first file's folder; from then
-    /// on it must stay on its volume: when that goes away under its path, the files that are left fail, and
-    /// nothing is put on the disk that comes to light there.
-    VerifiedTransfer(FileSystem& fileSystem, FilePath archiveRoot)
-        : fileSystem_(fileSystem), archiveRoot_(std::move(archiveRoot)), folders_(fileSystem) {}
+    /// All must outlive the transfer. The root of the archive must stay on its device: when that goes away
+    /// under its path, the files that are left fail, and nothing is put on the disk that comes to light
+    /// there. `journal` may be null: then removals are not written down before they are made.
+    VerifiedTransfer(FileSystem& fileSystem, const ArchiveHold& archive, RunJournal* journal)
+        : fileSystem_(fileSystem), archive_(archive), journal_(journal), folders_(fileSystem) {}
 
     /// Transfers `item` to `destination` and tells the outcome; whatever goes wrong stands in the
-    /// record. Blocks the calling thread. In a move, the names that were made are durable before the
-    /// source is removed; in a copy they wait for flushFolders().
+    /// record. Blocks the calling thread. In a move, the names that were made and the record in the journal
+    /// are durable before the source is removed; in a copy the names wait for flushFolders().
     FileTransactionItem transferFile(const MediaItem& item, const FilePath& destination, OperationMode mode,
                                      TransferCancellationToken& token);
 
@@ -82,8 +82,8 @@ private:
                                       TransferCancellationToken& token, FileTransactionItem& record);
 
     FileSystem& fileSystem_;
-    FilePath archiveRoot_;
-    std::optional<std::uint64_t> archiveDevice_; ///< known once the root is there
+    const ArchiveHold& archive_;
+    RunJournal* journal_;
     FolderFlusher folders_;
 };
 

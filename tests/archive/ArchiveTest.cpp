@@ -50,8 +50,12 @@ protected:
 
     OperationManifest run() {
         SystemClock clock;
-        return FileOperationEngine(disk_, clock)
-            .execute(items_, plan_, library_->sources, [](const OperationProgress&) {});
+        Result<PreparedRun, RunRefusal> run =
+            prepareRun(disk_, clock, RunJournals(real_, journals_.path()), plan_, library_->sources,
+                       std::ssize(items_), std::nullopt);
+        EXPECT_TRUE(run) << run.error().sentence;
+        return FileOperationEngine(disk_, clock).execute(*run, items_, plan_, [](const OperationProgress&) {
+        });
     }
 
     /// Everything below `root`, links and folders included.
@@ -133,6 +137,7 @@ protected:
 
     ScopedTimeZone zone_{"America/New_York"};
     TempFolder folder_;
+    TempFolder journals_;
     PosixFileSystem real_;
     FaultyFileSystem disk_{real_};
     std::optional<MadeLibrary> library_;

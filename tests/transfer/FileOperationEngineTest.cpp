@@ -21,7 +21,8 @@ using namespace std::chrono_literals;
 class FileOperationEngineTest : public testing::Test {
 protected:
     OperationManifest run(OrganizationPlan plan, std::stop_token stop = {}) {
-        return engine.execute(world.items, plan, world.sourceRoots(), collect(), stop);
+        PreparedRun run = world.prepared(disk, plan);
+        return engine.execute(run, world.items, plan, collect(), stop);
     }
 
     FileOperationEngine::ProgressCallback collect() {
@@ -151,7 +152,9 @@ TEST_F(FileOperationEngineTest, PausesBetweenFilesUntilResumedOrCancelled) {
         std::vector<OperationProgress> progress;
         OperationManifest manifest;
         std::jthread worker([&] {
-            manifest = engine.execute(world.items, world.plan(OperationMode::copy), {}, [&](const auto& now) {
+            const OrganizationPlan plan = world.plan(OperationMode::copy);
+            PreparedRun run = world.prepared(disk, plan);
+            manifest = engine.execute(run, world.items, plan, [&](const auto& now) {
                 progress.push_back(now);
                 ++publications;
             });

@@ -4,13 +4,17 @@
 #include "support/FakeClock.h"
 #include "support/FaultyFileSystem.h"
 #include "transfer/FileOperationEngine.h"
+#include "transfer/JournalReader.h"
+#include "transfer/UndoEngine.h"
 
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <filesystem>
 #include <random>
+#include <semaphore>
+#include <set>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -29,8 +33,11 @@ void fill(TransferWorld& world, std::size_t movieSize = smallMovie) {
 
 OperationManifest run(const TransferWorld& world, OperationMode mode, FileSystem& fileSystem) {
     const FakeClock clock;
-    FileOperationEngine engine(fileSystem, clock);
-    return engine.execute(world.items, world.plan(mode), world.sourceRoots(), [](const auto&) {});
+    const OrganizationPlan plan = world.plan(mode);
+    // The journal is kept through the same disk; without it there is a refusal, and nothing is done.
+    Result<PreparedRun, RunRefusal> run = world.prepare(fileSystem, fileSystem, plan);
+    return run ? FileOperationEngine(fileSystem, clock).execute(*run, world.items, plan, [](const auto&) {})
+               : OperationManifest();
 }
 
 class TransferSafetyTest : public testing::TestWithParam<OperationMode> {
@@ -75,22 +82,33 @@ TEST_P(TransferSafetyTest, AnyCallMayFail) {
             disk.failCall(number, reason);
             FileAction action{};
             bool isAboveArchive = false;
+            bool isOfJournal = false;
+            bool isPreparing = true; // no file was looked at yet
             disk.beforeEachCall([&](const DiskCall& call) {
+                isPreparing = isPreparing && (call.number > number || call.path != world.items[0].sourceURL);
                 if (call.number == number) {
                     action = call.action;
-                    isAboveArchive = !call.path.bytes().starts_with(world.archived("").bytes());
+                    isOfJournal = call.path.bytes().starts_with(world.journalFolder().bytes());
+                    isAboveArchive =
+                        !isOfJournal && !call.path.bytes().starts_with(world.archived("").bytes());
                 }
             });
             const OperationManifest manifest = run(world, GetParam(), disk);
             SCOPED_TRACE("call " + std::to_string(number) + " of action " +
                          std::to_string(static_cast<int>(action)));
-            ASSERT_EQ(manifest.items.size(), 2U);
             world.expectNoPartialFiles();
+            if (manifest.items.empty()) { // it was refused
+                world.expectSourcesIntact();
+                continue;
+            }
+            ASSERT_EQ(manifest.items.size(), 2U);
             for (const FileTransactionItem& record : manifest.items) {
                 expectTellsTheTruth(world, record, GetParam());
             }
             // The folders above need not be open to whoever fills the archive.
-            const bool mayBeIgnored = action == FileAction::flush && reason == EACCES && isAboveArchive;
+            const bool mayBeIgnored = (action == FileAction::flush && reason == EACCES && isAboveArchive) ||
+                                      (GetParam() == OperationMode::copy && (isOfJournal || isPreparing)) ||
+                                      (isOfJournal && number + 2 > calls); // its end
             if (action == FileAction::read || action == FileAction::write || action == FileAction::flush ||
                 action == FileAction::rename || action == FileAction::remove) {
                 const std::string system = std::generic_category().message(reason);
@@ -110,7 +128,11 @@ TEST_P(TransferSafetyTest, TheDiskMayFillUpAtAnyByte) {
         fill(world, twoChunkMovie);
         FaultyFileSystem disk(real);
         disk.limitSpace(room);
-        const OperationManifest manifest = run(world, GetParam(), disk);
+        const FakeClock clock;
+        const OrganizationPlan plan = world.plan(GetParam());
+        PreparedRun prepared = world.prepared(disk, plan);
+        const OperationManifest manifest =
+            FileOperationEngine(disk, clock).execute(prepared, world.items, plan, [](const auto&) {});
         const FileTransactionItem& last = manifest.items.back();
         EXPECT_EQ(last.status, TransactionStatus::failed);
         EXPECT_EQ(last.errorMessage, "“b.mov.partial” could not be written: No space left on device.");
@@ -142,8 +164,9 @@ TEST_P(TransferSafetyTest, ACancelMayComeAtAnyCall) {
                 }
             }
         });
-        const OperationManifest manifest =
-            engine.execute(world.items, world.plan(GetParam()), world.sourceRoots(), [](const auto&) {});
+        const OrganizationPlan plan = world.plan(GetParam());
+        PreparedRun run = world.prepared(real, plan);
+        const OperationManifest manifest = engine.execute(run, world.items, plan, [](const auto&) {});
         SCOPED_TRACE("call " + std::to_string(number));
         EXPECT_EQ(manifest.items.size(),
                   manifest.items.back().originalPath == world.source("a.jpg") ? 1U : 2U);
@@ -172,6 +195,118 @@ TEST_P(TransferSafetyTest, APowerLossTakesNoContentThatWasMoved) {
     }));
 }
 
+/// What the journal of a run that was cut off allows for.
+void takeBackTheLastRun(const TransferWorld& world) {
+    PosixFileSystem real;
+    const RunJournals journals(real, world.journalFolder());
+    const Result<ReadJournal, std::string> read = readJournal(real, world.journal());
+    if (!read) {
+        return; // it was cut off before the journal had begun
+    }
+    const Result<UndoResult, RunRefusal> undone = takeBack(real, read->manifest, journals, world.journal());
+    ASSERT_TRUE(undone) << undone.error().sentence;
+    EXPECT_TRUE(undone->isComplete()) << testing::PrintToString(undone->warnings);
+}
+
+/// Holds a disk's n-th call up until it is let on.
+class Turnstile {
+public:
+    Turnstile(FaultyFileSystem& disk, std::size_t number) {
+        disk.beforeEachCall([this, number](const DiskCall& call) {
+            if (call.number == number) {
+                arrived_.release();
+                letOn_.acquire();
+            }
+        });
+    }
+    /// To be called when the work is over, which may be before that call.
+    void end() { arrived_.release(); }
+    void await() { arrived_.acquire(); }
+    void letOn() { letOn_.release(); }
+
+private:
+    std::binary_semaphore arrived_{0};
+    std::binary_semaphore letOn_{0};
+};
+
+/// Two moves of different contents to one place, each into an archive of its own of which one lies in the
+/// other: so no lock on an archive keeps them apart. The first is held up before one of its calls until the
+/// second has come to one of its own.
+class TwoMoves {
+public:
+    TwoMoves() {
+        world.add("a/a.jpg", "content of the first", "2021/a.jpg");
+        world.add("b/a.jpg", "content of the second", "2021/a.jpg");
+    }
+
+    void run(std::size_t callOfFirst, std::size_t callOfSecond, bool hasLocks) {
+        std::array<FaultyFileSystem, 2> disks{FaultyFileSystem(real_), FaultyFileSystem(real_)};
+        std::array<Turnstile, 2> turnstiles{Turnstile(disks[0], callOfFirst),
+                                            Turnstile(disks[1], callOfSecond)};
+        std::array<std::jthread, 2> threads;
+        for (const std::size_t one : {0U, 1U}) {
+            OrganizationPlan plan = world.plan(OperationMode::move);
+            plan.destinationURL = world.archived(one == 0 ? "" : "2021");
+            PreparedRun prepared = world.prepared(real_, plan);
+            if (!hasLocks) {
+                disks[one].failAction(FileAction::lock, ENOLCK);
+            }
+            threads[one] = std::jthread([&, one, plan, prepared = std::move(prepared)]() mutable {
+                const FakeClock clock;
+                FileOperationEngine(disks[one], clock)
+                    .execute(prepared, std::span(world.items).subspan(one, 1), plan, [](const auto&) {});
+                turnstiles[one].end();
+            });
+            turnstiles[one].await();
+        }
+        callsMade = disks[0].callCount();
+        turnstiles[0].letOn();
+        threads[0].join();
+        turnstiles[1].letOn();
+        threads[1].join();
+    }
+
+    /// Each content stands whole somewhere, and no final name holds anything else.
+    void expectNothingLost() const {
+        std::set<std::string> whole;
+        for (const auto& [name, content] : filesBelow(world.source("").parent())) {
+            const bool isOneOfThem =
+                content == world.content("a/a.jpg") || content == world.content("b/a.jpg");
+            EXPECT_TRUE(isOneOfThem || name.ends_with(".partial") || name.ends_with(".journal")) << name;
+            if (isOneOfThem && !name.ends_with(".partial")) {
+                whole.insert(content);
+            }
+        }
+        EXPECT_EQ(whole.size(), 2U);
+    }
+
+    TransferWorld world;
+    std::size_t callsMade = 0;
+
+private:
+    PosixFileSystem real_;
+};
+
+TEST(TransferInterleavingTest, TwoRunsAtOnePlaceLoseNothing) {
+    constexpr std::size_t never = 1'000'000;
+    TwoMoves undisturbed;
+    undisturbed.run(never, never, true);
+    const std::size_t calls = undisturbed.callsMade;
+    for (const bool hasLocks : {true, false}) {
+        for (std::size_t first = 1; first <= calls; ++first) {
+            for (std::size_t second = 1; second <= calls; ++second) {
+                SCOPED_TRACE("held up at calls " + std::to_string(first) + " and " + std::to_string(second));
+                TwoMoves moves;
+                moves.run(first, second, hasLocks);
+                moves.expectNothingLost();
+                if (testing::Test::HasFailure()) {
+                    return;
+                }
+            }
+        }
+    }
+}
+
 TEST(TransferKillTest, AMoveMayBeKilledAtAnyCall) {
     PosixFileSystem real;
     bool isKilled = true;
@@ -189,6 +324,8 @@ TEST(TransferKillTest, AMoveMayBeKilledAtAnyCall) {
         });
         SCOPED_TRACE("call " + std::to_string(number));
         world.expectNothingLost();
+        takeBackTheLastRun(world);
+        world.expectSourcesIntact();
         run(world, OperationMode::move, real);
         world.expectNothingLost();
         EXPECT_EQ(world.archiveFiles(), (std::vector<std::string>{"2021/2021-03 March/a.jpg", "2022/b.mov"}));

@@ -94,6 +94,25 @@ void TransferWorld::expectAllMoved() const {
     expectNoPartialFiles();
 }
 
+Result<PreparedRun, RunRefusal> TransferWorld::prepare(FileSystem& disk, FileSystem& journalDisk,
+                                                       const OrganizationPlan& plan) const {
+    static const SystemClock clock;
+    return prepareRun(disk, clock, RunJournals(journalDisk, journalFolder()), plan, sourceRoots(),
+                      std::ssize(items), std::nullopt);
+}
+
+PreparedRun TransferWorld::prepared(FileSystem& disk, const OrganizationPlan& plan) const {
+    static PosixFileSystem sound;
+    Result<PreparedRun, RunRefusal> run = prepare(disk, sound, plan);
+    EXPECT_TRUE(run) << run.error().sentence;
+    return *std::move(run);
+}
+
+FilePath TransferWorld::journal() const {
+    const auto files = filesBelow(journalFolder());
+    return files.empty() ? FilePath() : journalFolder().appending(files.rbegin()->first);
+}
+
 std::string digestOf(std::string_view content) {
     const TempFolder folder(memoryFolder());
     return *StreamingHashService::computeSHA256(PosixFileSystem(), folder.write("content", content),

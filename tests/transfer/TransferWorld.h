@@ -4,6 +4,7 @@
 #include "model/OrganizationPlan.h"
 #include "support/TempFolder.h"
 #include "transfer/OperationManifest.h"
+#include "transfer/RunPreparation.h"
 
 #include <chrono>
 #include <functional>
@@ -41,6 +42,15 @@ public:
     void expectSourcesIntact() const;
     /// Every content is in the archive, and its source gone.
     void expectAllMoved() const;
+
+    /// The beginning of a run whose journal is kept in a folder of its own, by way of `journalDisk`.
+    [[nodiscard]] Result<PreparedRun, RunRefusal> prepare(FileSystem& disk, FileSystem& journalDisk,
+                                                          const OrganizationPlan& plan) const;
+    /// The same of a journal on a sound disk, for runs that are not refused.
+    [[nodiscard]] PreparedRun prepared(FileSystem& disk, const OrganizationPlan& plan) const;
+    [[nodiscard]] FilePath journalFolder() const { return folder_ / "journals"; }
+    /// The newest journal there.
+    [[nodiscard]] FilePath journal() const;
 
     std::vector<MediaItem> items;
 

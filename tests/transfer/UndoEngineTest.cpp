@@ -12,8 +12,10 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace lumeo {
 namespace {
@@ -38,7 +40,8 @@ public:
         add("c.mov", std::string(1'000, 'c'), "2022/c.mov");
         PosixFileSystem real;
         const FakeClock clock;
-        manifest = FileOperationEngine(real, clock).execute(items, plan(mode), {}, [](const auto&) {});
+        PreparedRun run = prepared(real, plan(mode));
+        manifest = FileOperationEngine(real, clock).execute(run, items, plan(mode), [](const auto&) {});
     }
 
     /// Every file is back under its original name, and nowhere else.
@@ -119,6 +122,136 @@ TEST_F(UndoEngineTest, RestoresAWholeMoveAndFindsNothingTheSecondTime) {
     run.expectRestored();
 }
 
+TEST_F(UndoEngineTest, OfACopyKeepsWhateverMayBeTheLastOfItsContent) {
+    struct Case {
+        std::string what;
+        std::function<void(const FinishedRun&, const FilePath& original, const FilePath& archived)> change;
+        bool isKept;
+        bool isForeseen; ///< without reading a file
+    };
+    const auto touch = [](const FilePath& path) {
+        fs::last_write_time(path.bytes(), fs::file_time_type::clock::now() + std::chrono::hours(1));
+    };
+    const std::vector<Case> cases{
+        {"as it was", [](auto&, auto&, auto&) {}, false, false},
+        {"touched", [&](auto&, auto& original, auto&) { touch(original); }, false, false},
+        {"deleted", [](auto&, auto& original, auto&) { fs::remove(original.bytes()); }, true, true},
+        {"shortened", [](auto&, auto& original, auto&) { fs::resize_file(original.bytes(), 3); }, true, true},
+        {"overwritten",
+         [&](auto&, auto& original, auto&) {
+             std::ofstream(original.bytes()) << "CONTENT OF A";
+             touch(original);
+         },
+         true, false},
+        {"a link",
+         [](auto&, auto& original, auto& archived) {
+             fs::remove(original.bytes());
+             fs::create_symlink(archived.bytes(), original.bytes());
+         },
+         true, true},
+        {"a second name",
+         [](auto&, auto& original, auto& archived) {
+             fs::remove(original.bytes());
+             fs::create_hard_link(archived.bytes(), original.bytes());
+         },
+         true, true},
+        {"a folder",
+         [](auto&, auto& original, auto&) {
+             fs::remove(original.bytes());
+             fs::create_directory(original.bytes());
+         },
+         true, true},
+        {"the archive leads to the sources",
+         [](auto&, auto& original, auto& archived) {
+             fs::remove_all(archived.parent().bytes());
+             fs::create_directory_symlink(original.parent().bytes(), archived.parent().bytes());
+         },
+         true, true},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.what);
+        const FinishedRun run(OperationMode::copy);
+        const FilePath original = run.source("a.jpg");
+        const FilePath archived = run.archived("2021/a.jpg");
+        one.change(run, original, archived);
+        OperationManifest manifest = run.manifest;
+        manifest.items.resize(1);
+        manifest.timestamp += std::chrono::seconds(10); // the files were made this very moment
+        EXPECT_EQ(undo.forecast(manifest), (UndoForecast{1, one.isForeseen ? 1 : 0}));
+        const UndoResult result = undo.rollback(manifest);
+        EXPECT_EQ(result.failedCount, one.isKept ? 1 : 0);
+        EXPECT_EQ(isThere(archived), one.isKept);
+        if (one.what == "the archive leads to the sources") {
+            EXPECT_EQ(result.warnings, std::vector{"Skipped rolling back " + textOf(archived) +
+                                                   ": Its folder leads out of the archive."});
+            run.expectSourcesIntact();
+        } else if (one.isKept) {
+            EXPECT_EQ(result.warnings,
+                      std::vector{"Left in place: its original is no longer there: " + textOf(archived)});
+        }
+    }
+}
+
+TEST_F(UndoEngineTest, KeepsTheCopyWhoseOriginalGoesWhileItIsRead) {
+    FinishedRun run(OperationMode::copy);
+    disk.beforeEachCall([&](const DiskCall& call) {
+        if (call.operation == "read" && call.path == run.archived("2022/c.mov")) {
+            fs::remove(run.source("c.mov").bytes());
+        }
+    });
+    EXPECT_EQ(undo.rollback(run.manifest).failedCount, 1);
+    EXPECT_TRUE(isThere(run.archived("2022/c.mov")));
+}
+
+TEST_F(UndoEngineTest, MovesNothingToWhereItsSourceIsNot) {
+    FinishedRun run(OperationMode::move);
+    const FilePath source = run.source("");
+    // The folder of one file leads out of its source.
+    fs::remove_all(source.appending("folder").bytes());
+    fs::create_directory_symlink(run.archived("").bytes(), source.appending("folder").bytes());
+    EXPECT_EQ(undo.rollback(run.manifest).warnings,
+              std::vector{"Skipped rolling back " + textOf(run.archived("2021/b.jpg")) +
+                          ": Its original folder leads out of its source."});
+    // The drive of the source is gone, and perhaps its mount point was left behind.
+    for (const bool isMountPointLeft : {false, true}) {
+        FinishedRun moved(OperationMode::move);
+        const FilePath root = moved.source("");
+        fs::rename(root.bytes(), root.bytes() + ".aside");
+        if (isMountPointLeft) {
+            // What stands there now lies on the system's device, which in a test has to be made believe.
+            fs::create_directory_symlink("/", root.bytes());
+            moved.manifest.foreignRoots = {root};
+        }
+        const UndoResult result = undo.rollback(moved.manifest);
+        EXPECT_EQ(result.failedCount, 3);
+        EXPECT_EQ(result.warnings.front(), "Skipped rolling back " + textOf(moved.archived("2021/a.jpg")) +
+                                               ": Its source is not there: " + textOf(root) +
+                                               " (is its drive connected?)");
+        EXPECT_EQ(moved.archiveFiles().size(), 3U);
+    }
+}
+
+TEST_F(UndoEngineTest, IsRefusedWithoutItsArchiveOrWhileAnotherWorksThere) {
+    FinishedRun run(OperationMode::move);
+    const RunJournals journals(disk, run.journalFolder());
+    {
+        const auto held = disk.lock(run.archived(""));
+        const auto refused = takeBack(disk, run.manifest, journals, run.journal());
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.error().reason, RunRefusal::Reason::archiveInUse);
+        EXPECT_NE(refused.error().sentence.find("(process " + std::to_string(getpid()) + ")"),
+                  std::string::npos)
+            << refused.error().sentence;
+    }
+    fs::rename(run.archived("").bytes(), run.archived("").bytes() + ".aside");
+    const auto refused = takeBack(disk, run.manifest, journals, run.journal());
+    ASSERT_FALSE(refused);
+    EXPECT_NE(refused.error().sentence.find("is its drive connected?"), std::string::npos);
+    fs::rename(run.archived("").bytes() + ".aside", run.archived("").bytes());
+    EXPECT_EQ(takeBack(disk, run.manifest, journals, run.journal())->restoredCount, 3);
+    EXPECT_EQ(journals.list().at(0).state, RunState::undone);
+}
+
 TEST_F(UndoEngineTest, TouchesNothingWithoutProof) {
     FinishedRun run(OperationMode::copy);
     run.manifest.items[0].destinationHash.reset();
@@ -190,6 +323,7 @@ TEST_F(UndoEngineTest, FinishesAMoveBackThatWasCutShort) {
     // One and the same name by two ways: removing it would remove the content.
     fs::create_symlink(c.destinationPath.parent().bytes(), run.source("linked").bytes());
     run.manifest.items[2].originalPath = run.source("linked/c.mov");
+    run.manifest.sourceRoots = {run.source("").parent()};
     const UndoResult result = undo.rollback(run.manifest);
     EXPECT_EQ(result.restoredCount, 2);
     EXPECT_EQ(result.warnings, std::vector{"Original path already exists, will not overwrite: " +

@@ -4,11 +4,13 @@
 #include "platform/PosixFileSystem.h"
 #include "support/FaultyFileSystem.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <future>
+#include <thread>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -23,7 +25,16 @@ constexpr std::string_view appeared =
 class VerifiedTransferTest : public testing::Test {
 protected:
     FileTransactionItem transfer(const MediaItem& item, OperationMode mode) {
-        return transfers.transferFile(item, *item.plannedDestinationURL, mode, token);
+        return transfers().transferFile(item, *item.plannedDestinationURL, mode, token);
+    }
+
+    /// Made with the first transfer: some tests prepare the place of the archive.
+    VerifiedTransfer& transfers() {
+        if (!transfers_) {
+            run_.emplace(world.prepared(real, world.plan(OperationMode::move)));
+            transfers_.emplace(disk, run_->archive, run_->journal.get());
+        }
+        return *transfers_;
     }
 
     /// Runs `action` before the first call of this kind that comes to the disk.
@@ -45,8 +56,11 @@ protected:
     TransferWorld world;
     PosixFileSystem real;
     FaultyFileSystem disk{real};
-    VerifiedTransfer transfers{disk, world.archived("")};
     TransferCancellationToken token;
+
+private:
+    std::optional<PreparedRun> run_;
+    std::optional<VerifiedTransfer> transfers_;
 };
 
 TEST_F(VerifiedTransferTest, CopiesContentAloneAndTellsAllInTheRecord) {
@@ -135,6 +149,14 @@ TEST_F(VerifiedTransferTest, BuildsNoArchiveWhereItsVolumeWas) {
     EXPECT_EQ(transfer(world.add("a.jpg", "a", "2021/a.jpg"), OperationMode::move).status,
               TransactionStatus::verified);
     std::filesystem::rename(root.bytes(), root.bytes() + ".unmounted");
+    // A disk of another device comes to light under the name, as below a mount point.
+    if (const TempFolder elsewhere;
+        real.status(elsewhere.path())->identity.device != real.status(root.parent())->identity.device) {
+        std::filesystem::create_directory_symlink(elsewhere.path().bytes(), root.bytes());
+        expectFailed(transfer(world.add("c.jpg", "c", "2021/c.jpg"), OperationMode::move),
+                     "“2021” could not be created as a folder: No such device.");
+        std::filesystem::remove(root.bytes());
+    }
     const FileTransactionItem left = transfer(world.add("b.jpg", "b", "2021/b.jpg"), OperationMode::move);
     expectFailed(left, "“2021” could not be created as a folder: No such device.");
     EXPECT_FALSE(isThere(root));
@@ -156,7 +178,11 @@ TEST_F(VerifiedTransferTest, LeavesWhatIsNoLeftOverUnderTheTemporaryName) {
     const MediaItem link = world.add("b.jpg", "b", "b.jpg");
     std::filesystem::create_directories(world.archived("a.jpg.partial").bytes());
     std::filesystem::create_hard_link(link.sourceURL.bytes(), world.archived("b.jpg.partial").bytes());
-    for (const MediaItem& item : {folder, link}) {
+    // Somebody else is at work on it.
+    const MediaItem live = world.add("c.jpg", "c", "c.jpg");
+    const auto writer = *real.createFile(world.archived("c.jpg.partial"), FileAccess::everyone);
+    ASSERT_TRUE(writer->lock());
+    for (const MediaItem& item : {folder, link, live}) {
         expectFailed(transfer(item, OperationMode::move), "Could not create the temporary transfer file.");
         EXPECT_TRUE(isThere(VerifiedCopy::temporaryPath(*item.plannedDestinationURL)));
     }
@@ -221,6 +247,103 @@ TEST_F(VerifiedTransferTest, KeepsASourceThatIsNoLongerWhatWasCopied) {
     }
 }
 
+TEST_F(VerifiedTransferTest, KeepsAnotherFileOfTheSameSizeAndDates) {
+    const FilePath source = world.source("card/a.jpg");
+    const FilePath twin = world.source("other/a.jpg");
+    const MediaItem item = world.add("card/a.jpg", "before", "a.jpg");
+    world.add("other/a.jpg", "BEFORE", "none.jpg");
+    // Both written within one tick of the file system's clock.
+    const auto dates = [this](const FilePath& path) {
+        const FileStatus status = *real.status(path);
+        return std::pair(status.modificationDate, status.changeDate);
+    };
+    bool isOneTick = false;
+    for (int attempt = 0; attempt < 1000 && !isOneTick; ++attempt) {
+        std::ofstream(source.bytes()) << "before";
+        std::ofstream(twin.bytes()) << "BEFORE";
+        isOneTick = dates(source) == dates(twin);
+    }
+    if (!isOneTick) {
+        GTEST_SKIP() << "this file system gives no two files one date";
+    }
+    once("flushFolder", [&](const DiskCall&) {
+        std::filesystem::rename(source.parent().bytes(), world.source("aside").bytes());
+        std::filesystem::rename(twin.parent().bytes(), source.parent().bytes());
+    });
+    expectFailed(transfer(item, OperationMode::move),
+                 "Source file changed after it was copied and was not removed.");
+    EXPECT_EQ(contentOf(source), "BEFORE");
+}
+
+TEST_F(VerifiedTransferTest, KeepsASourceWhoseDateWasPutBackAfterAnEdit) {
+    const MediaItem& item = world.add("a.jpg", "before", "a.jpg");
+    once("flushFolder", [&](const DiskCall&) {
+        const auto date = std::filesystem::last_write_time(item.sourceURL.bytes());
+        std::ofstream(item.sourceURL.bytes()) << "EDITED";
+        std::filesystem::last_write_time(item.sourceURL.bytes(), date);
+    });
+    // The change date must not fall into the tick of the file's making.
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    expectFailed(transfer(item, OperationMode::move),
+                 "Source file changed after it was copied and was not removed.");
+}
+
+TEST_F(VerifiedTransferTest, KeepsASourceThatSomebodyIsWriting) {
+    const MediaItem& written = world.add("a.jpg", "so far", "a.jpg");
+    const auto writer = *real.openForAppending(written.sourceURL);
+    expectFailed(transfer(written, OperationMode::move), "Source file is in use and was not removed.");
+    const std::string more = " and more";
+    ASSERT_TRUE(writer->write(std::as_bytes(std::span(more))));
+    EXPECT_EQ(contentOf(written.sourceURL), "so far and more");
+    EXPECT_EQ(contentOf(*written.plannedDestinationURL), "so far");
+
+    const MediaItem& read = world.add("b.jpg", "b", "b.jpg");
+    const auto reader = *real.openForReading(read.sourceURL);
+    EXPECT_EQ(transfer(read, OperationMode::move).status, TransactionStatus::verified);
+    EXPECT_FALSE(isThere(read.sourceURL));
+}
+
+TEST_F(VerifiedTransferTest, RemovesNoSourceForACopyThatLostItsName) {
+    constexpr std::string_view lost =
+        "The copy lost its name to another program; the source was left untouched.";
+    // The name is taken over before the copy gets it, and after.
+    for (const std::string name : {"before.jpg", "after.jpg"}) {
+        const MediaItem& item = world.add(name, "content of " + name, name);
+        const FilePath partial = VerifiedCopy::temporaryPath(*item.plannedDestinationURL);
+        bool isFlushed = false;
+        bool isDone = false;
+        disk.beforeEachCall([&](const DiskCall& call) {
+            isFlushed = isFlushed || call.operation == "flush";
+            const bool isTheMoment = name == "before.jpg"
+                                         ? isFlushed && call.path == partial && call.operation == "status"
+                                         : isFlushed && call.path == *item.plannedDestinationURL;
+            if (isTheMoment && !isDone) {
+                isDone = true;
+                std::filesystem::remove(call.path.bytes());
+                std::ofstream(call.path.bytes()) << "theirs";
+            }
+        });
+        expectFailed(transfer(item, OperationMode::move), lost);
+        EXPECT_EQ(contentOf(name == "before.jpg" ? partial : *item.plannedDestinationURL), "theirs");
+    }
+    world.expectSourcesIntact();
+}
+
+TEST_F(VerifiedTransferTest, ReadsTheCopyBackFromTheDevice) {
+    const MediaItem& item = world.add("a.jpg", "content", "a.jpg");
+    std::vector<std::string> calls;
+    disk.beforeEachCall([&](const DiskCall& call) {
+        if (call.path.extension() == "partial") {
+            calls.emplace_back(call.operation);
+        }
+    });
+    EXPECT_EQ(transfer(item, OperationMode::copy).status, TransactionStatus::verified);
+    const auto evicted = std::ranges::find(calls, "evict");
+    EXPECT_TRUE(std::find(calls.begin(), evicted, "flush") != evicted);
+    EXPECT_EQ(std::find(calls.begin(), evicted, "readAt"), evicted);
+    EXPECT_NE(std::find(evicted, calls.end(), "readAt"), calls.end());
+}
+
 TEST_F(VerifiedTransferTest, CancelPreventsTheRemovalOrWaitsForIt) {
     const MediaItem before = world.add("before.jpg", "1", "before.jpg");
     once("flushFolder", [&](const DiskCall&) { token.cancel(); });
@@ -240,7 +363,7 @@ TEST_F(VerifiedTransferTest, CancelPreventsTheRemovalOrWaitsForIt) {
         EXPECT_EQ(sourceWasThere.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
     });
     const FileTransactionItem moved =
-        transfers.transferFile(during, *during.plannedDestinationURL, OperationMode::move, fresh);
+        transfers().transferFile(during, *during.plannedDestinationURL, OperationMode::move, fresh);
     EXPECT_EQ(moved.verificationResult, "Verified (SHA-256 Match)");
     EXPECT_FALSE(sourceWasThere.get());
 }
