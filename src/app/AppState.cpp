@@ -40,7 +40,9 @@ AppState::AppState(const AppEnvironment& environment, QObject* parent)
     : QObject(parent),
       environment_(environment),
       organizationPlan_(environment.preferences.newPlan()),
-      lastOperationSummary_(environment.preferences.lastOperationSummary()) {}
+      lastOperationSummary_(environment.preferences.lastOperationSummary()) {
+    readRecentRuns();
+}
 
 AppState::~AppState() = default;
 
@@ -210,22 +212,27 @@ void AppState::setDestination(const FilePath& url) {
     destinationVolume_ = SourceVolume::unmeasured(Uuid::random(), *organizationPlan_.destinationURL);
     emit organizationPlanChanged();
     emit destinationVolumeChanged();
-    measureDestination([] {});
+    destinationDevice_.reset();
+    measureDestination([this](const MeasuredDestination& chosen) { destinationDevice_ = chosen.device; });
+    change(runRefusal_, {}, &AppState::runRefusalChanged);
     takeStartBack();
     isPlanCurrent_ = false;
     startPlanning();
 }
 
-void AppState::measureDestination(std::function<void()> next) {
-    jobs_.start([this, folder = *organizationPlan_.destinationURL](
-                    const std::stop_token& /*stop*/) { return measured(folder, environment_); },
-                [this, number = ++measurementNumber_, next = std::move(next)](SourceVolume volume) {
-                    if (number == measurementNumber_) {
-                        destinationVolume_ = std::move(volume);
-                        emit destinationVolumeChanged();
-                        next();
-                    }
-                });
+void AppState::measureDestination(std::function<void(const MeasuredDestination&)> next) {
+    jobs_.start(
+        [this, folder = *organizationPlan_.destinationURL](const std::stop_token& /*stop*/) {
+            return MeasuredDestination{measured(folder, environment_),
+                                       deviceUnder(environment_.fileSystem, folder)};
+        },
+        [this, number = ++measurementNumber_, next = std::move(next)](const MeasuredDestination& found) {
+            if (number == measurementNumber_) {
+                destinationVolume_ = found.volume;
+                emit destinationVolumeChanged();
+                next(found);
+            }
+        });
 }
 
 void AppState::setOrganizationPlan(OrganizationPlan plan) {
@@ -274,6 +281,9 @@ void AppState::goBackToTheStart() {
     ++scanNumber_; // part of a catalogue, which a cancelled scan still has to bring, is not wanted any more
     goTo(WizardStep::sources);
     change(completedSteps_, {}, &AppState::completedStepsChanged);
+    change(runRefusal_, {}, &AppState::runRefusalChanged);
+    undoRefusal_.clear();
+    change(undoResult_, {}, &AppState::undoResultChanged);
     replaceCatalogue({});
 }
 

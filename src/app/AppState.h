@@ -11,9 +11,12 @@
 #include "scan/MediaScanner.h"
 #include "scan/ScanProgress.h"
 #include "transfer/FileOperationEngine.h"
+#include "transfer/JournalReader.h"
 #include "transfer/LastOperationSummary.h"
 #include "transfer/OperationManifest.h"
 #include "transfer/OperationProgress.h"
+#include "transfer/RunJournals.h"
+#include "transfer/RunPreparation.h"
 #include "transfer/UndoEngine.h"
 
 #include <QObject>
@@ -47,6 +50,14 @@ struct AppEnvironment {
     const Volumes& volumes;
     Preferences& preferences;
     Desktop desktop;
+    const RunJournals& journals;
+};
+
+/// Runs of earlier, be it by another program of ours, that may be taken back.
+struct RecentRuns {
+    std::optional<RunEntry> completed;   ///< the newest one that ran to its end
+    std::optional<RunEntry> interrupted; ///< the newest one of all, when it was cut off or cancelled
+    friend bool operator==(const RecentRuns&, const RecentRuns&) = default;
 };
 
 /// The one controller of the program: where the wizard stands, what was chosen and found, and the jobs
@@ -86,10 +97,24 @@ public:
     [[nodiscard]] const std::shared_ptr<const OperationManifest>& activeManifest() const {
         return activeManifest_;
     }
+    /// Why the run that was asked for last was not begun, other than for want of room; absent otherwise.
+    [[nodiscard]] const std::optional<RunRefusal>& runRefusal() const { return runRefusal_; }
+    /// Why the journal of the run that works, or worked last, is not kept on disk; empty when it is.
+    [[nodiscard]] const std::string& journalProblem() const { return journalProblem_; }
+    /// Where the journal of `activeManifest` is kept; empty when it is not.
+    [[nodiscard]] const FilePath& activeJournal() const { return activeJournal_; }
+    /// As far as they can be undone and were not dismissed. Read anew after each run and undo.
+    [[nodiscard]] const RecentRuns& recentRuns() const { return recentRuns_; }
     [[nodiscard]] bool isUndoing() const { return isUndoing_; }
     [[nodiscard]] const UndoProgress& undoProgress() const { return undoProgress_; }
-    /// How the last undo of `activeManifest` ended; absent before.
+    /// How the last undo ended; absent before, and when it was refused.
     [[nodiscard]] const std::optional<UndoResult>& undoResult() const { return undoResult_; }
+    /// Why the last undo was not begun, as a sentence; empty otherwise.
+    [[nodiscard]] const std::string& undoRefusal() const { return undoRefusal_; }
+    /// The journal of the run that the last undo was of; empty for one that is kept in memory only.
+    [[nodiscard]] const FilePath& undoneJournal() const { return undoneJournal_; }
+    /// What the undo that is being considered would do; absent until it is known.
+    [[nodiscard]] const std::optional<UndoForecast>& undoForecast() const { return undoForecast_; }
     /// A run or an undo is under way: catalogue, plan and results stay as they are until it ends. Of a
     /// cancelled run it is no longer said, though it may still be at its last file.
     [[nodiscard]] bool isChangingFiles() const { return isProcessing_ || isUndoing_; }
@@ -130,7 +155,7 @@ public:
     /// places with the next planning. Nothing happens during a run or an undo.
     void setOrganizationPlan(OrganizationPlan plan);
 
-    void startScan(); ///< not during a run or an undo
+    void startScan(); ///< not during a run or an undo, nor before a cancelled run has ended
     void pauseScan();
     void resumeScan();
     void cancelScan();
@@ -156,9 +181,15 @@ public:
     void resumeOperation();
     void cancelOperation(); ///< takes one back that has not begun, too
 
-    /// Takes the run of `activeManifest` back, as a job. Nothing happens without one, or while a run or an
-    /// undo is under way.
+    /// Takes the run of `activeManifest`, or that of a journal on disk, back, as a job. Nothing happens
+    /// without one, or while a run or an undo is under way.
     void startUndo();
+    void startUndo(const FilePath& journal);
+    /// Finds out what these would do, as a job: see `undoForecast`.
+    void considerUndo();
+    void considerUndo(const FilePath& journal);
+    /// The user does not want to hear of an interrupted run any more.
+    void dismissRun(const FilePath& journal);
     void stopUndo(); ///< after the file in hand; the rest counts as failed and stays
 
     // Both do nothing during a run or an undo.
@@ -183,6 +214,9 @@ signals:
     void isStartingOperationChanged();
     void isProcessingChanged();
     void activeManifestChanged();
+    void runRefusalChanged();
+    void recentRunsChanged();
+    void undoForecastChanged();
     void isUndoingChanged();
     void undoProgressChanged();
     void undoResultChanged();
@@ -204,9 +238,13 @@ private:
     /// The same with other files: what jobs still have to say about the old ones no longer counts.
     void replaceCatalogue(std::vector<MediaItem> items);
     void goBackToTheStart();
+    struct MeasuredDestination {
+        SourceVolume volume;
+        std::optional<std::uint64_t> device;
+    };
     /// Measures the destination as a job and then goes on with `next`, unless it was chosen or measured
-    /// anew meanwhile.
-    void measureDestination(std::function<void()> next);
+    /// again meanwhile.
+    void measureDestination(std::function<void(const MeasuredDestination&)> next);
     [[nodiscard]] std::vector<FilePath> sourceRoots() const;
 
     void setScanPaused(bool paused);
@@ -220,11 +258,17 @@ private:
     void takeStartBack();
     void startAwaitedOperation();
     void runOrRefuse();
-    void runOperation();
+    void prepareAndRun();
+    void refuse(RunRefusal refusal);
+    void runOperation(const std::shared_ptr<PreparedRun>& prepared);
+    void readRecentRuns();
     void finishOperation(const std::shared_ptr<const OperationManifest>& journal);
     void recordLastOperationSummary(const OperationManifest& manifest);
     void setOperationPaused(bool paused);
-    void finishUndo(UndoResult result);
+    void takeBack(std::function<Result<std::shared_ptr<const OperationManifest>, std::string>()> read,
+                  const FilePath& journal);
+    void consider(std::function<Result<std::shared_ptr<const OperationManifest>, std::string>()> read);
+    void finishUndo(Result<UndoResult, std::string> result);
 
     AppEnvironment environment_;
 
@@ -237,15 +281,24 @@ private:
     ScanProgress scanProgress_;
     OrganizationPlan organizationPlan_;
     std::optional<SourceVolume> destinationVolume_;
+    /// What the destination lay on when it was chosen: the run must not go anywhere else.
+    std::optional<std::uint64_t> destinationDevice_;
     bool isPlanning_ = false;
     PlanningProgress planningProgress_;
     OperationProgress operationProgress_;
     bool isStartingOperation_ = false;
     bool isProcessing_ = false;
     std::shared_ptr<const OperationManifest> activeManifest_;
+    std::optional<RunRefusal> runRefusal_;
+    std::string journalProblem_;
+    FilePath activeJournal_;
+    RecentRuns recentRuns_;
     bool isUndoing_ = false;
     UndoProgress undoProgress_;
     std::optional<UndoResult> undoResult_;
+    std::string undoRefusal_;
+    FilePath undoneJournal_;
+    std::optional<UndoForecast> undoForecast_;
     std::optional<LastOperationSummary> lastOperationSummary_;
     bool isDetectingDuplicates_ = false;
     QString selectedFilter_ = QStringLiteral("all");
@@ -255,6 +308,8 @@ private:
     int catalogueNumber_ = 0;
     int planningNumber_ = 0;
     int measurementNumber_ = 0;
+    int considerationNumber_ = 0;
+    int recentRunsNumber_ = 0;
     bool isPlanCurrent_ = false; ///< the items have their places under the present plan
     bool isRunEnding_ = false;   ///< a cancelled run has not come back yet
     std::stop_source scanStop_{std::nostopstate};

@@ -30,7 +30,7 @@ std::vector<FilePath> AppState::sourceRoots() const {
 }
 
 void AppState::startScan() {
-    if (sources_.empty() || isChangingFiles()) {
+    if (sources_.empty() || isChangingFiles() || isRunEnding_) {
         return;
     }
     scanStop_.request_stop();

@@ -1,10 +1,24 @@
 #include "app/AppState.h"
 #include "app/Preferences.h"
 
+#include <algorithm>
 #include <utility>
 
 // The state's work on files: the run, and the way back.
 namespace lumeo {
+namespace {
+
+using ManifestOrReason = Result<std::shared_ptr<const OperationManifest>, std::string>;
+
+ManifestOrReason readManifest(const FileSystem& fileSystem, const FilePath& journal) {
+    Result<ReadJournal, std::string> read = readJournal(fileSystem, journal);
+    if (!read) {
+        return std::move(read).error();
+    }
+    return std::make_shared<const OperationManifest>(std::move(read->manifest));
+}
+
+} // namespace
 
 void AppState::startOperation() {
     if (scannedItems_->empty() || !organizationPlan_.destinationURL || isChangingFiles()) {
@@ -28,7 +42,9 @@ void AppState::takeStartBack() {
 
 void AppState::startAwaitedOperation() {
     if (canRun()) {
-        measureDestination([this] {
+        measureDestination([this](const MeasuredDestination& now) {
+            // The destination may have been chosen so lately that this is the first look at it.
+            destinationDevice_ = destinationDevice_ ? destinationDevice_ : now.device;
             if (canRun()) {
                 runOrRefuse();
             }
@@ -42,18 +58,47 @@ void AppState::runOrRefuse() {
     const bool isRefused = free && requiredOutputSizeBytes() >= *free;
     operationProgress_.errorsCount = isRefused ? 1 : 0;
     emit operationProgressChanged();
+    change(runRefusal_, {}, &AppState::runRefusalChanged);
     if (isRefused) {
         goTo(WizardStep::preview);
+        takeStartBack();
     } else {
-        runOperation();
+        prepareAndRun();
     }
-    takeStartBack();
 }
 
-void AppState::runOperation() {
+void AppState::prepareAndRun() {
+    using Prepared = Result<PreparedRun, RunRefusal>;
+    jobs_.start(
+        [this, plan = organizationPlan_, roots = sourceRoots(), files = totalFilesCount(),
+         device = destinationDevice_](const std::stop_token& /*stop*/) {
+            return prepareRun(environment_.fileSystem, environment_.clock, environment_.journals, plan, roots,
+                              files, device);
+        },
+        [this, catalogue = scannedItems_](Prepared prepared) {
+            if (!canRun() || catalogue != scannedItems_) {
+                return; // taken back meanwhile
+            }
+            if (prepared) {
+                runOperation(std::make_shared<PreparedRun>(*std::move(prepared)));
+            } else {
+                refuse(prepared.error());
+            }
+            takeStartBack();
+        });
+}
+
+void AppState::refuse(RunRefusal refusal) {
+    change(runRefusal_, std::optional(std::move(refusal)), &AppState::runRefusalChanged);
+    goTo(WizardStep::preview);
+}
+
+void AppState::runOperation(const std::shared_ptr<PreparedRun>& prepared) {
     const auto engine = std::make_shared<FileOperationEngine>(environment_.fileSystem, environment_.clock);
     const auto latest = std::make_shared<LatestValue<OperationProgress>>();
     operationPause_ = std::make_shared<PauseSwitch<FileOperationEngine>>(engine);
+    journalProblem_ = prepared->journalProblem;
+    activeJournal_ = prepared->journal ? prepared->journal->path() : FilePath();
     change(isProcessing_, true, &AppState::isProcessingChanged);
     change(activeManifest_, {}, &AppState::activeManifestChanged);
     change(undoResult_, {}, &AppState::undoResultChanged);
@@ -68,12 +113,14 @@ void AppState::runOperation() {
         }
     };
     operationStop_ = jobs_.start(
-        [this, engine, latest, show, pause = operationPause_, items = scannedItems_, plan = organizationPlan_,
-         roots = sourceRoots()](const std::stop_token& stop) {
+        [this, engine, latest, show, prepared, pause = operationPause_, items = scannedItems_,
+         plan = organizationPlan_](const std::stop_token& stop) {
             // The stop alone would let the file in transfer finish first, be it 100 GB long.
             const std::stop_callback cancelling(stop, [&engine] { engine->cancel(); });
+            // Gives the archive back before the end is told, so that the next run finds it free.
+            PreparedRun run = std::move(*prepared);
             return std::make_shared<const OperationManifest>(engine->execute(
-                *items, plan, roots,
+                run, *items, plan,
                 [&](const OperationProgress& progress) {
                     pause->hold();
                     latest->post(*this, progress, show);
@@ -95,6 +142,7 @@ void AppState::finishOperation(const std::shared_ptr<const OperationManifest>& j
         complete({WizardStep::preview, WizardStep::processing, WizardStep::report});
         goTo(WizardStep::report);
     }
+    readRecentRuns();
     emit operationFinished(journal, isCancelled);
     startAwaitedOperation();
 }
@@ -138,10 +186,22 @@ void AppState::cancelOperation() {
 }
 
 void AppState::startUndo() {
-    if (!activeManifest_ || isChangingFiles()) {
+    if (activeManifest_) {
+        takeBack([manifest = activeManifest_] { return ManifestOrReason(manifest); }, activeJournal_);
+    }
+}
+
+void AppState::startUndo(const FilePath& journal) {
+    takeBack([this, journal] { return readManifest(environment_.fileSystem, journal); }, journal);
+}
+
+void AppState::takeBack(std::function<ManifestOrReason()> read, const FilePath& journal) {
+    if (isChangingFiles() || isRunEnding_) {
         return;
     }
     takeStartBack();
+    undoneJournal_ = journal;
+    undoRefusal_.clear();
     change(undoResult_, {}, &AppState::undoResultChanged);
     undoProgress_ = {};
     emit undoProgressChanged();
@@ -152,24 +212,90 @@ void AppState::startUndo() {
         emit undoProgressChanged();
     };
     undoStop_ = jobs_.start(
-        [this, latest, show, journal = activeManifest_](const std::stop_token& stop) {
-            return UndoEngine(environment_.fileSystem)
-                .rollback(
-                    *journal, [&](const UndoProgress& progress) { latest->post(*this, progress, show); },
-                    stop);
+        [this, latest, show, read = std::move(read),
+         journal](const std::stop_token& stop) -> Result<UndoResult, std::string> {
+            const ManifestOrReason run = read();
+            if (!run) {
+                return run.error();
+            }
+            const Result<UndoResult, RunRefusal> undone = lumeo::takeBack(
+                environment_.fileSystem, **run, environment_.journals, journal,
+                [&](const UndoProgress& progress) { latest->post(*this, progress, show); }, stop);
+            return undone ? Result<UndoResult, std::string>(*undone) : undone.error().sentence;
         },
-        [this](UndoResult result) { finishUndo(std::move(result)); });
+        [this](Result<UndoResult, std::string> result) { finishUndo(std::move(result)); });
+}
+
+void AppState::considerUndo() {
+    if (activeManifest_) {
+        consider([manifest = activeManifest_] { return ManifestOrReason(manifest); });
+    }
+}
+
+void AppState::considerUndo(const FilePath& journal) {
+    consider([this, journal] { return readManifest(environment_.fileSystem, journal); });
+}
+
+void AppState::consider(std::function<ManifestOrReason()> read) {
+    change(undoForecast_, {}, &AppState::undoForecastChanged);
+    jobs_.start(
+        [this, read = std::move(read)](const std::stop_token& stop) -> std::optional<UndoForecast> {
+            const ManifestOrReason run = read();
+            return run ? std::optional(UndoEngine(environment_.fileSystem).forecast(**run, stop))
+                       : std::nullopt;
+        },
+        [this, number = ++considerationNumber_](const std::optional<UndoForecast>& forecast) {
+            if (number == considerationNumber_) {
+                change(undoForecast_, forecast, &AppState::undoForecastChanged);
+            }
+        });
+}
+
+void AppState::dismissRun(const FilePath& journal) {
+    jobs_.start(
+        [this, journal](const std::stop_token&) { return environment_.journals.dismiss(journal).hasValue(); },
+        [this](bool) { readRecentRuns(); });
+}
+
+void AppState::readRecentRuns() {
+    jobs_.start(
+        [this](const std::stop_token& /*stop*/) {
+            RecentRuns recent;
+            const std::vector<RunEntry> runs = environment_.journals.list();
+            if (!runs.empty() && runs.front().canBeUndone() && !runs.front().isDismissed &&
+                runs.front().state != RunState::finished) {
+                recent.interrupted = runs.front();
+            }
+            const auto completed = std::ranges::find_if(runs, [](const RunEntry& run) {
+                return !run.isRunning && run.state != RunState::cancelled &&
+                       run.state != RunState::unfinished;
+            });
+            if (completed != runs.end() && completed->canBeUndone()) {
+                recent.completed = *completed;
+            }
+            return recent;
+        },
+        [this, number = ++recentRunsNumber_](RecentRuns recent) {
+            if (number == recentRunsNumber_) {
+                change(recentRuns_, std::move(recent), &AppState::recentRunsChanged);
+            }
+        });
 }
 
 void AppState::stopUndo() {
     undoStop_.request_stop();
 }
 
-void AppState::finishUndo(UndoResult result) {
-    undoResult_ = std::move(result);
+void AppState::finishUndo(Result<UndoResult, std::string> result) {
+    if (result) {
+        undoResult_ = *std::move(result);
+    } else {
+        undoRefusal_ = result.error();
+    }
     change(isUndoing_, false, &AppState::isUndoingChanged);
     emit undoResultChanged();
     outdatePlan(); // the archive is another one now
+    readRecentRuns();
 }
 
 } // namespace lumeo

@@ -36,12 +36,7 @@ void store(QSettings& settings, const char* key, Enum value) {
 
 } // namespace
 
-Preferences::Preferences(QSettings& settings, QObject* parent, StartUp startUp)
-    : QObject(parent), settings_(settings) {
-    if (startUp == StartUp::normalize && !storedCase<AppAppearance>(settings_, appearanceKey)) {
-        store(settings_, appearanceKey, AppAppearance::light);
-    }
-}
+Preferences::Preferences(QSettings& settings, QObject* parent) : QObject(parent), settings_(settings) {}
 
 AppAppearance Preferences::appearance() const {
     return storedCase<AppAppearance>(settings_, appearanceKey).value_or(AppAppearance::light);

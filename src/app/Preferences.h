@@ -18,18 +18,15 @@ enum class AppAppearance { light, dark };
 enum class PerformanceProfile { autoProfile, conservative, fastSSD };
 
 /// The stored preferences, each written as it is set and announced to every holder. A value that is
-/// missing or not one of ours reads as its default. Main thread only; the language is the
+/// missing or not one of ours reads as its default and stays as it is: a newer version may know it. Main
+/// thread only; the language is the
 /// LocalizationManager's.
 class Preferences : public QObject {
     Q_OBJECT
 
 public:
-    enum class StartUp { normalize, leaveAsIs };
-
-    /// Replaces an unknown stored appearance by "light", unless told otherwise. `settings` must outlive
-    /// this object.
-    explicit Preferences(QSettings& settings, QObject* parent = nullptr,
-                         StartUp startUp = StartUp::normalize);
+    /// `settings` must outlive this object.
+    explicit Preferences(QSettings& settings, QObject* parent = nullptr);
 
     [[nodiscard]] AppAppearance appearance() const;
     void setAppearance(AppAppearance appearance);

@@ -348,6 +348,74 @@ TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {
     EXPECT_EQ(filesBelow(card_.path()), card);
 }
 
+TEST_F(AppStateControlTest, OffersTheLastRunsAgainAfterARestart) {
+    fillCard(3);
+    preview();
+    OrganizationPlan plan = state().organizationPlan();
+    plan.operationMode = OperationMode::move;
+    state().setOrganizationPlan(plan);
+    runToTheEnd();
+    ASSERT_TRUE(namesBelow(card_.path()).empty());
+    restart();
+    ASSERT_TRUE(testing::waitUntil([this] { return state().recentRuns().completed.has_value(); }));
+    EXPECT_EQ(state().recentRuns().interrupted, std::nullopt);
+    const FilePath journal = state().recentRuns().completed->journal;
+    state().considerUndo(journal);
+    ASSERT_TRUE(testing::waitUntil([this] { return state().undoForecast().has_value(); }));
+    EXPECT_EQ(state().undoForecast(), (UndoForecast{3, 0}));
+    state().startUndo(journal);
+    ASSERT_TRUE(testing::waitUntil([this] { return state().undoResult().has_value(); }));
+    EXPECT_EQ(namesBelow(card_.path()).size(), 3U);
+    ASSERT_TRUE(testing::waitUntil([this] { return !state().recentRuns().completed; }));
+
+    // A run that was cancelled, and then one that nobody wants to hear of any more.
+    fillCard(100);
+    preview();
+    const Gate fourthFile(disk_, [created = 0](const DiskCall& call) mutable {
+        return call.operation == "createFile" && ++created > 3;
+    });
+    startRun();
+    ASSERT_TRUE(fourthFile.awaitArrival());
+    state().cancelOperation();
+    EXPECT_FALSE(state().isChangingFiles());
+    state().startScan(); // not before the run has come back
+    EXPECT_FALSE(state().isScanning());
+    fourthFile.open();
+    ASSERT_TRUE(testing::waitUntil([this] { return state().recentRuns().interrupted.has_value(); }));
+    EXPECT_EQ(state().recentRuns().interrupted->totalFiles, 100);
+    EXPECT_GE(state().recentRuns().interrupted->verifiedFiles, 3);
+    state().dismissRun(state().recentRuns().interrupted->journal);
+    EXPECT_TRUE(testing::waitUntil([this] { return !state().recentRuns().interrupted; }));
+}
+
+TEST_F(AppStateControlTest, RefusesARunWhoseArchiveIsInUseOrOnAnotherDriveByNow) {
+    fillCard(2);
+    preview();
+    {
+        ASSERT_TRUE(realDisk_.createFolders(archive()));
+        const auto held = realDisk_.lock(archive());
+        state().startOperation();
+        ASSERT_TRUE(testing::waitUntil([this] { return state().runRefusal().has_value(); }));
+        EXPECT_EQ(state().runRefusal()->reason, RunRefusal::Reason::archiveInUse);
+        EXPECT_EQ(state().currentStep(), WizardStep::preview);
+        EXPECT_FALSE(state().isStartingOperation());
+    }
+    const TempFolder elsewhere{FilePath("/dev/shm")};
+    if (realDisk_.status(elsewhere.path())->identity.device != realDisk_.status(archive())->identity.device) {
+        std::filesystem::remove(archive().bytes());
+        std::filesystem::create_directory_symlink(elsewhere.path().bytes(), archive().bytes());
+        state().startOperation();
+        ASSERT_TRUE(testing::waitUntil([this] {
+            return state().runRefusal() && state().runRefusal()->reason == RunRefusal::Reason::archiveGone;
+        }));
+        EXPECT_TRUE(namesBelow(elsewhere.path()).empty());
+        std::filesystem::remove(archive().bytes());
+    }
+    runToTheEnd();
+    EXPECT_EQ(state().runRefusal(), std::nullopt);
+    EXPECT_EQ(namesBelow(card_.path()).size(), 2U);
+}
+
 TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
     fillCard(30, 2000);
     const auto card = filesBelow(card_.path());

@@ -84,8 +84,8 @@ protected:
         settings_ = std::make_unique<QSettings>(QString::fromStdString((home_ / "settings.ini").bytes()),
                                                 QSettings::IniFormat);
         preferences_ = std::make_unique<Preferences>(*settings_);
-        state_ = std::make_unique<AppState>(
-            AppEnvironment{disk_, clock_, volumes_, *preferences_, {desktop_, desktop_, desktop_}});
+        state_ = std::make_unique<AppState>(AppEnvironment{
+            disk_, clock_, volumes_, *preferences_, {desktop_, desktop_, desktop_}, journals_});
     }
 
     [[nodiscard]] AppState& state() { return *state_; }
@@ -175,6 +175,7 @@ protected:
     SystemClock clock_;
     PosixFileSystem realDisk_;
     FaultyFileSystem disk_{realDisk_};
+    RunJournals journals_{realDisk_, home_ / "journals"}; // apart from the faults that a test has in mind
 
 private:
     std::unique_ptr<QSettings> settings_;

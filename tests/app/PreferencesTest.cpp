@@ -1,8 +1,13 @@
 #include "app/Preferences.h"
 
+#include "app/SettingsFile.h"
+#include "platform/PosixFileSystem.h"
 #include "support/TempFolder.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QSettings>
 #include <QStringList>
@@ -43,19 +48,13 @@ private:
     std::unique_ptr<Preferences> preferences_;
 };
 
-TEST_F(PreferencesTest, StartWithTheDefaultsAndStoreTheLightAppearance) {
-    restart();
-    expectDefaults();
-    EXPECT_EQ(settings().allKeys(), QStringList{QStringLiteral("appearanceMode")});
-    EXPECT_EQ(settings().value(QStringLiteral("appearanceMode")), QStringLiteral("light"));
-}
-
 TEST_F(PreferencesTest, AreKeptFromOneLifeToTheNext) {
     LastOperationSummary summary;
     summary.operationType = "move";
     summary.processedCount = 3;
     summary.destinationDisplayName = "Été 写真 \"2021\", \\1";
     restart();
+    expectDefaults();
     preferences().setAppearance(AppAppearance::dark);
     preferences().setDefaultOperation(OperationMode::move);
     preferences().setVerifyTransfers(false);
@@ -72,13 +71,13 @@ TEST_F(PreferencesTest, AreKeptFromOneLifeToTheNext) {
     EXPECT_EQ(settings().value(QStringLiteral("verifyTransfers")), QStringLiteral("false"));
 }
 
-TEST_F(PreferencesTest, ReadWhatIsNoneOfTheirValuesAsTheDefault) {
+TEST_F(PreferencesTest, ReadWhatIsNoneOfTheirValuesAsTheDefaultAndLeaveIt) {
     const std::string damagedSummary = "lastOperationSummary.v1=@ByteArray({)\n";
     startWith("[General]\nappearanceMode=system\ndefaultOperation=MOVE\nverifyTransfers=\n"
               "performanceProfile=a, b\n" +
               damagedSummary);
     expectDefaults();
-    EXPECT_EQ(settings().value(QStringLiteral("appearanceMode")), QStringLiteral("light"));
+    EXPECT_EQ(settings().value(QStringLiteral("appearanceMode")), QStringLiteral("system"));
     settings().sync();
     EXPECT_NE(contentOf(file()).find(damagedSummary), std::string::npos);
 
@@ -118,6 +117,27 @@ TEST_F(PreferencesTest, AnnounceWhatChangesAndNothingElse) {
     preferences().setDefaultOperation(OperationMode::move);
     preferences().setAppearance(AppAppearance::dark);
     EXPECT_EQ(announced.join(u' '), QStringLiteral("profile verify operation appearance"));
+}
+
+TEST(SettingsFileTest, NeitherAPipeNorALeftOverLockHoldsTheProgramUp) {
+    PosixFileSystem disk;
+    const TempFolder folder;
+    const FilePath file = folder.write("LUMEO.conf", "[General]\nappearanceMode=dark\n");
+    folder.write("LUMEO.conf.lock", "");
+    {
+        const auto settings = openSettings(disk, file);
+        EXPECT_EQ(Preferences(*settings).appearance(), AppAppearance::dark);
+        Preferences(*settings).setAppearance(AppAppearance::light);
+        settings->sync();
+    }
+    EXPECT_NE(contentOf(file).find("appearanceMode=light"), std::string::npos);
+
+    std::filesystem::remove(file.bytes());
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    const auto settings = openSettings(disk, file);
+    Preferences preferences(*settings);
+    preferences.setAppearance(AppAppearance::dark);
+    EXPECT_EQ(preferences.appearance(), AppAppearance::dark); // until the program ends
 }
 
 } // namespace
