@@ -96,8 +96,9 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
                  "lumeo-cli");
     app.set_version_flag("--version", std::string(LUMEO_VERSION));
     app.require_subcommand(1);
-    app.footer("Exit status: 0 all well, 1 at least one file failed, 2 wrong usage, 3 not enough space, "
-               "130 interrupted.\nSources are never written to; a move removes a file only after its copy "
+    app.footer("Exit status: 0 all well, 1 at least one file failed or was left alone, 2 wrong usage, "
+               "3 not enough space, 4 another run works in the archive, 130 interrupted.\nSources are never "
+               "written to; a move removes a file only after its copy "
                "was proven identical.");
     constexpr auto itemsAsJson = "Print one coded media item a line, then the counters";
 
@@ -127,11 +128,14 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
     addOutput(*duplicates, arguments, "Print the groups and what they waste");
 
     CLI::App* undo = app.add_subcommand("undo", "Take a run back, as far as its files are unchanged");
-    undo->add_option("MANIFEST", texts.manifest, "The journal that organize --manifest wrote")
-        ->required()
+    undo->add_option("JOURNAL", texts.manifest,
+                     "A journal that runs lists, or that organize --manifest wrote; the last run without it")
         ->check(pathProblem);
     undo->add_flag("-y,--yes", arguments.assumeYes, "Undo without asking");
     undo->add_flag("-q,--quiet", arguments.quiet, "Errors only");
+
+    CLI::App* runs = app.add_subcommand("runs", "List the latest runs and where their journals are");
+    runs->add_flag("--json", arguments.json, "Print one run a line");
 
     try {
         app.parse(argc, argv);
@@ -142,7 +146,7 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
     for (const auto& [subcommand, command] :
          {std::pair{scan, Command::scan}, std::pair{plan, Command::plan},
           std::pair{organize, Command::organize}, std::pair{duplicates, Command::duplicates},
-          std::pair{undo, Command::undo}}) {
+          std::pair{undo, Command::undo}, std::pair{runs, Command::runs}}) {
         if (subcommand->parsed()) {
             arguments.command = command;
         }

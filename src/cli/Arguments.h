@@ -16,19 +16,21 @@ enum class ExitStatus {
     someFailed = 1, ///< at least one file failed
     wrongUsage = 2,
     noSpace = 3,
+    archiveInUse = 4,  ///< another run works in the archive
     interrupted = 130, ///< as after Ctrl-C
 };
 
-enum class Command { scan, plan, organize, duplicates, undo };
+enum class Command { scan, plan, organize, duplicates, undo, runs };
 
 /// What was asked for on the command line.
 struct Arguments {
     Command command = Command::scan;
-    std::vector<FilePath> sources; ///< absolute, in the order given; none for undo
+    std::vector<FilePath> sources; ///< absolute, in the order given; none for undo and runs
     OrganizationPlan plan;         ///< with its destination, for plan and organize
     bool analyzeDuplicates = false;
-    std::optional<FilePath>
-        manifestFile; ///< organize: where the journal goes; undo: the journal to take back
+    /// organize: where the journal goes as a document of its own; undo: the journal to take back, absent for
+    /// that of the last run.
+    std::optional<FilePath> manifestFile;
     std::optional<FilePath> csvFile;
     std::optional<FilePath> reportFile;
     bool assumeYes = false;

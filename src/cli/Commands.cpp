@@ -3,6 +3,7 @@
 #include "cli/Catalogue.h"
 #include "cli/Duplicates.h"
 #include "cli/Organize.h"
+#include "cli/Runs.h"
 #include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "cli/Undo.h"
@@ -67,7 +68,10 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
         // The run makes the folders that are missing, but not through a file.
         const FilePath nearest = environment.fileSystem.nearestExisting(*arguments.plan.destinationURL);
         const FileResult<FileStatus> status = environment.fileSystem.targetStatus(nearest);
-        if (!status || status->kind != FileKind::folder) {
+        if (!status) {
+            return "the destination cannot be used: " + status.error().message();
+        }
+        if (status->kind != FileKind::folder) {
             return "the destination is not a folder: " + printable(nearest.bytes());
         }
     }
@@ -107,7 +111,8 @@ bool takeCatalogue(const Arguments& arguments, const Environment& environment, S
     session.scan();
     const ScanProgress& progress = session.state().scanProgress();
     if (progress.errorsCount > 0) {
-        printError(TextFormat::number(progress.errorsCount) + " entries of the sources could not be read");
+        printError(TextFormat::number(progress.errorsCount) +
+                   (progress.errorsCount == 1 ? " entry" : " entries") + " of the sources could not be read");
     }
     if (!progress.isCancelled && (arguments.analyzeDuplicates || arguments.command == Command::duplicates)) {
         session.findDuplicates();
@@ -141,15 +146,16 @@ ExitStatus useCatalogue(const Arguments& arguments, const Environment& environme
     return ExitStatus::success;
 }
 
-} // namespace
-
-ExitStatus runCommand(const Arguments& arguments, const Environment& environment) {
+ExitStatus runWithOutput(const Arguments& arguments, const Environment& environment) {
     if (const std::optional<std::string> problem = usageProblem(arguments, environment)) {
         printError(*problem);
         return ExitStatus::wrongUsage;
     }
     if (arguments.command == Command::undo) {
         return undo(arguments, environment);
+    }
+    if (arguments.command == Command::runs) {
+        return listRuns(arguments, environment);
     }
     Session session(arguments, environment);
     if (!takeCatalogue(arguments, environment, session)) {
@@ -159,6 +165,18 @@ ExitStatus runCommand(const Arguments& arguments, const Environment& environment
     // An unread folder may hold photos that the archive now lacks: that is not "all well".
     const bool isIncomplete = session.state().scanProgress().errorsCount > 0;
     return status == ExitStatus::success && isIncomplete ? ExitStatus::someFailed : status;
+}
+
+} // namespace
+
+ExitStatus runCommand(const Arguments& arguments, const Environment& environment) {
+    const ExitStatus status = runWithOutput(arguments, environment);
+    std::cout.flush();
+    if (std::cout) {
+        return status;
+    }
+    printError("the output could not be written");
+    return status == ExitStatus::success ? ExitStatus::someFailed : status;
 }
 
 } // namespace lumeo::cli

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "cli/Arguments.h"
-#include "cli/Interrupt.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/Interrupt.h"
+#include "transfer/RunJournals.h"
 
 namespace lumeo::cli {
 
@@ -12,6 +13,7 @@ struct Environment {
     FileSystem& fileSystem;
     const Clock& clock;
     const Interrupt& interrupt;
+    const RunJournals& journals;
 };
 
 /// Runs the command that was asked for, after a look at whether its sources and destination can be used.

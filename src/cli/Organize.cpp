@@ -6,7 +6,9 @@
 #include "transfer/ReportExporter.h"
 
 #include <cmath>
+#include <iomanip>
 #include <iostream>
+#include <sstream>
 
 namespace lumeo::cli {
 namespace {
@@ -21,11 +23,21 @@ std::string clockText(double seconds) {
                         : std::to_string(minutes / 60) + ":" + twoDigits(minutes % 60) + end;
 }
 
+/// The same, with hundredths of a second below ten: "0.02 s".
+std::string spanText(double seconds) {
+    if (seconds >= 10) {
+        return clockText(seconds);
+    }
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(2) << seconds << " s";
+    return text.str();
+}
+
 bool moveIsConfirmed(const Arguments& arguments, std::size_t files, std::int64_t required) {
     if (arguments.plan.operationMode != OperationMode::move || arguments.assumeYes) {
         return true;
     }
-    return confirm("Move " + TextFormat::number(static_cast<std::int64_t>(files)) + " files (" +
+    return confirm("Move " + TextFormat::count(static_cast<std::int64_t>(files), "file") + " (" +
                    TextFormat::byteCount(required) + ") to " +
                    printable(arguments.plan.destinationURL->bytes()) +
                    "? Each source is removed once its copy is proven.");
@@ -49,7 +61,7 @@ void printFailures(const OperationManifest& manifest) {
 
 void printSummary(const OperationManifest& manifest, const OperationProgress& progress) {
     std::cout << (progress.isCancelled ? "Stopped" : "Done") << " after "
-              << clockText(manifest.durationSeconds) << ": " << TextFormat::number(progress.verifiedCount)
+              << spanText(manifest.durationSeconds) << ": " << TextFormat::number(progress.verifiedCount)
               << " verified (" << TextFormat::byteCount(manifest.totalTransferredBytes) << "), "
               << TextFormat::number(progress.skippedCount) << " skipped, "
               << TextFormat::number(progress.errorsCount) << " failed";
@@ -60,28 +72,33 @@ void printSummary(const OperationManifest& manifest, const OperationProgress& pr
     std::cout << ".\n";
 }
 
-/// False when something could not be written, after saying so. A journal that found no place on the disk is
-/// printed: without it nothing could be undone.
-bool writeDocuments(const Arguments& arguments, const Environment& environment,
-                    const std::vector<MediaItem>& items, const OperationManifest& manifest,
-                    const std::string& journal) {
+/// False when something could not be written, after saying so.
+bool writeDocuments(const Arguments& arguments, const Environment& environment, const Session& session,
+                    const OperationManifest& manifest, const std::string& journal) {
     bool allWritten = true;
-    const auto write = [&](const std::optional<FilePath>& file, const auto& document) {
-        if (!file) {
-            return true;
-        }
-        const FileResult<void> written = writeDocument(environment.fileSystem, document(), *file);
+    const auto note = [&allWritten](const FileResult<void>& written, const std::string& remedy) {
         if (!written) {
-            printError(written.error().message());
+            printError(written.error().message() + remedy);
             allWritten = false;
         }
-        return static_cast<bool>(written);
     };
-    if (!write(arguments.manifestFile, [&] { return journal; }) && !arguments.json) {
-        std::cout << journal;
+    if (arguments.manifestFile) {
+        const FilePath& kept = session.state().activeJournal();
+        note(writeNewDocument(environment.fileSystem, journal, *arguments.manifestFile),
+             " So " + printable(arguments.manifestFile->bytes()) + " is not there" +
+                 (kept.empty() ? std::string(".")
+                               : "; the journal of this run stands at " + printable(kept.bytes()) + "."));
     }
-    write(arguments.csvFile, [&] { return ReportExporter::generateCSV(manifest, items); });
-    write(arguments.reportFile, [&] { return ReportExporter::generateTextReport(manifest); });
+    if (arguments.csvFile) {
+        note(writeDocument(environment.fileSystem, ReportExporter::generateCSV(manifest, session.items()),
+                           *arguments.csvFile),
+             "");
+    }
+    if (arguments.reportFile) {
+        note(writeDocument(environment.fileSystem, ReportExporter::generateTextReport(manifest),
+                           *arguments.reportFile),
+             "");
+    }
     return allWritten;
 }
 
@@ -89,7 +106,7 @@ bool writeDocuments(const Arguments& arguments, const Environment& environment,
 
 std::string runFacts(const OperationProgress& progress) {
     std::string facts = TextFormat::number(progress.processedCount) + " of " +
-                        TextFormat::number(progress.totalFiles) + " files  " +
+                        TextFormat::count(progress.totalFiles, "file") + "  " +
                         TextFormat::byteCount(progress.transferredBytes) + " of " +
                         TextFormat::byteCount(progress.totalBytes);
     if (progress.currentThroughputBytesPerSec > 0) {
@@ -122,14 +139,22 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
         printError("interrupted before anything was written");
         return ExitStatus::interrupted;
     }
+    if (!outcome.journal && state.runRefusal()) {
+        printError(state.runRefusal()->sentence + "; nothing was written");
+        return state.runRefusal()->reason == RunRefusal::Reason::archiveInUse ? ExitStatus::archiveInUse
+                                                                              : ExitStatus::someFailed;
+    }
     if (!outcome.journal) {
         printWantOfRoom(state);
         return ExitStatus::noSpace;
     }
+    if (!state.journalProblem().empty()) {
+        printError(state.journalProblem());
+    }
     const OperationManifest& manifest = *outcome.journal;
     const std::string journal = encode(manifest).dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
     // Before anything is printed, since whoever reads that may be gone.
-    const bool allWritten = writeDocuments(arguments, environment, session.items(), manifest, journal);
+    const bool allWritten = writeDocuments(arguments, environment, session, manifest, journal);
     printFailures(manifest);
     if (arguments.json) {
         std::cout << journal;

@@ -1,5 +1,6 @@
 #include "cli/Session.h"
 
+#include "app/SettingsFile.h"
 #include "cli/Catalogue.h"
 #include "cli/Organize.h"
 #include "cli/Terminal.h"
@@ -26,13 +27,14 @@ Session::Session(const Arguments& arguments, const Environment& environment)
       // The window's file. Its wishes are overwritten below by the command line's, so that a script does the
       // same whatever the window is set to. Only the summary of a completed run is written into it: the
       // window shows the last run, and a run is one wherever it was started.
-      settings_(QStringLiteral("LUMEO"), QStringLiteral("LUMEO")),
-      preferences_(settings_, nullptr, Preferences::StartUp::leaveAsIs),
+      settings_(openSettings(environment.fileSystem, settingsFile())),
+      preferences_(*settings_),
       state_({environment.fileSystem,
               environment.clock,
               volumes_,
               preferences_,
-              {desktop_, desktop_, desktop_}}) {
+              {desktop_, desktop_, desktop_},
+              environment.journals}) {
     state_.setOrganizationPlan(arguments.plan);
     for (const FilePath& source : arguments.sources) {
         state_.addSource(source);
@@ -89,9 +91,14 @@ RunOutcome Session::organize() {
     RunOutcome outcome;
     if (items().empty()) {
         // The state runs nothing for nothing; a script still gets its journal.
-        FileOperationEngine engine(environment_.fileSystem, environment_.clock);
-        outcome.journal = std::make_shared<const OperationManifest>(
-            engine.execute({}, state_.organizationPlan(), arguments_.sources, [](const auto&) {}));
+        OperationManifest nothing;
+        nothing.id = Uuid::random();
+        nothing.timestamp = environment_.clock.now();
+        nothing.operationType = rawValue(arguments_.plan.operationMode);
+        nothing.sourceRoots = arguments_.sources;
+        nothing.destinationRoot = *arguments_.plan.destinationURL;
+        nothing.isCancelled = false;
+        outcome.journal = std::make_shared<const OperationManifest>(std::move(nothing));
         return outcome;
     }
     QEventLoop loop;

@@ -24,7 +24,7 @@ public:
 
 /// A run that has come back.
 struct RunOutcome {
-    /// Null when the run was refused for want of room, or interrupted before it began.
+    /// Null when the run was refused, for want of room or as the state tells, or interrupted before it began.
     std::shared_ptr<const OperationManifest> journal;
     bool isCancelled = false;
 };
@@ -51,7 +51,7 @@ private:
     const Arguments& arguments_;
     const Environment& environment_;
     SystemVolumes volumes_;
-    QSettings settings_;
+    std::unique_ptr<QSettings> settings_;
     Preferences preferences_;
     NoDesktop desktop_;
     AppState state_;

@@ -2,90 +2,85 @@
 
 #include "cli/Terminal.h"
 #include "dates/LUMEODateFormatters.h"
-#include "platform/DocumentReader.h"
 #include "platform/TextFormat.h"
 #include "transfer/UndoEngine.h"
 
-#include <cstdint>
+#include <algorithm>
 #include <iostream>
-#include <variant>
+#include <optional>
 
 namespace lumeo::cli {
 namespace {
 
-/// The journal, or a sentence that says why it cannot be trusted.
-std::variant<OperationManifest, std::string> readManifest(const FileSystem& fileSystem,
-                                                          const FilePath& path) {
-    const FileResult<std::string> text = readDocument(fileSystem, path);
-    if (!text) {
-        return text.error().message();
+/// The journal to take back: the one that was named, else that of the last run of which that is possible.
+std::optional<FilePath> chosenJournal(const Arguments& arguments, const Environment& environment) {
+    if (arguments.manifestFile) {
+        return arguments.manifestFile;
     }
-    const Json json = Json::parse(*text, nullptr, false);
-    if (json.is_discarded()) {
-        return "the journal is damaged or cut short; nothing was touched";
-    }
-    Decoded<OperationManifest> manifest = decodeOperationManifest(json);
-    if (!manifest) {
-        return "this is no journal of a run (" + manifest.error().message() + "); nothing was touched";
-    }
-    if (manifest->operationType != rawValue(OperationMode::copy) &&
-        manifest->operationType != rawValue(OperationMode::move)) {
-        return "this is a journal of an operation that is not known; nothing was touched";
-    }
-    return *std::move(manifest);
+    const std::vector<RunEntry> runs = environment.journals.list();
+    const auto found = std::ranges::find_if(runs, &RunEntry::canBeUndone);
+    return found == runs.end() ? std::nullopt : std::optional(found->journal);
 }
 
-std::string intention(const OperationManifest& manifest, const FileSystem& fileSystem) {
+std::string intention(const OperationManifest& manifest, const Environment& environment) {
     const bool isMove = manifest.operationType == rawValue(OperationMode::move);
-    std::int64_t verified = 0;
-    std::int64_t onlyCopies = 0;
-    for (const FileTransactionItem& record : manifest.items) {
-        if (record.status == TransactionStatus::verified) {
-            ++verified;
-            onlyCopies += isMove || fileSystem.exists(record.originalPath) ? 0 : 1;
-        }
+    const UndoForecast forecast =
+        UndoEngine(environment.fileSystem).forecast(manifest, environment.interrupt.token());
+    std::string text = "The run of " + LUMEODateFormatters::formattedFully(manifest.timestamp) + " to " +
+                       printable(manifest.destinationRoot.bytes()) + ": " +
+                       TextFormat::count(forecast.files, "file") + " will be " +
+                       (isMove ? "moved back to where they came from" : "removed from the archive") +
+                       ", each only if it is unchanged.";
+    if (forecast.withoutOriginal > 0) {
+        text += " " + TextFormat::count(forecast.withoutOriginal, "file") +
+                " will be left in place, since the original is no longer there.";
     }
-    return "The run of " + LUMEODateFormatters::formattedFully(manifest.timestamp) + " to " +
-           printable(manifest.destinationRoot.bytes()) + ": " + TextFormat::number(verified) +
-           " files will be " + (isMove ? "moved back to where they came from" : "removed from the archive") +
-           ", each only if it is unchanged." +
-           (onlyCopies > 0 ? " The originals of " + TextFormat::number(onlyCopies) +
-                                 " are no longer where they were: these may be the only copies."
-                           : "");
+    return text;
 }
 
-UndoResult rollBack(const OperationManifest& manifest, const Environment& environment, bool quiet) {
+Result<UndoResult, RunRefusal> rollBack(const OperationManifest& manifest, const FilePath& journal,
+                                        const Environment& environment, bool quiet) {
     StatusLine status(environment.clock, quiet);
-    return UndoEngine(environment.fileSystem)
-        .rollback(
-            manifest,
-            [&](const UndoProgress& progress) {
-                if (status.isDue()) {
-                    status.show(TextFormat::number(progress.processedCount) + " of " +
-                                    TextFormat::number(progress.totalFiles) + " files",
-                                progress.currentItemName);
-                }
-            },
-            environment.interrupt.token());
+    return takeBack(
+        environment.fileSystem, manifest, environment.journals, journal,
+        [&](const UndoProgress& progress) {
+            if (status.isDue()) {
+                status.show(TextFormat::number(progress.processedCount) + " of " +
+                                TextFormat::count(progress.totalFiles, "file"),
+                            progress.currentItemName);
+            }
+        },
+        environment.interrupt.token());
 }
 
 } // namespace
 
 ExitStatus undo(const Arguments& arguments, const Environment& environment) {
-    const auto read = readManifest(environment.fileSystem, *arguments.manifestFile);
-    if (const auto* problem = std::get_if<std::string>(&read)) {
-        printError(*problem);
+    const std::optional<FilePath> journal = chosenJournal(arguments, environment);
+    if (!journal) {
+        printError("there is no run that could be undone");
         return ExitStatus::wrongUsage;
     }
-    const auto& manifest = std::get<OperationManifest>(read);
+    const Result<ReadJournal, std::string> read = readJournal(environment.fileSystem, *journal);
+    if (!read) {
+        printError(read.error());
+        return ExitStatus::wrongUsage;
+    }
+    const OperationManifest& manifest = read->manifest;
     if (!arguments.quiet) {
-        std::cout << intention(manifest, environment.fileSystem) << std::endl;
+        std::cout << intention(manifest, environment) << std::endl;
     }
     if (!arguments.assumeYes && !confirm("Undo it?")) {
         printError("nothing was undone");
         return ExitStatus::interrupted;
     }
-    const UndoResult result = rollBack(manifest, environment, arguments.quiet);
+    const Result<UndoResult, RunRefusal> undone = rollBack(manifest, *journal, environment, arguments.quiet);
+    if (!undone) {
+        printError(undone.error().sentence);
+        return undone.error().reason == RunRefusal::Reason::archiveInUse ? ExitStatus::archiveInUse
+                                                                         : ExitStatus::someFailed;
+    }
+    const UndoResult& result = *undone;
     for (const std::string& warning : result.warnings) {
         printError(printable(warning));
     }
@@ -97,7 +92,7 @@ ExitStatus undo(const Arguments& arguments, const Environment& environment) {
     if (environment.interrupt.requested()) {
         return ExitStatus::interrupted;
     }
-    return result.failedCount > 0 ? ExitStatus::someFailed : ExitStatus::success;
+    return result.isComplete() ? ExitStatus::success : ExitStatus::someFailed;
 }
 
 } // namespace lumeo::cli

@@ -3,15 +3,14 @@
 
 #include <QCoreApplication>
 
-#include <csignal>
 #include <cstdlib>
 #include <iostream>
 
 int main(int argc, char** argv) {
     using namespace lumeo;
     std::ios::sync_with_stdio(false);
-    // A reader that goes away, as `head` does, must not end a run before its journal is written.
-    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    // A reader that goes away, as `head` does, must not end a run.
+    turnWriteSignalsIntoErrors();
 
     const auto parsed = cli::parseArguments(argc, argv);
     if (const auto* status = std::get_if<cli::ExitStatus>(&parsed)) {
@@ -22,9 +21,10 @@ int main(int argc, char** argv) {
     setenv("LC_ALL", "C.UTF-8", 1);
     PosixFileSystem fileSystem;
     const SystemClock clock;
-    const cli::Interrupt interrupt;
+    const Interrupt interrupt;
     const QCoreApplication application(argc, argv); // whose event loop the jobs come back through
+    const RunJournals journals(fileSystem, RunJournals::userFolder());
     const cli::ExitStatus status =
-        cli::runCommand(std::get<cli::Arguments>(parsed), {fileSystem, clock, interrupt});
+        cli::runCommand(std::get<cli::Arguments>(parsed), {fileSystem, clock, interrupt, journals});
     return static_cast<int>(status);
 }

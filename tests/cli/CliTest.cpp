@@ -1,11 +1,15 @@
 #include "model/MediaItemCoding.h"
+#include "platform/PosixFileSystem.h"
 #include "support/TempFolder.h"
 #include "transfer/OperationManifest.h"
 
 #include <array>
+#include <csignal>
 #include <filesystem>
+#include <set>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <fcntl.h>
@@ -26,16 +30,32 @@ struct Outcome {
     std::string err;
 };
 
-enum class Reader : std::uint8_t { reads, isGone };
+enum class Reader : std::uint8_t { reads, isGone, hasNoRoom };
 
-/// Runs the real program, its standard input closed, as a script would, with preferences of its own.
-Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& preferences,
-                 Reader reader = Reader::reads) {
-    const TempFolder folder;
-    const FilePath out = folder / "out";
-    const FilePath err = folder / "err";
-    const pid_t child = fork();
-    if (child == 0) {
+/// A run of the real program, its standard input closed, as a script would start it, with preferences and
+/// journals of its own.
+class Process {
+public:
+    Process(const std::vector<std::string>& arguments, const FilePath& preferences, Reader reader);
+
+    void send(int signal) const { kill(child_, signal); }
+    Outcome wait() {
+        int status = 0;
+        waitpid(child_, &status, 0);
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(folder_ / "out"),
+                contentOf(folder_ / "err")};
+    }
+
+private:
+    TempFolder folder_;
+    pid_t child_ = -1;
+};
+
+Process::Process(const std::vector<std::string>& arguments, const FilePath& preferences, Reader reader) {
+    const FilePath out = folder_ / "out";
+    const FilePath err = folder_ / "err";
+    child_ = fork();
+    if (child_ == 0) {
         const auto redirect = [](const char* path, int flags, int descriptor) {
             dup2(open(path, flags, 0600), descriptor); // NOLINT(cppcoreguidelines-pro-type-vararg)
         };
@@ -46,9 +66,12 @@ Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& pref
             static_cast<void>(pipe(ends.data()));
             close(ends[0]);
             dup2(ends[1], STDOUT_FILENO);
+        } else if (reader == Reader::hasNoRoom) {
+            redirect("/dev/full", O_WRONLY, STDOUT_FILENO);
         }
         redirect(err.c_str(), O_WRONLY | O_CREAT, STDERR_FILENO);
         setenv("XDG_CONFIG_HOME", preferences.c_str(), 1);
+        setenv("XDG_STATE_HOME", preferences.c_str(), 1);
         std::vector<std::string> words{LUMEO_CLI};
         words.insert(words.end(), arguments.begin(), arguments.end());
         std::vector<char*> argv;
@@ -59,9 +82,11 @@ Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& pref
         execv(LUMEO_CLI, argv.data());
         _exit(127);
     }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(out), contentOf(err)};
+}
+
+Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& preferences,
+                 Reader reader = Reader::reads) {
+    return Process(arguments, preferences, reader).wait();
 }
 
 std::vector<Json> jsonLines(const std::string& text) {
@@ -173,13 +198,110 @@ TEST_F(Cli, MoveNeedsAYesAndThenEmptiesTheSources) {
     EXPECT_TRUE(std::filesystem::exists((source_ / "card/letter.pdf").bytes()));
 }
 
-TEST_F(Cli, KeepsTheJournalOfARunThatNobodyListensTo) {
-    const FilePath journal = archive_ / "run.json";
-    const auto arguments = words({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes", "--json",
-                                  "--manifest", journal.bytes()});
-    const Outcome outcome = lumeoCli(arguments, preferences_.path(), Reader::isGone);
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(Json::parse(contentOf(journal)).at("items").size(), 4U);
+TEST_F(Cli, KeepsTheJournalOfARunThatNobodyListensToAndSaysSo) {
+    for (const Reader reader : {Reader::isGone, Reader::hasNoRoom}) {
+        const FilePath journal = archive_ / "run.json";
+        const auto arguments =
+            words({"organize", "SOURCE", "--to", "DEST", "--json", "--manifest", journal.bytes()});
+        const Outcome outcome = lumeoCli(arguments, preferences_.path(), reader);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_THAT(outcome.err, HasSubstr("the output could not be written"));
+        EXPECT_EQ(Json::parse(contentOf(journal)).at("items").size(), 4U);
+        std::filesystem::remove(journal.bytes());
+    }
+}
+
+TEST_F(Cli, TakesTheLastRunBackByTheJournalThatItKeptItself) {
+    const auto before = filesBelow(source_.path());
+    EXPECT_EQ(run({"undo", "--yes"}).status, 2) << "there is no run yet";
+    ASSERT_EQ(run({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes"}).status, 0);
+    const Outcome listed = run({"runs", "--json"});
+    ASSERT_EQ(jsonLines(listed.out).size(), 1U) << listed.err;
+    EXPECT_EQ(jsonLines(listed.out)[0].at("state"), "finished");
+    EXPECT_EQ(jsonLines(listed.out)[0].at("verifiedFiles"), 4);
+    EXPECT_THAT(run({"runs"}).out, HasSubstr("4 of 4"));
+    const Outcome undone = run({"undo", "--yes"});
+    EXPECT_EQ(undone.status, 0) << undone.err;
+    EXPECT_EQ(filesBelow(source_.path()), before);
+    EXPECT_EQ(jsonLines(run({"runs", "--json"}).out)[0].at("state"), "undone");
+    EXPECT_EQ(run({"undo", "--yes"}).status, 2) << "nothing is left to undo";
+
+    // A move is not begun without a journal, and a copy says that it has none.
+    const FilePath blocked = archive_.write("blocked", "no folder");
+    EXPECT_EQ(
+        lumeoCli(words({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes"}), blocked).status,
+        1);
+    EXPECT_EQ(filesBelow(source_.path()), before);
+    const Outcome copied = lumeoCli(words({"organize", "SOURCE", "--to", "DEST"}), blocked);
+    EXPECT_EQ(copied.status, 0) << copied.err;
+    EXPECT_THAT(copied.err, HasSubstr("no journal of this run can be kept"));
+}
+
+TEST_F(Cli, ASecondRunIntoOneArchiveIsRefusedAndSaysWhoToWaitFor) {
+    std::filesystem::create_directories((archive_ / "Archive").bytes());
+    PosixFileSystem disk;
+    const auto lock = disk.lock(archive_ / "Archive");
+    const Outcome refused = run({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes"});
+    EXPECT_EQ(refused.status, 4);
+    EXPECT_THAT(refused.err, HasSubstr("(process " + std::to_string(getpid()) + ")"));
+    EXPECT_EQ(filesBelow(archive_ / "Archive").size(), 0U);
+}
+
+TEST_F(Cli, TwoCardsOfOneLayoutMovedAtOnceLoseNothing) {
+    std::set<std::string> contents;
+    std::array<TempFolder, 2> cards;
+    for (int number = 0; number < 80; ++number) {
+        for (const std::size_t card : {0U, 1U}) {
+            const std::string content =
+                "photo " + std::to_string(number) + " of card " + std::to_string(card);
+            cards.at(card).write("DCIM/IMG_" + std::to_string(1000 + number) + ".JPG", content);
+            contents.insert(content);
+        }
+    }
+    const auto move = [&](std::size_t card) {
+        return Process(
+            words({"organize", cards.at(card).path().bytes(), "--to", "DEST", "--mode", "move", "--yes"}),
+            preferences_.path(), Reader::reads);
+    };
+    Process first = move(0);
+    Process second = move(1);
+    for (const int status : {first.wait().status, second.wait().status}) {
+        EXPECT_TRUE(status == 0 || status == 4) << status;
+    }
+    for (const std::size_t card : {0U, 1U}) {
+        EXPECT_EQ(move(card).wait().status, 0);
+    }
+    std::set<std::string> archived;
+    for (const auto& [name, content] : filesBelow(archive_ / "Archive")) {
+        archived.insert(content);
+    }
+    EXPECT_EQ(archived, contents);
+}
+
+TEST_F(Cli, AMoveThatALogoutEndsStopsCleanlyAndCanBeTakenBack) {
+    for (int number = 0; number < 300; ++number) {
+        source_.write("many/" + std::to_string(number) + ".jpg", "photo " + std::to_string(number));
+    }
+    const auto before = filesBelow(source_.path());
+    for (const auto& signals :
+         {std::array{SIGTERM, SIGHUP}, std::array{SIGHUP, SIGHUP}, std::array{SIGINT, SIGINT}}) {
+        Process move(words({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes", "--quiet"}),
+                     preferences_.path(), Reader::reads);
+        const auto filesLeft = [this] {
+            return std::distance(std::filesystem::directory_iterator((source_ / "many").bytes()), {});
+        };
+        while (filesLeft() > 280) {
+            std::this_thread::yield();
+        }
+        move.send(signals[0]);
+        move.send(signals[1]);
+        EXPECT_EQ(move.wait().status, 130);
+        EXPECT_EQ(jsonLines(run({"runs", "--json"}).out)[0].at("state"), "cancelled");
+        const Outcome undone = run({"undo", "--yes", "--quiet"});
+        EXPECT_EQ(undone.status, 0) << undone.err;
+        EXPECT_EQ(filesBelow(source_.path()), before);
+        EXPECT_EQ(filesBelow(archive_ / "Archive").size(), 0U);
+    }
 }
 
 TEST_F(Cli, WrongUsageIsToldAndTouchesNothing) {
@@ -236,14 +358,18 @@ TEST_F(Cli, UndoTakesBackWhatIsUnchangedAndTellsTheRest) {
 
     const FilePath undated = archive_ / "Archive/_Unknown Date/undated.mov";
     archive_.write("Archive/_Unknown Date/undated.mov", "edited meanwhile");
-    std::filesystem::remove((source_ / "card/undated.mov").bytes());
+    std::filesystem::remove((source_ / "holiday/IMG_20210314_153045.jpg").bytes());
     EXPECT_EQ(run({"undo", journal.bytes()}).status, 2) << "not without a terminal or --yes";
     const Outcome undone = run({"undo", journal.bytes(), "--yes"});
     EXPECT_EQ(undone.status, 1);
-    EXPECT_THAT(undone.out, HasSubstr("3 restored or removed, 0 no longer there, 1 left alone."));
-    EXPECT_THAT(undone.out, HasSubstr("The originals of 1 are no longer where they were"));
+    EXPECT_THAT(undone.out, HasSubstr("2 restored or removed, 0 no longer there, 2 left alone."));
+    EXPECT_THAT(undone.out, HasSubstr("1 file will be left in place"));
     EXPECT_THAT(undone.err, HasSubstr("File was modified after transfer."));
+    EXPECT_THAT(undone.err, HasSubstr("Left in place: its original is no longer there: "));
     EXPECT_EQ(contentOf(undated), "edited meanwhile");
+    std::filesystem::remove_all((archive_ / "Archive/_Unknown Date").bytes());
+    std::filesystem::remove_all(source_.path().bytes());
+    EXPECT_EQ(run({"undo", journal.bytes(), "--yes"}).status, 1) << "it found nothing where all should be";
 
     const std::string whole = contentOf(journal);
     for (const std::string& wrong : {whole.substr(0, whole.size() / 2), std::string("{}"), std::string()}) {
