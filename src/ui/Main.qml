@@ -106,6 +106,7 @@ Window {
 
         SourcesScreen {
             model: window.sourcesModel
+            report: window.reportModel
         }
     }
 

@@ -30,6 +30,7 @@ struct Machine {
     const Volumes& volumes;
     QSettings& settings;
     Desktop desktop;
+    const RunJournals& journals;
 };
 
 /// The whole program behind its main window: state, models, texts. Main thread only. Destroying it

@@ -1,4 +1,6 @@
+#include "app/SettingsFile.h"
 #include "platform/Clock.h"
+#include "platform/Interrupt.h"
 #include "platform/PosixFileSystem.h"
 #include "platform/Volumes.h"
 #include "ui/Program.h"
@@ -16,8 +18,10 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string_view>
 
 namespace {
@@ -83,8 +87,15 @@ int main(int argc, char* argv[]) {
         return 0;
     }
     const lumeo::Start start = thisStart(arguments);
+    lumeo::turnWriteSignalsIntoErrors();
     QGuiApplication application(argc, argv);
     name(application);
+    // The end of a session ends the event loop; taking the state down then stops what is running.
+    const lumeo::Interrupt interrupt;
+    const std::stop_callback ending(interrupt.token(), [&application] {
+        QMetaObject::invokeMethod(
+            &application, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+    });
 
     lumeo::SingleInstance instance(QStringLiteral("lumeo"));
     if (!instance.claim(start)) {
@@ -94,7 +105,8 @@ int main(int argc, char* argv[]) {
     lumeo::PosixFileSystem fileSystem;
     const lumeo::SystemClock clock;
     const lumeo::SystemVolumes volumes;
-    QSettings settings;
+    const lumeo::RunJournals journals(fileSystem, lumeo::RunJournals::userFolder());
+    const std::unique_ptr<QSettings> settings = lumeo::openSettings(fileSystem, lumeo::settingsFile());
 
     QQmlEngine engine;
     lumeo::DesktopFolderChooser folderChooser(engine);
@@ -103,8 +115,9 @@ int main(int argc, char* argv[]) {
     lumeo::Program program(engine, {.fileSystem = fileSystem,
                                     .clock = clock,
                                     .volumes = volumes,
-                                    .settings = settings,
-                                    .desktop = {folderChooser, savePanel, fileBrowser}});
+                                    .settings = *settings,
+                                    .desktop = {folderChooser, savePanel, fileBrowser},
+                                    .journals = journals});
     QObject::connect(&engine, &QQmlEngine::quit, &application, &QCoreApplication::quit);
 
     auto* window = program.makeWindow();
@@ -127,7 +140,7 @@ int main(int argc, char* argv[]) {
     QObject::connect(&run, &lumeo::ProcessingModel::isRunningChanged, &launcher, showRun);
     QObject::connect(&run, &lumeo::ProcessingModel::progressChanged, &launcher, showRun);
 
-    const lumeo::WindowPlace place(*window, settings);
+    const lumeo::WindowPlace place(*window, *settings);
     show(*window);
     showSettingsIfAsked(*window, start);
     return QGuiApplication::exec();

@@ -30,13 +30,15 @@ struct MadeProgram {
     SystemClock clock;
     MadeVolumes volumes;
     MadeDesktop desktop;
+    RunJournals journals{realDisk, folder / "journals"};
     QQmlEngine engine;
     Program program{(settings.setValue(QStringLiteral("appLanguage"), QStringLiteral("en")), engine),
                     {.fileSystem = disk,
                      .clock = clock,
                      .volumes = volumes,
                      .settings = settings,
-                     .desktop = {desktop, desktop, desktop}}};
+                     .desktop = {desktop, desktop, desktop},
+                     .journals = journals}};
     AppState& state = program.state();
     QQuickWindow* window = program.makeWindow();
 

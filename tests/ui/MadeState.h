@@ -87,11 +87,13 @@ struct MadeState {
     SystemClock clock;
     MadeVolumes volumes;
     MadeDesktop desktop;
+    RunJournals journals{realDisk, folder / "journals"};
     AppState state{{.fileSystem = disk,
                     .clock = clock,
                     .volumes = volumes,
                     .preferences = preferences,
-                    .desktop = {desktop, desktop, desktop}}};
+                    .desktop = {desktop, desktop, desktop},
+                    .journals = journals}};
 
     /// Writes a photo that carries its own date.
     FilePath writePhoto(std::string_view relative, const std::string& date = "2021:03:14 15:30:45") const {

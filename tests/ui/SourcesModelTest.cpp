@@ -2,6 +2,9 @@
 
 #include "support/SystemSettings.h"
 #include "ui/MadeState.h"
+#include "ui/models/RunHistoryModel.h"
+
+#include <filesystem>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -82,6 +85,35 @@ TEST_F(SourcesModelTest, CardsComeAndGoOneByOneWithTheirSources) {
     model_.clear();
     EXPECT_EQ(model_.count(), 0);
     EXPECT_EQ(reset.size(), 0);
+}
+
+TEST(RunHistoryModelTest, OffersToTakeBackWhatRanBeforeAndSaysWhatThatWouldLeave) {
+    MadeState made;
+    made.writePhoto("source/a.jpg");
+    made.writePhoto("source/b.jpg");
+    const FilePath gone = made.writePhoto("source/c.jpg");
+    RunHistoryModel model(made.state, made.localization);
+    EXPECT_FALSE(model.canUndoCompleted());
+    ASSERT_TRUE(made.goToReport());
+    ASSERT_TRUE(testing::waitUntil([&] { return model.canUndoCompleted(); }));
+    EXPECT_EQ(model.interrupted(), QString());
+
+    std::filesystem::remove(gone.bytes());
+    model.considerCompleted();
+    EXPECT_TRUE(model.showUndoAlert());
+    ASSERT_TRUE(testing::waitUntil([&] { return !model.forecast().isEmpty(); }));
+    EXPECT_EQ(model.forecast(),
+              QStringLiteral("1 file will be left in place: its original is no longer there."));
+    model.keep();
+    model.confirmUndo(); // nobody asks any more
+    EXPECT_FALSE(made.state.isUndoing());
+    model.considerCompleted();
+    model.confirmUndo();
+    ASSERT_TRUE(testing::waitUntil([&] { return made.state.undoResult().has_value(); }));
+    EXPECT_EQ(made.state.undoResult()->restoredCount, 2);
+    EXPECT_EQ(made.state.undoResult()->failedCount, 1);
+    EXPECT_TRUE(testing::waitUntil([&] { return model.canUndoCompleted(); }))
+        << "what is left can be tried again";
 }
 
 TEST(LastOperationTextsTest, TellTheLastRunInTheLanguageOfTheInterface) {

@@ -2,6 +2,7 @@
 
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
+#include "ui/models/RunTexts.h"
 #include "ui/models/ShownText.h"
 
 #include <QLocale>
@@ -52,6 +53,7 @@ PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, Th
     connect(&state, &AppState::isProcessingChanged, this, &PreviewModel::outcomeChanged);
     connect(&state, &AppState::operationProgressChanged, this, &PreviewModel::outcomeChanged);
     connect(&state, &AppState::destinationVolumeChanged, this, &PreviewModel::outcomeChanged);
+    connect(&state, &AppState::runRefusalChanged, this, &PreviewModel::outcomeChanged);
     connect(&texts, &LocalizationManager::currentLanguageChanged, this, &PreviewModel::textsChanged);
     connect(&rows_, &PreviewRows::countChanged, this, &PreviewModel::listedChanged);
     connect(&inspector_, &InspectorModel::itemChanged, this, &PreviewModel::currentRowChanged);
@@ -178,6 +180,9 @@ QString PreviewModel::planningText() const {
 }
 
 QString PreviewModel::refusal() const {
+    if (state_.runRefusal()) {
+        return asSentence(state_.runRefusal()->sentence);
+    }
     OperationProgress refused;
     refused.errorsCount = 1;
     const auto& volume = state_.destinationVolume();

@@ -35,6 +35,7 @@ ReportModel::ReportModel(AppState& state, const LocalizationManager& texts, cons
     connect(&state, &AppState::completedStepsChanged, this, &ReportModel::letGoOfItems);
     connect(&state, &AppState::organizationPlanChanged, this, &ReportModel::destinationChanged);
     connect(&state, &AppState::isUndoingChanged, this, &ReportModel::undoChanged);
+    connect(&state, &AppState::undoForecastChanged, this, &ReportModel::undoForecastChanged);
     connect(&state, &AppState::undoProgressChanged, this, &ReportModel::undoProgressChanged);
     connect(&state, &AppState::undoResultChanged, this, &ReportModel::takeUndoResult);
     connect(&texts, &LocalizationManager::currentLanguageChanged, this, &ReportModel::undoChanged);
@@ -191,6 +192,9 @@ void ReportModel::endExport(const QString& message, bool failed) {
 void ReportModel::setShowUndoAlert(bool show) {
     if (show != showUndoAlert_) {
         showUndoAlert_ = show;
+        if (show) {
+            state_.considerUndo();
+        }
         emit undoChanged();
     }
 }
@@ -202,6 +206,14 @@ void ReportModel::confirmUndo() {
 
 void ReportModel::stopUndo() {
     state_.stopUndo();
+}
+
+QString ReportModel::undoForecast() const {
+    return forecastText(state_.undoForecast());
+}
+
+QString ReportModel::journalProblem() const {
+    return hasManifest() ? asSentence(state_.journalProblem()) : QString();
 }
 
 bool ReportModel::isUndoing() const {
@@ -238,8 +250,15 @@ void ReportModel::takeUndoResult() {
 
 QString ReportModel::undoStatusMessage() const {
     const auto& result = state_.undoResult();
+    if (!state_.undoRefusal().empty()) {
+        return asSentence(state_.undoRefusal());
+    }
     return result ? QStringLiteral("Rollback complete: %1 files restored/removed.").arg(result->restoredCount)
                   : QString();
+}
+
+bool ReportModel::undoIsComplete() const {
+    return state_.undoRefusal().empty() && undoWarningCount() == 0;
 }
 
 QString ReportModel::undoCounts() const {

@@ -39,6 +39,8 @@ class ReportModel : public QObject {
     Q_PROPERTY(QString mode READ mode NOTIFY figuresChanged)
     Q_PROPERTY(QString photosVsVideos READ photosVsVideos NOTIFY figuresChanged)
     Q_PROPERTY(QString unknownDates READ unknownDates NOTIFY figuresChanged)
+    /// Why the journal of the run is not kept on disk; empty when it is.
+    Q_PROPERTY(QString journalProblem READ journalProblem NOTIFY figuresChanged)
     Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY destinationChanged)
 
     Q_PROPERTY(bool isExporting READ isExporting NOTIFY exportChanged)
@@ -46,12 +48,14 @@ class ReportModel : public QObject {
     Q_PROPERTY(QString exportMessage READ exportMessage NOTIFY exportChanged) ///< how the last one ended
 
     Q_PROPERTY(bool showUndoAlert READ showUndoAlert WRITE setShowUndoAlert NOTIFY undoChanged)
+    Q_PROPERTY(QString undoForecast READ undoForecast NOTIFY undoForecastChanged)
     Q_PROPERTY(bool isUndoing READ isUndoing NOTIFY undoChanged)
     Q_PROPERTY(double undoFraction READ undoFraction NOTIFY undoProgressChanged) ///< from 0 to 1
     /// "120 / 4000 files processed"; empty until the first file is looked at.
     Q_PROPERTY(QString undoProgressText READ undoProgressText NOTIFY undoProgressChanged)
     Q_PROPERTY(QString undoStatusMessage READ undoStatusMessage NOTIFY undoChanged) ///< empty before
-    Q_PROPERTY(QString undoCounts READ undoCounts NOTIFY undoChanged) ///< empty when all went well
+    Q_PROPERTY(bool undoIsComplete READ undoIsComplete NOTIFY undoChanged) ///< nothing was left as it was
+    Q_PROPERTY(QString undoCounts READ undoCounts NOTIFY undoChanged)      ///< empty when all went well
     Q_PROPERTY(QAbstractItemModel* undoWarnings READ undoWarnings CONSTANT)
     Q_PROPERTY(int undoWarningCount READ undoWarningCount NOTIFY undoChanged)
 
@@ -71,16 +75,19 @@ public:
     [[nodiscard]] QString mode() const;
     [[nodiscard]] QString photosVsVideos() const;
     [[nodiscard]] QString unknownDates() const;
+    [[nodiscard]] QString journalProblem() const;
     [[nodiscard]] bool hasDestination() const;
     [[nodiscard]] bool isExporting() const { return isExporting_; }
     [[nodiscard]] bool exportFailed() const { return exportFailed_; }
     [[nodiscard]] const QString& exportMessage() const { return exportMessage_; }
     [[nodiscard]] bool showUndoAlert() const { return showUndoAlert_; }
     void setShowUndoAlert(bool show);
+    [[nodiscard]] QString undoForecast() const;
     [[nodiscard]] bool isUndoing() const;
     [[nodiscard]] double undoFraction() const;
     [[nodiscard]] QString undoProgressText() const;
     [[nodiscard]] QString undoStatusMessage() const;
+    [[nodiscard]] bool undoIsComplete() const;
     [[nodiscard]] QString undoCounts() const;
     [[nodiscard]] QAbstractItemModel* undoWarnings() { return &undoWarnings_; }
     [[nodiscard]] int undoWarningCount() const { return undoWarnings_.rowCount(); }
@@ -99,6 +106,7 @@ signals:
     void destinationChanged();
     void exportChanged();
     void undoChanged();
+    void undoForecastChanged();
     void undoProgressChanged();
 
 private:

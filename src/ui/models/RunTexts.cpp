@@ -38,7 +38,26 @@ QString percentText(std::int64_t part, std::int64_t whole) {
 }
 
 QString fileCountText(std::int64_t count) {
-    return shownNumber(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+    return shownText(TextFormat::count(count, "file"));
+}
+
+QString forecastText(const std::optional<UndoForecast>& forecast) {
+    if (!forecast || forecast->withoutOriginal == 0) {
+        return {};
+    }
+    return forecast->withoutOriginal == 1
+               ? QStringLiteral("1 file will be left in place: its original is no longer there.")
+               : QStringLiteral("%1 files will be left in place: their originals are no longer there.")
+                     .arg(shownNumber(forecast->withoutOriginal));
+}
+
+QString asSentence(std::string_view text) {
+    QString sentence = shownText(text);
+    if (sentence.isEmpty()) {
+        return sentence;
+    }
+    sentence[0] = sentence[0].toUpper();
+    return sentence.endsWith(QLatin1Char('.')) ? sentence : sentence + QLatin1Char('.');
 }
 
 } // namespace lumeo

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "transfer/UndoEngine.h"
+
 #include <QString>
 
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 namespace lumeo {
 
@@ -19,5 +23,11 @@ QString percentText(std::int64_t part, std::int64_t whole);
 
 /// "1 file", "2 files".
 QString fileCountText(std::int64_t count);
+
+/// What an undo that is being considered will leave in place; empty when that is nothing, or not known yet.
+QString forecastText(const std::optional<UndoForecast>& forecast);
+
+/// A sentence of the core, which begins small and has no full stop, as a screen shows it.
+QString asSentence(std::string_view text);
 
 } // namespace lumeo

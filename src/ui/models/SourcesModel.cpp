@@ -26,7 +26,7 @@ std::vector<FilePath> pathsOf(const QByteArray& uriList) {
 } // namespace
 
 SourcesModel::SourcesModel(AppState& state, const LocalizationManager& localization, QObject* parent)
-    : QObject(parent), state_(state), localization_(localization) {
+    : QObject(parent), state_(state), localization_(localization), history_(state, localization) {
     connect(&state_, &AppState::sourcesChanged, this, &SourcesModel::showSources);
     connect(&state_, &AppState::lastOperationSummaryChanged, this, &SourcesModel::showLastOperation);
     connect(this, &SourcesModel::sourcesChanged, this, &SourcesModel::canScanChanged);

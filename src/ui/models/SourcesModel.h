@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/models/LastOperationTexts.h"
+#include "ui/models/RunHistoryModel.h"
 #include "ui/models/SourceCards.h"
 
 #include <QByteArray>
@@ -22,6 +23,7 @@ class SourcesModel : public QObject {
     Q_PROPERTY(int count READ count NOTIFY sourcesChanged)
     Q_PROPERTY(QString countText READ countText NOTIFY sourcesChanged)
     Q_PROPERTY(bool canScan READ canScan NOTIFY canScanChanged)
+    Q_PROPERTY(lumeo::RunHistoryModel* history READ history CONSTANT)
     Q_PROPERTY(lumeo::LastOperationTexts lastOperation READ lastOperation NOTIFY lastOperationChanged)
 
 public:
@@ -29,6 +31,7 @@ public:
     SourcesModel(AppState& state, const LocalizationManager& localization, QObject* parent = nullptr);
 
     [[nodiscard]] SourceCards* cards() { return &cards_; }
+    [[nodiscard]] RunHistoryModel* history() { return &history_; }
     [[nodiscard]] int count() const { return cards_.rowCount(); }
     [[nodiscard]] QString countText() const;
     [[nodiscard]] bool canScan() const; ///< never during a run or an undo
@@ -56,6 +59,7 @@ private:
     AppState& state_;
     const LocalizationManager& localization_;
     SourceCards cards_;
+    RunHistoryModel history_;
     LastOperationTexts lastOperation_;
 };
 

@@ -8,6 +8,8 @@ Card {
     id: card
 
     required property var texts
+    property bool canUndo: false
+    signal undo
 
     contentItem: ColumnLayout {
         spacing: Theme.s12
@@ -30,6 +32,13 @@ Card {
                     font.weight: Font.DemiBold
                     horizontalAlignment: Text.AlignLeft
                     Accessible.role: Accessible.Heading
+                }
+
+                LinkButton {
+                    objectName: "undoCompleted"
+                    visible: card.canUndo
+                    text: qsTrId("report.undo")
+                    onClicked: card.undo()
                 }
             }
 

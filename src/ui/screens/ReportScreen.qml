@@ -61,6 +61,14 @@ Item {
                 }
             }
 
+            Banner {
+                objectName: "journalProblem"
+                Layout.fillWidth: true
+                visible: text !== ""
+                symbol: "exclamationmark.triangle.fill"
+                text: screen.model.journalProblem
+            }
+
             ReportActions {
                 Layout.fillWidth: true
                 model: screen.model
@@ -118,15 +126,10 @@ Item {
         }
     }
 
-    Alert {
-        id: undoConfirmation
+    UndoQuestion {
+        id: undoQuestion
 
-        objectName: "undoConfirmation"
-        title: qsTrId("report.undoConfirmTitle")
-        message: qsTrId("report.undoConfirmMessage")
-        confirmText: qsTrId("report.undoConfirmButton")
-        cancelText: qsTrId("preview.cancel")
-        destructive: true
+        forecast: screen.model.undoForecast
         onConfirmed: screen.model.confirmUndo()
         onCancelled: screen.model.showUndoAlert = false
     }
@@ -135,10 +138,7 @@ Item {
         target: screen.model
 
         function onUndoChanged() {
-            if (screen.model.showUndoAlert)
-                undoConfirmation.open();
-            else
-                undoConfirmation.close();
+            undoQuestion.ask(screen.model.showUndoAlert);
         }
     }
 }

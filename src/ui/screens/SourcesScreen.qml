@@ -8,6 +8,7 @@ Item {
     id: screen
 
     required property SourcesModel model
+    property ReportModel report: null // whose undo, and how it ended, is shown here too
 
     // Whatever is dropped anywhere on the screen is meant for the zone.
     DropArea {
@@ -66,10 +67,28 @@ Item {
                 model: screen.model
             }
 
+            InterruptedRun {
+                Layout.fillWidth: true
+                visible: screen.model.history.interrupted !== ""
+                history: screen.model.history
+            }
+
+            Loader {
+                Layout.fillWidth: true
+                active: screen.report !== null
+                        && (screen.report.isUndoing || screen.report.undoStatusMessage !== "")
+                visible: active
+                sourceComponent: UndoOutcome {
+                    model: screen.report
+                }
+            }
+
             LastOperationCard {
                 Layout.fillWidth: true
                 visible: screen.model.lastOperation.isPresent
                 texts: screen.model.lastOperation
+                canUndo: screen.model.history.canUndoCompleted
+                onUndo: screen.model.history.considerCompleted()
             }
         }
     }
@@ -119,6 +138,22 @@ Item {
             trailingSymbol: true
             enabled: screen.model.canScan
             onClicked: screen.model.scan()
+        }
+    }
+
+    UndoQuestion {
+        id: undoQuestion
+
+        forecast: screen.model.history.forecast
+        onConfirmed: screen.model.history.confirmUndo()
+        onCancelled: screen.model.history.keep()
+    }
+
+    Connections {
+        target: screen.model.history
+
+        function onAlertChanged() {
+            undoQuestion.ask(screen.model.history.showUndoAlert);
         }
     }
 }

@@ -45,8 +45,8 @@ Card {
             spacing: Theme.s8
 
             Symbol {
-                name: outcome.model.undoWarningCount > 0 ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
-                color: outcome.model.undoWarningCount > 0 ? Theme.orange : Theme.green
+                name: outcome.model.undoIsComplete ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
+                color: outcome.model.undoIsComplete ? Theme.green : Theme.orange
             }
 
             ColumnLayout {
