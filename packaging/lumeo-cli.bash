@@ -6,7 +6,7 @@ _lumeo_cli() {
 
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        mapfile -t COMPREPLY < <(compgen -W "scan plan organize duplicates undo --help --version" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "scan plan organize duplicates undo runs --help --version" -- "$word")
         return
     fi
     case $before in
@@ -30,6 +30,7 @@ _lumeo_cli() {
         scan) options="--analyze-duplicates --json --quiet --help" ;;
         duplicates) options="--json --quiet --help" ;;
         undo) options="--yes --quiet --help" ;;
+        runs) options="--json --help" ;;
         plan | organize)
             options="--to --preset --template --mode --duplicates --unknown-dates --analyze-duplicates"
             options+=" --json --quiet --help"
