@@ -1,6 +1,7 @@
 #include "platform/photo/LibraryReader.h"
 
 #include "platform/photo/ExifValues.h"
+#include "platform/photo/Exiv2Versions.h"
 
 #include <algorithm>
 #include <array>
@@ -10,8 +11,7 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include <exiv2/exiv2.hpp>
+#include <utility>
 
 namespace lumeo {
 
@@ -37,7 +37,7 @@ std::optional<std::int64_t> pixels(const Exiv2::ExifData& exif, const char* key)
         (datum->typeId() != Exiv2::unsignedShort && datum->typeId() != Exiv2::unsignedLong)) {
         return std::nullopt;
     }
-    const std::int64_t value = datum->toLong();
+    const std::int64_t value = exiv2::integer(*datum);
     return value > 0 ? std::optional(value) : std::nullopt;
 }
 
@@ -49,7 +49,7 @@ std::optional<double> degrees(const Exiv2::ExifData& exif, const char* key) {
         return std::nullopt;
     }
     for (std::size_t i = 0; i < count; ++i) {
-        const auto [numerator, denominator] = datum->toRational(static_cast<long>(i));
+        const auto [numerator, denominator] = datum->toRational(static_cast<exiv2::Size>(i));
         // The library hands unsigned fractions on as signed ones.
         parts[i] = {static_cast<std::uint32_t>(numerator), static_cast<std::uint32_t>(denominator)};
     }
@@ -76,9 +76,8 @@ PhotoProperties readBytes(std::string_view bytes, Exiv2::NewInstanceFct open) {
     try {
         constexpr bool createsFile = false;
         const auto* const data = reinterpret_cast<const Exiv2::byte*>(bytes.data());
-        // NOLINTNEXTLINE(clang-diagnostic-deprecated-declarations): the library still asks for it
-        Exiv2::BasicIo::AutoPtr io(new Exiv2::MemIo(data, static_cast<long>(bytes.size())));
-        image.reset(open(io, createsFile).release());
+        exiv2::Input input(new Exiv2::MemIo(data, static_cast<exiv2::Size>(bytes.size())));
+        image.reset(open(std::move(input), createsFile).release());
         if (image) {
             image->readMetadata();
         }

@@ -1,6 +1,7 @@
 #include "ui/thumbnails/FrameImage.h"
 
 #include "ui/thumbnails/PictureShape.h"
+#include "ui/thumbnails/TrackSideData.h"
 
 #include <QTransform>
 
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <memory>
+#include <span>
 
 extern "C" {
 #include <libavformat/avformat.h>
@@ -24,13 +26,12 @@ struct FreeScaler {
 
 /// The quarter turn or mirroring that the track's matrix comes nearest to; its scale is not followed.
 QTransform turnOf(const AVStream& track) {
-    std::size_t size = 0;
-    const std::uint8_t* const data = av_stream_get_side_data(&track, AV_PKT_DATA_DISPLAYMATRIX, &size);
+    const std::span<const std::uint8_t> data = sideData(track, AV_PKT_DATA_DISPLAYMATRIX);
     std::array<std::int32_t, 9> matrix{};
-    if (data == nullptr || size < sizeof matrix) {
+    if (data.size() < sizeof matrix) {
         return {};
     }
-    std::copy_n(data, sizeof matrix, reinterpret_cast<std::uint8_t*>(matrix.data()));
+    std::copy_n(data.data(), sizeof matrix, reinterpret_cast<std::uint8_t*>(matrix.data()));
     const auto sign = [&](std::size_t index) { return matrix.at(index) < 0 ? -1 : 1; };
     const auto weight = [&](std::size_t index) { return std::abs(static_cast<double>(matrix.at(index))); };
     return weight(0) + weight(4) >= weight(1) + weight(3) ? QTransform(sign(0), 0, 0, sign(4), 0, 0)

@@ -64,7 +64,16 @@ struct Reader {
     }
 };
 
-constexpr heif_reader readerTable{1, Reader::tell, Reader::read, Reader::seek, Reader::waitForSize};
+/// Of the first version: later ones have more members, which stay empty.
+heif_reader readerTable() {
+    heif_reader table{};
+    table.reader_api_version = 1;
+    table.get_position = Reader::tell;
+    table.read = Reader::read;
+    table.seek = Reader::seek;
+    table.wait_for_file_size = Reader::waitForSize;
+    return table;
+}
 
 bool isOk(const heif_error& error) {
     return error.code == heif_error_Ok;
@@ -148,9 +157,10 @@ QImage heifImage(BoundedFile& file, QSize pixels) {
         return {};
     }
     Reader reader{file};
+    const heif_reader table = readerTable();
     const Context context(heif_context_alloc());
     heif_image_handle* handle = nullptr;
-    if (!context || !isOk(heif_context_read_from_reader(context.get(), &readerTable, &reader, nullptr)) ||
+    if (!context || !isOk(heif_context_read_from_reader(context.get(), &table, &reader, nullptr)) ||
         !isOk(heif_context_get_primary_image_handle(context.get(), &handle))) {
         return {};
     }

@@ -1,13 +1,12 @@
 #include "ui/thumbnails/RawPreview.h"
 
+#include "platform/photo/Exiv2Versions.h"
 #include "ui/thumbnails/CommonImage.h"
 
 #include <algorithm>
 #include <exception>
 #include <mutex>
 #include <string>
-
-#include <exiv2/exiv2.hpp>
 
 namespace lumeo {
 namespace {
@@ -40,14 +39,15 @@ void prepareLibrary() {
     static std::once_flag isPrepared;
     std::call_once(isPrepared, [] {
         Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-        Exiv2::enableBMFF(true);
+        exiv2::enableBoxes();
         Exiv2::XmpParser::initialize();
     });
 }
 
 int orientationOf(const Exiv2::Image& image) {
     const auto found = image.exifData().findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
-    return found != image.exifData().end() && found->count() > 0 ? static_cast<int>(found->toLong()) : 1;
+    return found != image.exifData().end() && found->count() > 0 ? static_cast<int>(exiv2::integer(*found))
+                                                                 : 1;
 }
 
 bool fills(const Exiv2::PreviewProperties& preview, QSize pixels) {
@@ -83,8 +83,7 @@ QImage rawPreview(BoundedFile& file, QSize pixels) {
             return {};
         }
         const auto* const data = reinterpret_cast<const Exiv2::byte*>(bytes.data());
-        // NOLINTNEXTLINE(clang-diagnostic-deprecated-declarations): the library still gives it
-        const Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::open(data, static_cast<long>(file.size()));
+        const auto image = Exiv2::ImageFactory::open(data, static_cast<exiv2::Size>(file.size()));
         image->readMetadata();
         return bestPreview(*image, pixels);
     } catch (const std::exception&) {
