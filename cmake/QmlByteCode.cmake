@@ -1,0 +1,12 @@
+# What is generated from a target's QML files holds byte code only: bindings that ask the theme gain nothing
+# from becoming C++, which takes a minute to compile. All of it is compiled as one file, for each by itself
+# would read the same headers for a second.
+function(lumeo_bundle_byte_code target)
+    set_target_properties(${target} PROPERTIES
+        QT_QMLCACHEGEN_ARGUMENTS --only-bytecode
+        UNITY_BUILD ON
+        UNITY_BUILD_MODE GROUP)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/\\.rcc/qmlcache/.*\\.cpp$")
+    set_source_files_properties(${sources} PROPERTIES UNITY_GROUP byte_code)
+endfunction()
