@@ -375,6 +375,7 @@ TEST(PhotoReaderTest, readsFilesMadeOfChunks) {
     for (const char byte : tiff) {
         profile << std::setw(2) << std::setfill('0') << (static_cast<unsigned>(byte) & 0xFFU);
     }
+    profile << '\n';
     const PhotoProperties asText = propertiesOf(pngOf(header + pngChunk("tEXt", profile.str())));
     EXPECT_EQ(asText.gps, png.gps);
     EXPECT_EQ(asText.tiff, png.tiff);
