@@ -76,6 +76,7 @@ PhotoProperties readBytes(std::string_view bytes, Exiv2::NewInstanceFct open) {
     try {
         constexpr bool createsFile = false;
         const auto* const data = reinterpret_cast<const Exiv2::byte*>(bytes.data());
+        // NOLINTNEXTLINE(clang-diagnostic-deprecated-declarations): the library still asks for it
         exiv2::Input input(new Exiv2::MemIo(data, static_cast<exiv2::Size>(bytes.size())));
         image.reset(open(std::move(input), createsFile).release());
         if (image) {
