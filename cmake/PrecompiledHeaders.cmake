@@ -1,10 +1,11 @@
-# Three quarters of a first build would go into reading the same few headers. Each file names those it uses all
-# the same: the sanitizer presets build without these.
+# Reading the same few headers would be most of a first build. Each file names those it uses all the same:
+# the sanitizer presets build without these.
 
 # lumeo_precompile(target headers…): what nearly all of a large target reads, beside what the core reads.
 function(lumeo_precompile target)
     target_precompile_headers(${target} PRIVATE
-        <algorithm> <array> <chrono> <condition_variable> <filesystem> <functional> <memory> <mutex> <optional>
-        <span> <string> <string_view> <unordered_map> <utility> <variant> <vector> <nlohmann/json.hpp>
+        <algorithm> <array> <chrono> <condition_variable> <filesystem> <functional> <memory> <mutex>
+        <optional> <span> <string> <string_view> <unordered_map> <utility> <variant> <vector>
+        <nlohmann/json.hpp>
         ${ARGN})
 endfunction()
