@@ -1,6 +1,6 @@
 #include "platform/PosixFileSystem.h"
+#include "thumbnailer/ThumbnailMaker.h"
 #include "ui/thumbnails/HelperPipe.h"
-#include "ui/thumbnails/ThumbnailMaker.h"
 
 #include <QCoreApplication>
 

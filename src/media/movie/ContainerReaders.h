@@ -1,0 +1,41 @@
+#pragma once
+
+#include "media/movie/MovieProperties.h"
+
+#include <optional>
+
+namespace lumeo {
+
+class HeaderBytes;
+class ReadableFile;
+
+// One reader for each family of movie containers. Each gives nothing when the file is not of its
+// family, and what it could read when the file breaks off. They fill everything but
+// commonCreationDates. Calls on different files may run at the same time.
+//
+// The families that carry a recording date are walked here: libavformat gives no date for ASF, opens
+// no Matroska or ASF file that breaks off after its header, gives no size for MPEG-4 and H.263 video
+// in MP4 without decoding, and reads every sample table of a long movie (megabytes). All others,
+// which know only duration and size, are left to it.
+
+/// QuickTime, MP4 and 3GP.
+std::optional<MovieProperties> readIsoMovie(HeaderBytes& bytes);
+
+/// Matroska and WebM.
+std::optional<MovieProperties> readMatroskaMovie(HeaderBytes& bytes);
+
+/// ASF and WMV.
+std::optional<MovieProperties> readAsfMovie(HeaderBytes& bytes);
+
+/// AVI.
+std::optional<MovieProperties> readAviMovie(HeaderBytes& bytes);
+
+/// What libavformat recognises: MPEG program and transport streams, DV, Flash, audio files and more.
+std::optional<MovieProperties> readOtherMovie(ReadableFile& file);
+
+/// Adds the container's own creation time to the metadata, unless it is of 1904-01-01 or 1970-01-01:
+/// those days are what an unset clock counts from. `count` are units of `unitsPerSecond` since `epoch`; a
+/// count of 0 is unset, and one beyond the year 9999 is damage.
+void addContainerDate(MovieProperties& movie, Instant epoch, std::int64_t count, std::int64_t unitsPerSecond);
+
+} // namespace lumeo

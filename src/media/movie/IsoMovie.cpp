@@ -1,0 +1,285 @@
+#include "media/movie/ContainerReaders.h"
+#include "media/movie/HeaderBytes.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumeo {
+namespace {
+
+using BoxType = std::uint32_t;
+
+constexpr BoxType box(std::string_view name) {
+    BoxType type = 0;
+    for (const char letter : name) {
+        type = type << 8U | static_cast<unsigned char>(letter);
+    }
+    return type;
+}
+
+constexpr std::size_t longestText = 4096;
+constexpr std::size_t mostItems = 512;
+
+struct Box {
+    BoxType type = 0;
+    std::int64_t begin = 0; ///< of the content
+    std::int64_t end = 0;
+};
+
+/// The box at `offset` inside a space that ends at `end`; one that claims to be longer is cut there.
+std::optional<Box> boxAt(HeaderBytes& bytes, std::int64_t offset, std::int64_t end) {
+    const std::string head = bytes.read(offset, 16);
+    if (head.size() < 8 || end - offset < 8) {
+        return std::nullopt;
+    }
+    std::uint64_t size = bigEndian(head, 0, 4);
+    std::uint64_t headSize = 8;
+    if (size == 1) {
+        size = bigEndian(head, 8, 8);
+        headSize = 16;
+    }
+    const auto space = static_cast<std::uint64_t>(end - offset);
+    if (size == 0 && end == bytes.size()) {
+        size = space;
+    }
+    if (size < headSize || space < headSize) {
+        return std::nullopt;
+    }
+    return Box{static_cast<BoxType>(bigEndian(head, 4, 4)), offset + static_cast<std::int64_t>(headSize),
+               offset + static_cast<std::int64_t>(std::min(size, space))};
+}
+
+template<class Each>
+void forEachBox(HeaderBytes& bytes, std::int64_t begin, std::int64_t end, Each each) {
+    while (const std::optional<Box> found = boxAt(bytes, begin, end)) {
+        each(*found);
+        begin = found->end;
+    }
+}
+
+/// A signed fixed-point number as the display matrix holds them, with 16 bits behind the point.
+double fixedPoint(std::string_view bytes, std::size_t offset) {
+    return static_cast<std::int32_t>(bigEndian(bytes, offset, 4)) / 65536.0;
+}
+
+/// The key of an item that is named by four bytes of Latin-1, such as "©day".
+std::string latinKey(BoxType type) {
+    std::string key;
+    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
+        const unsigned letter = type >> shift & 0xFFU;
+        if (letter < 0x80U) {
+            key += static_cast<char>(letter);
+        } else {
+            key += static_cast<char>(0xC0U | letter >> 6U);
+            key += static_cast<char>(0x80U | (letter & 0x3FU));
+        }
+    }
+    return key;
+}
+
+class IsoMovie {
+public:
+    explicit IsoMovie(HeaderBytes& bytes) : bytes_(bytes) {}
+
+    std::optional<MovieProperties> read() {
+        const std::optional<Box> movie = findMovie();
+        if (!movie) {
+            return std::nullopt;
+        }
+        forEachBox(bytes_, movie->begin, movie->end, [this](const Box& child) { readPart(child); });
+        if (!hasHeader_) {
+            return std::nullopt;
+        }
+        if (timeScale_ > 0 && duration_ > 0) {
+            movie_.durationSeconds = static_cast<double>(duration_) / static_cast<double>(timeScale_);
+        }
+        return std::move(movie_);
+    }
+
+private:
+    [[nodiscard]] std::string content(const Box& of, std::size_t most) {
+        return bytes_.read(of.begin, std::min(most, static_cast<std::size_t>(of.end - of.begin)));
+    }
+
+    std::optional<Box> findMovie() {
+        static constexpr std::array firstBoxes{box("ftyp"), box("moov"), box("mdat"),
+                                               box("wide"), box("free"), box("skip"),
+                                               box("pnot"), box("uuid"), box("junk")};
+        std::optional<Box> found = boxAt(bytes_, 0, bytes_.size());
+        if (!found || std::ranges::find(firstBoxes, found->type) == firstBoxes.end()) {
+            return std::nullopt;
+        }
+        while (found && found->type != box("moov")) {
+            found = boxAt(bytes_, found->end, bytes_.size());
+        }
+        return found;
+    }
+
+    void readPart(const Box& part) {
+        switch (part.type) {
+        case box("mvhd"):
+            readHeader(content(part, 32));
+            break;
+        case box("trak"):
+            readTrack(part);
+            break;
+        case box("udta"):
+            forEachBox(bytes_, part.begin, part.end, [this](const Box& child) { readUserData(child); });
+            break;
+        case box("meta"):
+            readMetadata(part);
+            break;
+        case box("mvex"):
+            forEachBox(bytes_, part.begin, part.end,
+                       [this](const Box& child) { readFragmentsHeader(child); });
+            break;
+        default:
+            break;
+        }
+    }
+
+    void readHeader(std::string_view header) {
+        constexpr Instant epoch = std::chrono::sys_days{std::chrono::year{1904} / 1 / 1};
+        constexpr std::uint64_t secondsUntil1970 = 2'082'844'800;
+        hasHeader_ = true;
+        const bool isLong = bigEndian(header, 0, 1) == 1;
+        const std::size_t width = isLong ? 8 : 4;
+        const std::uint64_t created = bigEndian(header, 4, width);
+        // No movie was shot before 1970: such a time comes from a writer that counts from there.
+        addContainerDate(movie_, created < secondsUntil1970 ? Instant{} : epoch,
+                         static_cast<std::int64_t>(created), 1);
+        timeScale_ = bigEndian(header, 4 + 2 * width, 4);
+        setDuration(bigEndian(header, 8 + 2 * width, width), isLong);
+    }
+
+    /// A movie in fragments tells its whole duration here, and 0 in its header.
+    void readFragmentsHeader(const Box& part) {
+        if (part.type == box("mehd") && duration_ == 0) {
+            const std::string header = content(part, 12);
+            const bool isLong = bigEndian(header, 0, 1) == 1;
+            setDuration(bigEndian(header, 4, isLong ? 8 : 4), isLong);
+        }
+    }
+
+    void setDuration(std::uint64_t duration, bool isLong) {
+        const bool isUnknown = duration == (isLong ? ~std::uint64_t{0} : 0xFFFF'FFFFU);
+        duration_ = isUnknown ? 0 : duration;
+    }
+
+    void readTrack(const Box& track) {
+        if (movie_.videoTrack) {
+            return;
+        }
+        std::optional<MovieVideoTrack> size;
+        bool isVideo = false;
+        forEachBox(bytes_, track.begin, track.end, [&](const Box& part) {
+            if (part.type == box("tkhd")) {
+                size = trackSize(content(part, 96));
+            } else if (part.type == box("mdia")) {
+                forEachBox(bytes_, part.begin, part.end, [&](const Box& media) {
+                    isVideo |=
+                        media.type == box("hdlr") && bigEndian(content(media, 12), 8, 4) == box("vide");
+                });
+            }
+        });
+        if (isVideo) {
+            movie_.videoTrack = size;
+        }
+    }
+
+    static MovieVideoTrack trackSize(std::string_view header) {
+        const std::size_t matrix = bigEndian(header, 0, 1) == 1 ? 52 : 40;
+        const auto at = [&](std::size_t index) { return fixedPoint(header, matrix + 4 * index); };
+        MovieVideoTrack track;
+        track.transform = {at(0), at(1), at(3), at(4), at(6), at(7)};
+        track.naturalWidth = static_cast<double>(bigEndian(header, matrix + 36, 4)) / 65536.0;
+        track.naturalHeight = static_cast<double>(bigEndian(header, matrix + 40, 4)) / 65536.0;
+        return track;
+    }
+
+    void readUserData(const Box& item) {
+        if (item.type == box("meta")) {
+            readMetadata(item);
+        } else if (item.type >> 24U == 0xA9U) {
+            // A list of texts, one for each language: length, language, bytes.
+            const std::string texts = content(item, longestText);
+            for (std::size_t at = 0; at + 4 <= texts.size();) {
+                const std::size_t length = bigEndian(texts, at, 2);
+                addText(latinKey(item.type), texts.substr(at + 4, length));
+                at += 4 + length;
+            }
+        }
+    }
+
+    void readMetadata(const Box& metadata) {
+        // QuickTime's box starts with its parts, MP4's with a version.
+        const bool startsWithParts = bigEndian(content(metadata, 8), 4, 4) == box("hdlr");
+        std::vector<std::string> keys;
+        forEachBox(bytes_, metadata.begin + (startsWithParts ? 0 : 4), metadata.end, [&](const Box& part) {
+            if (part.type == box("keys")) {
+                keys = readKeys(part);
+            } else if (part.type == box("ilst")) {
+                forEachBox(bytes_, part.begin, part.end, [&](const Box& item) { readItem(item, keys); });
+            }
+        });
+    }
+
+    std::vector<std::string> readKeys(const Box& part) {
+        std::vector<std::string> keys;
+        // Each key is built like a box whose type is its name space.
+        forEachBox(bytes_, part.begin + 8, part.end, [&](const Box& key) {
+            if (keys.size() < mostItems) {
+                keys.push_back(content(key, longestText));
+            }
+        });
+        return keys;
+    }
+
+    void readItem(const Box& item, const std::vector<std::string>& keys) {
+        const std::string key = keys.empty()                                 ? latinKey(item.type)
+                                : item.type >= 1 && item.type <= keys.size() ? keys[item.type - 1]
+                                                                             : std::string();
+        if (key.empty()) {
+            return;
+        }
+        forEachBox(bytes_, item.begin, item.end, [&](const Box& value) {
+            constexpr std::uint64_t utf8 = 1;
+            if (value.type != box("data")) {
+                return;
+            }
+            const std::string data = content(value, 8 + longestText);
+            if (data.size() >= 8 && bigEndian(data, 0, 4) == utf8) {
+                addText(key, data.substr(8));
+            } else {
+                add({key, std::nullopt, std::nullopt});
+            }
+        });
+    }
+
+    void addText(std::string key, std::string_view text) {
+        add({std::move(key), std::nullopt, replacingInvalidUtf8(text.substr(0, text.find('\0')))});
+    }
+
+    void add(MovieMetadataItem item) {
+        if (movie_.metadata.size() < mostItems) {
+            movie_.metadata.push_back(std::move(item));
+        }
+    }
+
+    HeaderBytes& bytes_;
+    MovieProperties movie_;
+    bool hasHeader_ = false;
+    std::uint64_t timeScale_ = 0;
+    std::uint64_t duration_ = 0;
+};
+
+} // namespace
+
+std::optional<MovieProperties> readIsoMovie(HeaderBytes& bytes) {
+    return IsoMovie(bytes).read();
+}
+
+} // namespace lumeo

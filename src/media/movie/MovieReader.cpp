@@ -1,0 +1,49 @@
+#include "media/movie/MovieReader.h"
+
+#include "media/movie/ContainerReaders.h"
+#include "media/movie/HeaderBytes.h"
+#include "platform/FileSystem.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <string_view>
+
+namespace lumeo {
+namespace {
+
+std::optional<MovieProperties> readContainer(ReadableFile& file) {
+    static constexpr std::array readers{readIsoMovie, readMatroskaMovie, readAsfMovie, readAviMovie};
+    HeaderBytes bytes(file);
+    for (const auto reader : readers) {
+        if (std::optional<MovieProperties> movie = reader(bytes)) {
+            return movie;
+        }
+    }
+    return readOtherMovie(file);
+}
+
+} // namespace
+
+std::optional<MovieProperties> MovieReader::read(const FileSystem& fileSystem, const FilePath& path) {
+    const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
+    if (!file) {
+        return std::nullopt;
+    }
+    std::optional<MovieProperties> movie = readContainer(**file);
+    if (movie) {
+        if (movie->videoTrack &&
+            !(movie->videoTrack->naturalWidth > 0 && movie->videoTrack->naturalHeight > 0)) {
+            movie->videoTrack.reset(); // the header leaves the size open
+        }
+        static constexpr std::array<std::string_view, 3> dateKeys{"com.apple.quicktime.creationdate", "©day",
+                                                                  "creationDate"};
+        for (const std::string_view key : dateKeys) {
+            std::ranges::copy_if(movie->metadata, std::back_inserter(movie->commonCreationDates),
+                                 [&](const MovieMetadataItem& item) { return item.key == key; });
+        }
+    }
+    return movie;
+}
+
+} // namespace lumeo

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "media/BoundedFile.h"
+
+#include <QImage>
+#include <QSize>
+
+namespace lumeo {
+
+/// The embedded thumbnail of a HEIC or AVIF picture, else the picture itself, upright and fitted into
+/// `pixels`. Null when the content is no such picture.
+QImage heifImage(BoundedFile& file, QSize pixels);
+
+} // namespace lumeo
