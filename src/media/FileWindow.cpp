@@ -43,6 +43,14 @@ std::optional<std::string_view> FileWindow::view(std::uint64_t offset, std::size
     return recent_.view(offset, count);
 }
 
+std::string FileWindow::read(std::uint64_t offset, std::size_t count) {
+    if (offset >= size()) {
+        return {};
+    }
+    const auto there = static_cast<std::size_t>(std::min<std::uint64_t>(count, size() - offset));
+    return std::string(view(offset, there).value_or(std::string_view()));
+}
+
 std::size_t FileWindow::copy(std::uint64_t offset, char* target, std::size_t count) {
     constexpr auto furthest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
     std::size_t done = 0;

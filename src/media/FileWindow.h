@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace lumeo {
@@ -34,6 +35,10 @@ public:
     /// Exactly `count` bytes from `offset`, valid until the next call; absent where the file ends or
     /// cannot be read, above `largestView`, and when a budget is spent.
     std::optional<std::string_view> view(std::uint64_t offset, std::size_t count);
+
+    /// A copy of the bytes from `offset` on, fewer than `count` where the file ends; none where view() gives
+    /// none.
+    std::string read(std::uint64_t offset, std::size_t count);
 
     /// Reads up to `count` bytes straight into `target`, within the budget; gives how many came.
     std::size_t copy(std::uint64_t offset, char* target, std::size_t count);

@@ -1,5 +1,6 @@
+#include "media/ByteOrder.h"
+#include "media/FileWindow.h"
 #include "media/movie/ContainerReaders.h"
-#include "media/movie/HeaderBytes.h"
 
 #include <algorithm>
 #include <string_view>
@@ -16,7 +17,7 @@ constexpr auto streamProperties = "\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6\x00\
 constexpr auto videoStream = "\xC0\xEF\x19\xBC\x4D\x5B\xCF\x11\xA8\xFD\x00\x80\x5F\x5C\x44\x2B"sv;
 
 constexpr std::size_t identifierSize = 16;
-constexpr std::int64_t objectHeadSize = 24;
+constexpr std::uint64_t objectHeadSize = 24;
 
 void readFileProperties(std::string_view content, MovieProperties& movie) {
     constexpr Instant epoch = std::chrono::sys_days{std::chrono::year{1601} / 1 / 1};
@@ -42,16 +43,15 @@ void readStreamProperties(std::string_view content, MovieProperties& movie) {
 
 } // namespace
 
-std::optional<MovieProperties> readAsfMovie(HeaderBytes& bytes) {
-    const std::string head = bytes.read(0, 30);
+std::optional<MovieProperties> readAsfMovie(FileWindow& file) {
+    const std::string head = file.read(0, 30);
     if (!head.starts_with(headerObject)) {
         return std::nullopt;
     }
     MovieProperties movie;
-    const auto end =
-        std::min(littleEndian(head, identifierSize, 8), static_cast<std::uint64_t>(bytes.size()));
-    for (std::int64_t offset = 30; offset < static_cast<std::int64_t>(end);) {
-        const std::string object = bytes.read(offset, 96);
+    const std::uint64_t end = std::min(littleEndian(head, identifierSize, 8), file.size());
+    for (std::uint64_t offset = 30; offset < end;) {
+        const std::string object = file.read(offset, 96);
         const std::uint64_t size = littleEndian(object, identifierSize, 8);
         if (size < objectHeadSize || size > end) {
             break;
@@ -62,7 +62,7 @@ std::optional<MovieProperties> readAsfMovie(HeaderBytes& bytes) {
         } else if (object.starts_with(streamProperties)) {
             readStreamProperties(content, movie);
         }
-        offset += static_cast<std::int64_t>(size);
+        offset += size;
     }
     return movie;
 }

@@ -1,5 +1,7 @@
+#include "media/ByteOrder.h"
+#include "media/ChunkWalk.h"
+#include "media/FileWindow.h"
 #include "media/movie/ContainerReaders.h"
-#include "media/movie/HeaderBytes.h"
 #include "platform/CivilTime.h"
 
 #include <algorithm>
@@ -12,40 +14,30 @@
 namespace lumeo {
 namespace {
 
-constexpr std::int64_t chunkHeadSize = 8;
-constexpr std::int64_t kindSize = 4; // of a list
-
-struct Chunk {
-    std::string name;       ///< of a list, the kind of list
-    std::int64_t begin = 0; ///< of the content, behind a list's kind
-    std::int64_t end = 0;
-    bool isList = false;
+/// A chunk, or a list of them, which goes by its kind.
+struct Part {
+    std::string name;
+    FileRange content;
 };
 
-/// The chunk at `offset` inside a space that ends at `end`; one that claims to be longer is cut there.
-std::optional<Chunk> chunkAt(HeaderBytes& bytes, std::int64_t offset, std::int64_t end) {
-    const std::string head = bytes.read(offset, 12);
-    if (head.size() < 8 || end - offset < chunkHeadSize) {
-        return std::nullopt;
+Part partOf(FileWindow& file, const Chunk& chunk) {
+    constexpr std::uint64_t kindSize = 4;
+    if (chunk.tag != "LIST") {
+        return {chunk.tag, chunk.content};
     }
-    const std::string_view name = std::string_view(head).substr(0, 4);
-    Chunk chunk{std::string(name), offset + chunkHeadSize, 0, name == "RIFF" || name == "LIST"};
-    chunk.end = std::min(end, chunk.begin + static_cast<std::int64_t>(littleEndian(head, 4, 4)));
-    if (chunk.isList) {
-        chunk.name = head.substr(8);
-        chunk.begin = std::min(chunk.end, chunk.begin + kindSize);
-    }
-    return chunk;
+    const std::uint64_t skipped = std::min(kindSize, chunk.content.length);
+    return {file.read(chunk.content.offset, kindSize),
+            {chunk.content.offset + skipped, chunk.content.length - skipped}};
 }
 
-/// Calls `each` with the chunks up to the first one that `each` answers with false.
+/// Calls `each` with the parts up to the first one that `each` answers with false.
 template<class Each>
-void forEachChunk(HeaderBytes& bytes, std::int64_t begin, std::int64_t end, Each each) {
-    while (const std::optional<Chunk> found = chunkAt(bytes, begin, end)) {
-        if (!each(*found)) {
+void forEachPart(FileWindow& file, FileRange range, Each each) {
+    ChunkWalk walk(file, range, riffChunks);
+    while (const std::optional<Chunk> found = walk.next()) {
+        if (!each(partOf(file, *found))) {
             break;
         }
-        begin = found->end + (found->end - found->begin) % 2; // content is padded to whole words
     }
 }
 
@@ -119,17 +111,18 @@ bool isUnsetDay(const WallTime& time) {
 
 class AviMovie {
 public:
-    explicit AviMovie(HeaderBytes& bytes) : bytes_(bytes) {}
+    explicit AviMovie(FileWindow& file) : file_(file) {}
 
     std::optional<MovieProperties> read() {
-        const std::optional<Chunk> file = chunkAt(bytes_, 0, bytes_.size());
-        if (!file || !file->isList || file->name != "AVI ") {
+        constexpr std::uint64_t headSize = 12;
+        const std::string head = file_.read(0, headSize);
+        if (head.size() < headSize || !head.starts_with("RIFF") || !head.ends_with("AVI ")) {
             return std::nullopt;
         }
         // Up to the end of the file: a recording that was cut short never got its length written.
-        forEachChunk(bytes_, chunkHeadSize + kindSize, bytes_.size(), [this](const Chunk& chunk) {
-            readPart(chunk);
-            return chunk.name != "movi"; // the header ends where the pictures are
+        forEachPart(file_, {headSize, file_.size() - headSize}, [this](const Part& part) {
+            readPart(part);
+            return part.name != "movi"; // the header ends where the pictures are
         });
         const double fromFrames = frames_ * secondsPerFrame_;
         if (const double seconds = longestStream_ > 0 ? longestStream_ : fromFrames; seconds > 0) {
@@ -139,20 +132,20 @@ public:
     }
 
 private:
-    void readPart(const Chunk& chunk) {
-        if (chunk.name != "hdrl") {
-            readHeaderPart(chunk);
+    void readPart(const Part& part) {
+        if (part.name != "hdrl") {
+            readHeaderPart(part);
             return;
         }
-        forEachChunk(bytes_, chunk.begin, chunk.end, [this](const Chunk& part) {
-            readHeaderPart(part);
+        forEachPart(file_, part.content, [this](const Part& inner) {
+            readHeaderPart(inner);
             return true;
         });
     }
 
-    void readHeaderPart(const Chunk& part) {
+    void readHeaderPart(const Part& part) {
         if (part.name == "avih") {
-            const std::string header = bytes_.read(part.begin, 40);
+            const std::string header = file_.read(part.content.offset, 40);
             secondsPerFrame_ = static_cast<double>(littleEndian(header, 0, 4)) / 1e6;
             frames_ = static_cast<double>(littleEndian(header, 16, 4));
             frameSize_ = {static_cast<double>(littleEndian(header, 32, 4)),
@@ -160,19 +153,20 @@ private:
         } else if (part.name == "strl") {
             readStream(part);
         } else if (part.name == "IDIT") {
-            readDate(bytes_.read(
-                part.begin, static_cast<std::size_t>(std::min<std::int64_t>(64, part.end - part.begin))));
+            constexpr std::uint64_t longestDate = 64;
+            readDate(file_.read(part.content.offset,
+                                static_cast<std::size_t>(std::min(longestDate, part.content.length))));
         }
     }
 
-    void readStream(const Chunk& stream) {
+    void readStream(const Part& stream) {
         std::string header;
         std::string format;
-        forEachChunk(bytes_, stream.begin, stream.end, [&](const Chunk& part) {
+        forEachPart(file_, stream.content, [&](const Part& part) {
             if (part.name == "strh") {
-                header = bytes_.read(part.begin, 36);
+                header = file_.read(part.content.offset, 36);
             } else if (part.name == "strf") {
-                format = bytes_.read(part.begin, 12);
+                format = file_.read(part.content.offset, 12);
             }
             return true;
         });
@@ -202,7 +196,7 @@ private:
         }
     }
 
-    HeaderBytes& bytes_;
+    FileWindow& file_;
     MovieProperties movie_;
     MovieVideoTrack frameSize_;
     double secondsPerFrame_ = 0;
@@ -212,8 +206,8 @@ private:
 
 } // namespace
 
-std::optional<MovieProperties> readAviMovie(HeaderBytes& bytes) {
-    return AviMovie(bytes).read();
+std::optional<MovieProperties> readAviMovie(FileWindow& file) {
+    return AviMovie(file).read();
 }
 
 } // namespace lumeo

@@ -6,7 +6,7 @@
 
 namespace lumeo {
 
-class HeaderBytes;
+class FileWindow;
 class ReadableFile;
 
 // One reader for each family of movie containers. Each gives nothing when the file is not of its
@@ -19,16 +19,16 @@ class ReadableFile;
 // which know only duration and size, are left to it.
 
 /// QuickTime, MP4 and 3GP.
-std::optional<MovieProperties> readIsoMovie(HeaderBytes& bytes);
+std::optional<MovieProperties> readIsoMovie(FileWindow& file);
 
 /// Matroska and WebM.
-std::optional<MovieProperties> readMatroskaMovie(HeaderBytes& bytes);
+std::optional<MovieProperties> readMatroskaMovie(FileWindow& file);
 
 /// ASF and WMV.
-std::optional<MovieProperties> readAsfMovie(HeaderBytes& bytes);
+std::optional<MovieProperties> readAsfMovie(FileWindow& file);
 
 /// AVI.
-std::optional<MovieProperties> readAviMovie(HeaderBytes& bytes);
+std::optional<MovieProperties> readAviMovie(FileWindow& file);
 
 /// What libavformat recognises: MPEG program and transport streams, DV, Flash, audio files and more.
 std::optional<MovieProperties> readOtherMovie(ReadableFile& file);

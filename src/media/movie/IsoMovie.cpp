@@ -1,5 +1,7 @@
+#include "media/ByteOrder.h"
+#include "media/FileWindow.h"
+#include "media/IsoBoxes.h"
 #include "media/movie/ContainerReaders.h"
-#include "media/movie/HeaderBytes.h"
 
 #include <algorithm>
 #include <array>
@@ -10,54 +12,21 @@
 namespace lumeo {
 namespace {
 
-using BoxType = std::uint32_t;
-
-constexpr BoxType box(std::string_view name) {
-    BoxType type = 0;
-    for (const char letter : name) {
-        type = type << 8U | static_cast<unsigned char>(letter);
-    }
-    return type;
-}
-
 constexpr std::size_t longestText = 4096;
 constexpr std::size_t mostItems = 512;
 
-struct Box {
-    BoxType type = 0;
-    std::int64_t begin = 0; ///< of the content
-    std::int64_t end = 0;
-};
-
-/// The box at `offset` inside a space that ends at `end`; one that claims to be longer is cut there.
-std::optional<Box> boxAt(HeaderBytes& bytes, std::int64_t offset, std::int64_t end) {
-    const std::string head = bytes.read(offset, 16);
-    if (head.size() < 8 || end - offset < 8) {
-        return std::nullopt;
+/// Calls `each` with the boxes in a stretch of the file.
+template<class Each>
+void forEachBox(FileWindow& file, FileRange range, Each each) {
+    BoxWalk walk(file, range);
+    while (const std::optional<Box> found = walk.next()) {
+        each(*found);
     }
-    std::uint64_t size = bigEndian(head, 0, 4);
-    std::uint64_t headSize = 8;
-    if (size == 1) {
-        size = bigEndian(head, 8, 8);
-        headSize = 16;
-    }
-    const auto space = static_cast<std::uint64_t>(end - offset);
-    if (size == 0 && end == bytes.size()) {
-        size = space;
-    }
-    if (size < headSize || space < headSize) {
-        return std::nullopt;
-    }
-    return Box{static_cast<BoxType>(bigEndian(head, 4, 4)), offset + static_cast<std::int64_t>(headSize),
-               offset + static_cast<std::int64_t>(std::min(size, space))};
 }
 
-template<class Each>
-void forEachBox(HeaderBytes& bytes, std::int64_t begin, std::int64_t end, Each each) {
-    while (const std::optional<Box> found = boxAt(bytes, begin, end)) {
-        each(*found);
-        begin = found->end;
-    }
+FileRange behind(FileRange range, std::uint64_t count) {
+    count = std::min(count, range.length);
+    return {range.offset + count, range.length - count};
 }
 
 /// A signed fixed-point number as the display matrix holds them, with 16 bits behind the point.
@@ -66,7 +35,7 @@ double fixedPoint(std::string_view bytes, std::size_t offset) {
 }
 
 /// The key of an item that is named by four bytes of Latin-1, such as "©day".
-std::string latinKey(BoxType type) {
+std::string latinKey(std::uint32_t type) {
     std::string key;
     for (const unsigned shift : {24U, 16U, 8U, 0U}) {
         const unsigned letter = type >> shift & 0xFFU;
@@ -82,14 +51,14 @@ std::string latinKey(BoxType type) {
 
 class IsoMovie {
 public:
-    explicit IsoMovie(HeaderBytes& bytes) : bytes_(bytes) {}
+    explicit IsoMovie(FileWindow& file) : file_(file) {}
 
     std::optional<MovieProperties> read() {
         const std::optional<Box> movie = findMovie();
         if (!movie) {
             return std::nullopt;
         }
-        forEachBox(bytes_, movie->begin, movie->end, [this](const Box& child) { readPart(child); });
+        forEachBox(file_, movie->content, [this](const Box& child) { readPart(child); });
         if (!hasHeader_) {
             return std::nullopt;
         }
@@ -101,40 +70,41 @@ public:
 
 private:
     [[nodiscard]] std::string content(const Box& of, std::size_t most) {
-        return bytes_.read(of.begin, std::min(most, static_cast<std::size_t>(of.end - of.begin)));
+        return file_.read(of.content.offset,
+                          static_cast<std::size_t>(std::min<std::uint64_t>(most, of.content.length)));
     }
 
     std::optional<Box> findMovie() {
-        static constexpr std::array firstBoxes{box("ftyp"), box("moov"), box("mdat"),
-                                               box("wide"), box("free"), box("skip"),
-                                               box("pnot"), box("uuid"), box("junk")};
-        std::optional<Box> found = boxAt(bytes_, 0, bytes_.size());
+        static constexpr std::array firstBoxes{fourCC("ftyp"), fourCC("moov"), fourCC("mdat"),
+                                               fourCC("wide"), fourCC("free"), fourCC("skip"),
+                                               fourCC("pnot"), fourCC("uuid"), fourCC("junk")};
+        BoxWalk walk(file_, {0, file_.size()});
+        std::optional<Box> found = walk.next();
         if (!found || std::ranges::find(firstBoxes, found->type) == firstBoxes.end()) {
             return std::nullopt;
         }
-        while (found && found->type != box("moov")) {
-            found = boxAt(bytes_, found->end, bytes_.size());
+        while (found && found->type != fourCC("moov")) {
+            found = walk.next();
         }
         return found;
     }
 
     void readPart(const Box& part) {
         switch (part.type) {
-        case box("mvhd"):
+        case fourCC("mvhd"):
             readHeader(content(part, 32));
             break;
-        case box("trak"):
+        case fourCC("trak"):
             readTrack(part);
             break;
-        case box("udta"):
-            forEachBox(bytes_, part.begin, part.end, [this](const Box& child) { readUserData(child); });
+        case fourCC("udta"):
+            forEachBox(file_, part.content, [this](const Box& child) { readUserData(child); });
             break;
-        case box("meta"):
+        case fourCC("meta"):
             readMetadata(part);
             break;
-        case box("mvex"):
-            forEachBox(bytes_, part.begin, part.end,
-                       [this](const Box& child) { readFragmentsHeader(child); });
+        case fourCC("mvex"):
+            forEachBox(file_, part.content, [this](const Box& child) { readFragmentsHeader(child); });
             break;
         default:
             break;
@@ -157,7 +127,7 @@ private:
 
     /// A movie in fragments tells its whole duration here, and 0 in its header.
     void readFragmentsHeader(const Box& part) {
-        if (part.type == box("mehd") && duration_ == 0) {
+        if (part.type == fourCC("mehd") && duration_ == 0) {
             const std::string header = content(part, 12);
             const bool isLong = bigEndian(header, 0, 1) == 1;
             setDuration(bigEndian(header, 4, isLong ? 8 : 4), isLong);
@@ -175,13 +145,13 @@ private:
         }
         std::optional<MovieVideoTrack> size;
         bool isVideo = false;
-        forEachBox(bytes_, track.begin, track.end, [&](const Box& part) {
-            if (part.type == box("tkhd")) {
+        forEachBox(file_, track.content, [&](const Box& part) {
+            if (part.type == fourCC("tkhd")) {
                 size = trackSize(content(part, 96));
-            } else if (part.type == box("mdia")) {
-                forEachBox(bytes_, part.begin, part.end, [&](const Box& media) {
+            } else if (part.type == fourCC("mdia")) {
+                forEachBox(file_, part.content, [&](const Box& media) {
                     isVideo |=
-                        media.type == box("hdlr") && bigEndian(content(media, 12), 8, 4) == box("vide");
+                        media.type == fourCC("hdlr") && bigEndian(content(media, 12), 8, 4) == fourCC("vide");
                 });
             }
         });
@@ -201,7 +171,7 @@ private:
     }
 
     void readUserData(const Box& item) {
-        if (item.type == box("meta")) {
+        if (item.type == fourCC("meta")) {
             readMetadata(item);
         } else if (item.type >> 24U == 0xA9U) {
             // A list of texts, one for each language: length, language, bytes.
@@ -216,13 +186,13 @@ private:
 
     void readMetadata(const Box& metadata) {
         // QuickTime's box starts with its parts, MP4's with a version.
-        const bool startsWithParts = bigEndian(content(metadata, 8), 4, 4) == box("hdlr");
+        const bool startsWithParts = bigEndian(content(metadata, 8), 4, 4) == fourCC("hdlr");
         std::vector<std::string> keys;
-        forEachBox(bytes_, metadata.begin + (startsWithParts ? 0 : 4), metadata.end, [&](const Box& part) {
-            if (part.type == box("keys")) {
+        forEachBox(file_, behind(metadata.content, startsWithParts ? 0 : 4), [&](const Box& part) {
+            if (part.type == fourCC("keys")) {
                 keys = readKeys(part);
-            } else if (part.type == box("ilst")) {
-                forEachBox(bytes_, part.begin, part.end, [&](const Box& item) { readItem(item, keys); });
+            } else if (part.type == fourCC("ilst")) {
+                forEachBox(file_, part.content, [&](const Box& item) { readItem(item, keys); });
             }
         });
     }
@@ -230,7 +200,7 @@ private:
     std::vector<std::string> readKeys(const Box& part) {
         std::vector<std::string> keys;
         // Each key is built like a box whose type is its name space.
-        forEachBox(bytes_, part.begin + 8, part.end, [&](const Box& key) {
+        forEachBox(file_, behind(part.content, 8), [&](const Box& key) {
             if (keys.size() < mostItems) {
                 keys.push_back(content(key, longestText));
             }
@@ -245,9 +215,9 @@ private:
         if (key.empty()) {
             return;
         }
-        forEachBox(bytes_, item.begin, item.end, [&](const Box& value) {
+        forEachBox(file_, item.content, [&](const Box& value) {
             constexpr std::uint64_t utf8 = 1;
-            if (value.type != box("data")) {
+            if (value.type != fourCC("data")) {
                 return;
             }
             const std::string data = content(value, 8 + longestText);
@@ -269,7 +239,7 @@ private:
         }
     }
 
-    HeaderBytes& bytes_;
+    FileWindow& file_;
     MovieProperties movie_;
     bool hasHeader_ = false;
     std::uint64_t timeScale_ = 0;
@@ -278,8 +248,8 @@ private:
 
 } // namespace
 
-std::optional<MovieProperties> readIsoMovie(HeaderBytes& bytes) {
-    return IsoMovie(bytes).read();
+std::optional<MovieProperties> readIsoMovie(FileWindow& file) {
+    return IsoMovie(file).read();
 }
 
 } // namespace lumeo

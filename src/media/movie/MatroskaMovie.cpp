@@ -1,5 +1,6 @@
+#include "media/ByteOrder.h"
+#include "media/FileWindow.h"
 #include "media/movie/ContainerReaders.h"
-#include "media/movie/HeaderBytes.h"
 
 #include <algorithm>
 #include <bit>
@@ -29,8 +30,8 @@ enum ElementId : std::uint64_t {
 
 struct Element {
     std::uint64_t id = 0;
-    std::int64_t begin = 0; ///< of the content
-    std::int64_t end = 0;
+    std::uint64_t begin = 0; ///< of the content
+    std::uint64_t end = 0;
 };
 
 /// How many bytes a number takes whose length is told by its first byte's leading zeros; 0 for none.
@@ -41,27 +42,26 @@ std::size_t numberWidth(std::string_view bytes, std::size_t offset) {
 
 /// The element at `offset` inside a space that ends at `end`; one that claims to be longer, or does
 /// not know its size, is cut there.
-std::optional<Element> elementAt(HeaderBytes& bytes, std::int64_t offset, std::int64_t end) {
-    const std::string head = bytes.read(offset, 12);
+std::optional<Element> elementAt(FileWindow& file, std::uint64_t offset, std::uint64_t end) {
+    const std::string head = file.read(offset, 12);
     const std::size_t idWidth = numberWidth(head, 0);
     const std::size_t sizeWidth = numberWidth(head, idWidth);
-    const auto headSize = static_cast<std::int64_t>(idWidth + sizeWidth);
-    if (idWidth == 0 || idWidth > 4 || sizeWidth == 0 || head.size() < idWidth + sizeWidth ||
-        end - offset < headSize) {
+    const std::uint64_t headSize = idWidth + sizeWidth;
+    if (idWidth == 0 || idWidth > 4 || sizeWidth == 0 || head.size() < headSize || end - offset < headSize) {
         return std::nullopt;
     }
     const std::uint64_t unknown = (std::uint64_t{1} << 7U * sizeWidth) - 1; // all ones, however many
     const std::uint64_t size = bigEndian(head, idWidth, sizeWidth) & unknown;
-    const std::int64_t begin = offset + headSize;
-    const auto space = static_cast<std::uint64_t>(end - begin);
+    const std::uint64_t begin = offset + headSize;
+    const std::uint64_t space = end - begin;
     const std::uint64_t length = size == unknown ? space : std::min(size, space);
-    return Element{bigEndian(head, 0, idWidth), begin, begin + static_cast<std::int64_t>(length)};
+    return Element{bigEndian(head, 0, idWidth), begin, begin + length};
 }
 
 /// Calls `each` with the elements up to the first one that `each` answers with false.
 template<class Each>
-void forEachElement(HeaderBytes& bytes, std::int64_t begin, std::int64_t end, Each each) {
-    while (const std::optional<Element> found = elementAt(bytes, begin, end)) {
+void forEachElement(FileWindow& file, std::uint64_t begin, std::uint64_t end, Each each) {
+    while (const std::optional<Element> found = elementAt(file, begin, end)) {
         if (!each(*found)) {
             break;
         }
@@ -69,28 +69,27 @@ void forEachElement(HeaderBytes& bytes, std::int64_t begin, std::int64_t end, Ea
     }
 }
 
-std::uint64_t number(HeaderBytes& bytes, const Element& element) {
-    const auto width = static_cast<std::size_t>(element.end - element.begin);
-    return width > 8 ? 0 : bigEndian(bytes.read(element.begin, width), 0, width);
+std::uint64_t number(FileWindow& file, const Element& element) {
+    const std::uint64_t width = element.end - element.begin;
+    return width > 8 ? 0 : bigEndian(file.read(element.begin, width), 0, width);
 }
 
-double floatingNumber(HeaderBytes& bytes, const Element& element) {
-    const std::uint64_t bits = number(bytes, element);
+double floatingNumber(FileWindow& file, const Element& element) {
+    const std::uint64_t bits = number(file, element);
     return element.end - element.begin == 4 ? std::bit_cast<float>(static_cast<std::uint32_t>(bits))
                                             : std::bit_cast<double>(bits);
 }
 
-void readInfo(HeaderBytes& bytes, const Element& element, MovieProperties& movie) {
+void readInfo(FileWindow& file, const Element& element, MovieProperties& movie) {
     double nanosecondsPerTick = 1'000'000;
     double ticks = 0;
-    forEachElement(bytes, element.begin, element.end, [&](const Element& part) {
+    forEachElement(file, element.begin, element.end, [&](const Element& part) {
         if (part.id == dateUtc) {
-            addContainerDate(movie, codedEpoch, static_cast<std::int64_t>(number(bytes, part)),
-                             1'000'000'000);
+            addContainerDate(movie, codedEpoch, static_cast<std::int64_t>(number(file, part)), 1'000'000'000);
         } else if (part.id == duration) {
-            ticks = floatingNumber(bytes, part);
+            ticks = floatingNumber(file, part);
         } else if (part.id == timestampScale) {
-            nanosecondsPerTick = static_cast<double>(number(bytes, part));
+            nanosecondsPerTick = static_cast<double>(number(file, part));
         }
         return true;
     });
@@ -99,37 +98,37 @@ void readInfo(HeaderBytes& bytes, const Element& element, MovieProperties& movie
     }
 }
 
-MovieVideoTrack readVideo(HeaderBytes& bytes, const Element& element) {
+MovieVideoTrack readVideo(FileWindow& file, const Element& element) {
     MovieVideoTrack stored;
     MovieVideoTrack displayed;
     bool isInPixels = true;
-    forEachElement(bytes, element.begin, element.end, [&](const Element& part) {
+    forEachElement(file, element.begin, element.end, [&](const Element& part) {
         if (part.id == pixelWidth) {
-            stored.naturalWidth = static_cast<double>(number(bytes, part));
+            stored.naturalWidth = static_cast<double>(number(file, part));
         } else if (part.id == pixelHeight) {
-            stored.naturalHeight = static_cast<double>(number(bytes, part));
+            stored.naturalHeight = static_cast<double>(number(file, part));
         } else if (part.id == displayWidth) {
-            displayed.naturalWidth = static_cast<double>(number(bytes, part));
+            displayed.naturalWidth = static_cast<double>(number(file, part));
         } else if (part.id == displayHeight) {
-            displayed.naturalHeight = static_cast<double>(number(bytes, part));
+            displayed.naturalHeight = static_cast<double>(number(file, part));
         } else if (part.id == displayUnit) {
-            isInPixels = number(bytes, part) == 0;
+            isInPixels = number(file, part) == 0;
         }
         return true;
     });
     return isInPixels && displayed.naturalWidth > 0 && displayed.naturalHeight > 0 ? displayed : stored;
 }
 
-void readTracks(HeaderBytes& bytes, const Element& element, MovieProperties& movie) {
-    forEachElement(bytes, element.begin, element.end, [&](const Element& track) {
+void readTracks(FileWindow& file, const Element& element, MovieProperties& movie) {
+    forEachElement(file, element.begin, element.end, [&](const Element& track) {
         std::optional<MovieVideoTrack> size;
         bool isVideo = false;
         if (track.id == trackEntry) {
-            forEachElement(bytes, track.begin, track.end, [&](const Element& part) {
+            forEachElement(file, track.begin, track.end, [&](const Element& part) {
                 if (part.id == video) {
-                    size = readVideo(bytes, part);
+                    size = readVideo(file, part);
                 } else if (part.id == trackType) {
-                    isVideo = number(bytes, part) == 1;
+                    isVideo = number(file, part) == 1;
                 }
                 return true;
             });
@@ -143,21 +142,21 @@ void readTracks(HeaderBytes& bytes, const Element& element, MovieProperties& mov
 
 } // namespace
 
-std::optional<MovieProperties> readMatroskaMovie(HeaderBytes& bytes) {
-    const std::optional<Element> head = elementAt(bytes, 0, bytes.size());
+std::optional<MovieProperties> readMatroskaMovie(FileWindow& file) {
+    const std::optional<Element> head = elementAt(file, 0, file.size());
     if (!head || head->id != header) {
         return std::nullopt;
     }
-    const std::optional<Element> body = elementAt(bytes, head->end, bytes.size());
+    const std::optional<Element> body = elementAt(file, head->end, file.size());
     if (!body || body->id != segment) {
         return std::nullopt;
     }
     MovieProperties movie;
-    forEachElement(bytes, body->begin, body->end, [&](const Element& part) {
+    forEachElement(file, body->begin, body->end, [&](const Element& part) {
         if (part.id == info) {
-            readInfo(bytes, part, movie);
+            readInfo(file, part, movie);
         } else if (part.id == tracks) {
-            readTracks(bytes, part, movie);
+            readTracks(file, part, movie);
         }
         return part.id != cluster; // the header ends where the first pictures are
     });

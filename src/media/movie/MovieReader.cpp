@@ -1,7 +1,7 @@
 #include "media/movie/MovieReader.h"
 
+#include "media/FileWindow.h"
 #include "media/movie/ContainerReaders.h"
-#include "media/movie/HeaderBytes.h"
 #include "platform/FileSystem.h"
 
 #include <algorithm>
@@ -14,9 +14,9 @@ namespace {
 
 std::optional<MovieProperties> readContainer(ReadableFile& file) {
     static constexpr std::array readers{readIsoMovie, readMatroskaMovie, readAsfMovie, readAviMovie};
-    HeaderBytes bytes(file);
+    FileWindow window(file);
     for (const auto reader : readers) {
-        if (std::optional<MovieProperties> movie = reader(bytes)) {
+        if (std::optional<MovieProperties> movie = reader(window)) {
             return movie;
         }
     }

@@ -1,36 +1,15 @@
 #include "media/photo/ChunkReader.h"
 
-#include "media/ByteOrder.h"
+#include "media/ChunkWalk.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 #include <string_view>
 
 namespace lumeo {
 
 namespace {
-
-constexpr std::uint64_t headSize = 8; ///< tag and length, in either order
-
-struct Layout {
-    std::uint64_t firstChunk = 0;
-    std::size_t tagAt = 0; ///< within a chunk's head
-    std::size_t lengthAt = 4;
-    std::endian order = std::endian::big;
-    std::uint64_t checksumSize = 0;
-    bool isPadded = false; ///< to even lengths
-};
-
-Layout layoutOf(ImageKind kind) {
-    switch (kind) {
-    case ImageKind::png:
-        return {8, 4, 0, std::endian::big, 4, false};
-    case ImageKind::webp:
-        return {12, 0, 4, std::endian::little, 0, true};
-    default:
-        return {8, 0, 4, std::endian::big, 0, false};
-    }
-}
 
 FileRange behind(FileRange range, std::uint64_t count) {
     count = std::min(count, range.length);
@@ -48,19 +27,13 @@ std::optional<FileRange> uncompressedText(FileWindow& file, FileRange chunk, std
     return beginsWith(file, chunk, head) ? std::optional(behind(chunk, head.size())) : std::nullopt;
 }
 
-struct Chunk {
-    std::string tag;
-    FileRange whole;
-    FileRange content;
-};
-
 void readPngChunk(FileWindow& file, const Chunk& chunk, ChunkContents& contents) {
     if (chunk.tag == "eXIf" && !contents.exif) {
         contents.exif = chunk.content;
     } else if (chunk.tag == "tEXt" || chunk.tag == "zTXt" || chunk.tag == "iTXt") {
         if (beginsWith(file, chunk.content, "Raw profile type exif") ||
             beginsWith(file, chunk.content, "Raw profile type APP1")) {
-            contents.textProfile = chunk.whole;
+            contents.textProfile = {chunk.content.offset - 8, chunk.content.length + 12};
         } else if (const auto packet = uncompressedText(file, chunk.content, "XML:com.adobe.xmp")) {
             contents.xmpPacket = packet;
         }
@@ -81,22 +54,20 @@ void readWebpChunk(FileWindow& file, const Chunk& chunk, ChunkContents& contents
 
 ChunkContents readChunks(FileWindow& file, ImageKind kind) {
     constexpr std::string_view mrwExif("\0TTW", 4);
-    const Layout layout = layoutOf(kind);
+    const std::uint64_t firstChunk = kind == ImageKind::webp ? 12 : 8;
+    ChunkWalk walk(file, {firstChunk, std::numeric_limits<std::int64_t>::max()},
+                   kind == ImageKind::png    ? pngChunks
+                   : kind == ImageKind::webp ? riffChunks
+                                             : mrwChunks);
     ChunkContents contents;
-    std::uint64_t at = layout.firstChunk;
-    while (const auto head = file.view(at, headSize)) {
-        const std::uint64_t length = numberAt<std::uint32_t>(*head, layout.lengthAt, layout.order);
-        const std::uint64_t step =
-            headSize + length + layout.checksumSize + (layout.isPadded ? length % 2 : 0);
-        const Chunk chunk{std::string(head->substr(layout.tagAt, 4)), {at, step}, {at + headSize, length}};
+    while (const std::optional<Chunk> chunk = walk.next()) {
         if (kind == ImageKind::png) {
-            readPngChunk(file, chunk, contents);
+            readPngChunk(file, *chunk, contents);
         } else if (kind == ImageKind::webp) {
-            readWebpChunk(file, chunk, contents);
-        } else if (chunk.tag == mrwExif) {
-            contents.exif = chunk.content;
+            readWebpChunk(file, *chunk, contents);
+        } else if (chunk->tag == mrwExif) {
+            contents.exif = chunk->content;
         }
-        at += step;
     }
     return contents;
 }
