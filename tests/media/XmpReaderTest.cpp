@@ -66,18 +66,43 @@ TEST(XmpReaderTest, readsAttributesAndElementsUnderAnyPrefix) {
     EXPECT_THAT(properties.exif.lensModel, Optional(Eq("50mm")));
 }
 
+/// A description around elements, with the usual prefixes.
+std::string described(const std::string& elements, const std::string& before = "") {
+    return before + R"(<rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"
+        xmlns:exif="http://ns.adobe.com/exif/1.0/" xmlns:tiff="http://ns.adobe.com/tiff/1.0/"
+        xmlns:xmpMM="http://ns.adobe.com/xap/1.0/mm/"><rdf:Description>)" +
+           elements + "</rdf:Description></rdf:RDF>";
+}
+
 /// A collage lists its parts with their own dates and cameras.
 TEST(XmpReaderTest, passesOverDescriptionsOfOtherThings) {
-    const PhotoProperties properties = propertiesOf(R"(<rdf:RDF
-        xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description>
-        <xmpMM:Pantry><rdf:Bag><rdf:li>
+    const PhotoProperties properties = propertiesOf(described(R"(<xmpMM:Pantry><rdf:Bag><rdf:li>
         <rdf:Description tiff:Make="Other" exif:DateTimeOriginal="1999-01-01T00:00:00">
         <tiff:Model>Other</tiff:Model></rdf:Description></rdf:li></rdf:Bag></xmpMM:Pantry>
-        <tiff:Make>Maker</tiff:Make></rdf:Description></rdf:RDF>
-        <tiff:Model>outside</tiff:Model>)");
+        <tiff:Make>Maker</tiff:Make>)") + "<tiff:Model>outside</tiff:Model>");
     EXPECT_THAT(properties.tiff.make, Optional(Eq("Maker")));
     EXPECT_FALSE(properties.tiff.model);
     EXPECT_FALSE(properties.exif.dateTimeOriginal);
+}
+
+TEST(XmpReaderTest, readsWhatXmlAllowsAndNoEntities) {
+    const std::string make = "<tiff:Make>Maker</tiff:Make>";
+    for (const std::string& elements :
+         {make, "<tiff:Artist><![CDATA[ > <tiff:Make>no]]></tiff:Artist>" + make,
+          std::string("<tiff:Make><![CDATA[Maker]]></tiff:Make>"),
+          std::string("<tiff:Make>Ma<!-- not the end --><?nor this?>ker</tiff:Make>"),
+          make + "<tiff:Model>cut \xFF here"}) {
+        EXPECT_THAT(propertiesOf(described(elements)).tiff.make, Optional(Eq("Maker"))) << elements;
+    }
+    EXPECT_FALSE(
+        propertiesOf(described("<tiff:Make>&a;</tiff:Make>", "<!DOCTYPE r [<!ENTITY a 'x'>]>")).tiff.make);
+    EXPECT_FALSE(propertiesOf(described("<tiff:Make>" + std::string(1'025, 'x') + "</tiff:Make>")).tiff.make);
+
+    std::string deep;
+    for (int i = 0; i < 1'000'000; ++i) {
+        deep += "<a>";
+    }
+    EXPECT_FALSE(propertiesOf(deep + described(make)).tiff.make);
 }
 
 TEST(XmpReaderTest, bearsPacketsCutAndDamagedAnywhere) {

@@ -1,6 +1,6 @@
 #include "media/photo/XmpReader.h"
 
-#include "media/photo/XmpScan.h"
+#include "media/photo/XmpPacket.h"
 
 #include <cctype>
 #include <charconv>
@@ -84,7 +84,7 @@ std::optional<Coordinate> coordinate(const std::optional<std::string>& text, std
     return std::nullopt;
 }
 
-void fillPosition(const XmpScan& xmp, PhotoProperties::Gps& gps) {
+void fillPosition(const XmpPacket& xmp, PhotoProperties::Gps& gps) {
     if (isPositionComplete(gps)) {
         return;
     }
@@ -98,7 +98,7 @@ void fillPosition(const XmpScan& xmp, PhotoProperties::Gps& gps) {
 } // namespace
 
 void fillFromXmp(std::string_view packet, PhotoProperties& properties) {
-    const XmpScan xmp(packet);
+    const XmpPacket xmp(packet);
     const auto fill = [&xmp](std::optional<std::string>& fact, XmpProperty property) {
         if (!fact) {
             fact = xmp[property];
