@@ -1,6 +1,7 @@
 #include "media/photo/PhotoReader.h"
 
 #include "media/FileWindow.h"
+#include "support/AttackFiles.h"
 #include "support/Damage.h"
 #include "support/MemoryFileSystem.h"
 #include "support/TinyMovies.h"
@@ -13,6 +14,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 namespace lumeo {
 namespace {
@@ -349,12 +351,56 @@ TEST(PhotoReaderTest, readsThePropertiesOfX3f) {
     expectBearsDamage(file);
 }
 
+TEST(PhotoReaderTest, readsTheHeapsOfACrw) {
+    const std::string jpeg = tinyJpeg();
+    const std::string file =
+        crwFile(crwHeap({{0x2007, jpeg},
+                         {0x300A, crwHeap({{0x2807, crwHeap({{0x080A, "Maker\0Model 1\0"s}})},
+                                           {0x1810, little(3072, 4) + little(2048, 4)},
+                                           {0x180E, little(1'615'735'845, 4) + little(0, 8)}})}}));
+    const PhotoProperties read = propertiesOf(file);
+    EXPECT_THAT(read.exif.dateTimeOriginal, Optional(Eq("2021:03:14 15:30:45")));
+    EXPECT_EQ(read.tiff, (PhotoProperties::Tiff{{}, "Maker", "Model 1"}));
+    EXPECT_THAT(read.pixelWidth, Optional(3072));
+    EXPECT_THAT(read.pixelHeight, Optional(2048));
+    expectBearsDamage(file);
+
+    for (const std::string& attack : {crwOfDoublingHeaps(), crwOfNestedHeaps()}) {
+        PhotoProperties none;
+        EXPECT_LT(bytesReadOf(attack, none), 100'000U);
+        EXPECT_EQ(none, PhotoProperties{});
+    }
+}
+
 std::string pngOf(const std::string& chunks) {
     return "\x89PNG\r\n\x1A\n" + chunks;
 }
 
 std::string pngChunk(const std::string& type, const std::string& content) {
     return big(content.size(), 4) + type + content + big(0, 4);
+}
+
+std::string deflated(const std::string& text) {
+    uLongf size = compressBound(text.size());
+    std::string bytes(size, '\0');
+    compress(reinterpret_cast<Bytef*>(bytes.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
+             text.size());
+    return bytes.substr(0, size);
+}
+
+TEST(PhotoReaderTest, findsWhatStandsBehindThePixelsOfALargePng) {
+    std::string png = pngOf(pngChunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s));
+    for (int i = 0; i < 400; ++i) {
+        png += pngChunk("IDAT", "eXIf tEXt" + std::string(8'183, 'x'));
+    }
+    PhotoProperties properties;
+    EXPECT_LT(bytesReadOf(png + pngChunk("tEXt", "Comment\0none"s) +
+                              pngChunk("eXIf", tiffBlockOf(wholePhoto())) + pngChunk("IEND", ""),
+                          properties),
+              1'000'000U);
+    expectWholePhoto(properties);
+    bytesReadOf(png, properties); // breaks off
+    EXPECT_THAT(properties.pixelWidth, Optional(300));
 }
 
 TEST(PhotoReaderTest, readsFilesMadeOfChunks) {
@@ -369,15 +415,30 @@ TEST(PhotoReaderTest, readsFilesMadeOfChunks) {
     expectWholePhoto(png);
     EXPECT_THAT(png.pixelWidth, Optional(300));
 
-    std::ostringstream profile; // Exif as text
-    profile << "Raw profile type exif" << '\0' << "\nexif\n"
-            << tiff.size() + 6 << "\n457869660000" << std::hex;
-    for (const char byte : tiff) {
-        profile << std::setw(2) << std::setfill('0') << (static_cast<unsigned>(byte) & 0xFFU);
+    const auto profileOf = [](const std::string& bytes) {
+        std::ostringstream text;
+        text << "\nexif\n" << bytes.size() << std::hex;
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            text << (i % 36 == 0 ? "\n" : "") << std::setw(2) << std::setfill('0')
+                 << (static_cast<unsigned>(bytes[i]) & 0xFFU);
+        }
+        return text.str();
+    };
+    const std::string keyword = "Raw profile type exif\0"s;
+    const std::string profile = profileOf("Exif\0\0"s + tiff);
+    for (const std::string& exif :
+         {pngChunk("tEXt", keyword + profile), pngChunk("zTXt", keyword + '\0' + deflated(profile)),
+          pngChunk("iTXt", keyword + "\1\0en\0\0"s + deflated(profile)),
+          pngChunk("tEXt", "Raw profile type APP1\0"s + profile)}) {
+        const std::string packet =
+            pngChunk("iTXt", "XML:com.adobe.xmp\0\1\0\0\0"s + deflated(xmp)); // also as a profile:
+        const std::string asProfile = pngChunk("tEXt", "Raw profile type xmp\0"s + profileOf(xmp));
+        expectWholePhoto(propertiesOf(pngOf(header + exif + packet)));
+        expectWholePhoto(propertiesOf(pngOf(header + asProfile + exif)));
     }
-    const PhotoProperties asText = propertiesOf(pngOf(header + pngChunk("tEXt", profile.str())));
-    EXPECT_EQ(asText.gps, png.gps);
-    EXPECT_EQ(asText.tiff, png.tiff);
+    const std::string tooLong = deflated(std::string(5'000'000, ' ') + profile);
+    EXPECT_EQ(propertiesOf(pngOf(header + pngChunk("zTXt", keyword + '\0' + tooLong))).exif,
+              PhotoProperties::Exif{});
 
     const auto riffChunk = [](const std::string& type, const std::string& content) {
         return type + little(content.size(), 4) + content + std::string(content.size() % 2, '\0');

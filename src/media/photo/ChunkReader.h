@@ -1,7 +1,6 @@
 #pragma once
 
 #include "media/FileWindow.h"
-#include "media/photo/ImageHeader.h"
 
 #include <optional>
 
@@ -11,10 +10,9 @@ namespace lumeo {
 struct ChunkContents {
     std::optional<FileRange> exif; ///< the TIFF structure
     std::optional<FileRange> xmpPacket;
-    std::optional<FileRange> textProfile; ///< a whole PNG chunk that holds an Exif block written as text
 };
 
-/// Walks the chunks of a PNG, WebP or MRW.
-ChunkContents readChunks(FileWindow& file, ImageKind kind);
+ChunkContents readWebp(FileWindow& file);
+ChunkContents readMrw(FileWindow& file);
 
 } // namespace lumeo

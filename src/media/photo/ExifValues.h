@@ -11,6 +11,9 @@ namespace lumeo {
 /// colons, which must not hide a date that stands elsewhere in the file.
 std::optional<std::string> setExifDate(std::optional<std::string> text);
 
+/// A camera's wall clock, as seconds since 1970 on that clock, in the form of an Exif date; absent for 0.
+std::optional<std::string> exifDate(std::uint32_t clockSeconds);
+
 struct ExifFraction {
     std::uint32_t numerator = 0;
     std::uint32_t denominator = 0;

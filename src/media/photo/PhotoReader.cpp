@@ -1,12 +1,14 @@
 #include "media/photo/PhotoReader.h"
 
 #include "media/ByteOrder.h"
+#include "media/BytesFile.h"
 #include "media/FileWindow.h"
 #include "media/photo/ChunkReader.h"
+#include "media/photo/CrwReader.h"
 #include "media/photo/ImageHeader.h"
 #include "media/photo/IsoMediaReader.h"
 #include "media/photo/JpegReader.h"
-#include "media/photo/LibraryReader.h"
+#include "media/photo/PngReader.h"
 #include "media/photo/TiffReader.h"
 #include "media/photo/X3fReader.h"
 #include "media/photo/XmpReader.h"
@@ -123,16 +125,32 @@ std::optional<PhotoProperties> readIsoMediaFile(FileWindow& file) {
     return media ? std::optional(propertiesOf(file, *media)) : std::nullopt;
 }
 
-PhotoProperties readChunkedFile(FileWindow& file, ImageKind kind) {
-    const ChunkContents chunks = readChunks(file, kind);
+PhotoProperties propertiesOf(FileWindow& file, const ChunkContents& chunks) {
     PhotoProperties properties;
     if (auto exif = chunks.exif ? readTiff(file, *chunks.exif) : std::nullopt) {
         properties = std::move(exif->properties);
     }
-    if (chunks.textProfile) {
-        fillFrom(readPngTextProfile(file, *chunks.textProfile), properties);
-    }
     fillFromXmpRange(file, chunks.xmpPacket, properties);
+    return properties;
+}
+
+PhotoProperties readPngFile(FileWindow& file) {
+    PngContents png = readPng(file);
+    PhotoProperties properties;
+    if (auto exif = png.exif ? readTiff(file, *png.exif) : std::nullopt) {
+        properties = std::move(exif->properties);
+    }
+    if (png.exifProfile) {
+        const FileRange whole{0, png.exifProfile->size()};
+        BytesFile bytes(std::move(*png.exifProfile));
+        FileWindow window(bytes);
+        if (const auto exif = readTiff(window, whole)) {
+            fillFrom(exif->properties, properties);
+        }
+    }
+    if (png.xmpPacket) {
+        fillFromXmp(*png.xmpPacket, properties);
+    }
     return properties;
 }
 
@@ -153,11 +171,13 @@ std::optional<PhotoProperties> readKind(FileWindow& file, ImageKind kind) {
     case ImageKind::jp2:
         return propertiesOf(file, readJp2(file));
     case ImageKind::crw:
-        return readCrw(file);
-    case ImageKind::mrw:
+        return readCrw(file).properties;
     case ImageKind::png:
+        return readPngFile(file);
+    case ImageKind::mrw:
+        return propertiesOf(file, readMrw(file));
     case ImageKind::webp:
-        return readChunkedFile(file, kind);
+        return propertiesOf(file, readWebp(file));
     case ImageKind::jpegCodestream:
     case ImageKind::gif:
     case ImageKind::bmp:

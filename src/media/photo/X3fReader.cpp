@@ -1,11 +1,10 @@
 #include "media/photo/X3fReader.h"
 
 #include "media/ByteOrder.h"
+#include "media/photo/ExifValues.h"
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
-#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -36,23 +35,11 @@ std::string textAt(std::string_view characters, std::size_t at) {
     return text;
 }
 
-/// Seconds since 1970 on the camera's own clock, as an Exif date text.
-std::optional<std::string> exifDate(std::string_view text) {
+/// Seconds since 1970 on the camera's own clock, written as text.
+std::optional<std::string> dateOf(std::string_view text) {
     std::uint32_t value = 0;
-    if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc{}) {
-        return std::nullopt;
-    }
-    const std::chrono::sys_seconds time{std::chrono::seconds{value}};
-    const auto day = std::chrono::floor<std::chrono::days>(time);
-    const std::chrono::year_month_day date{day};
-    const std::chrono::hh_mm_ss clock{time - day};
-    char formatted[32];
-    const int length =
-        std::snprintf(formatted, sizeof formatted, "%04d:%02u:%02u %02d:%02d:%02d",
-                      static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
-                      static_cast<unsigned>(date.day()), static_cast<int>(clock.hours().count()),
-                      static_cast<int>(clock.minutes().count()), static_cast<int>(clock.seconds().count()));
-    return std::string(formatted, static_cast<std::size_t>(length));
+    const bool isNumber = std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc{};
+    return isNumber ? exifDate(value) : std::nullopt;
 }
 
 void readProperties(FileWindow& file, FileRange section, PhotoProperties& properties) {
@@ -75,7 +62,7 @@ void readProperties(FileWindow& file, FileRange section, PhotoProperties& proper
         const std::string name = textAt(characters, std::size_t{number32(*bytes, 24 + i * 8)} * 2);
         const std::string value = textAt(characters, std::size_t{number32(*bytes, 28 + i * 8)} * 2);
         if (name == "TIME") {
-            properties.exif.dateTimeOriginal = exifDate(value);
+            properties.exif.dateTimeOriginal = dateOf(value);
         } else if (name == "CAMMANUF") {
             properties.tiff.make = value;
         } else if (name == "CAMMODEL") {
