@@ -39,8 +39,9 @@ void readPosition(const PhotoProperties::Gps& gps, PhotoMetadataResult& result) 
 } // namespace
 
 PhotoMetadataResult PhotoMetadataExtractor::extractMetadata(const FileSystem& fileSystem,
-                                                            const FilePath& path) {
-    const auto properties = PhotoReader::read(fileSystem, path);
+                                                            const FilePath& path,
+                                                            const std::stop_token& stop) {
+    const auto properties = PhotoReader::read(fileSystem, path, stop);
     return properties ? fromProperties(*properties) : PhotoMetadataResult{};
 }
 

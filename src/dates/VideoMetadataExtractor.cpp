@@ -79,8 +79,9 @@ VideoMetadataResult VideoMetadataExtractor::fromProperties(const MovieProperties
 }
 
 VideoMetadataResult VideoMetadataExtractor::extractMetadata(const FileSystem& fileSystem,
-                                                            const FilePath& path) {
-    const std::optional<MovieProperties> properties = MovieReader::read(fileSystem, path);
+                                                            const FilePath& path, MediaHelper& helper,
+                                                            const std::stop_token& stop) {
+    const std::optional<MovieProperties> properties = MovieReader::read(fileSystem, path, helper, stop);
     return properties ? fromProperties(*properties) : VideoMetadataResult{};
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <span>
+#include <utility>
 
 namespace lumeo {
 
@@ -17,7 +18,7 @@ constexpr std::size_t viewCost = 128;
 
 } // namespace
 
-FileWindow::FileWindow(ReadableFile& file) : file_(file) {
+FileWindow::FileWindow(ReadableFile& file, std::stop_token stop) : file_(file), stop_(std::move(stop)) {
     load(head_, 0, headSize);
 }
 
@@ -54,7 +55,7 @@ std::string FileWindow::read(std::uint64_t offset, std::size_t count) {
 std::size_t FileWindow::copy(std::uint64_t offset, char* target, std::size_t count) {
     constexpr auto furthest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
     std::size_t done = 0;
-    while (done < count && offset <= furthest - done) {
+    while (done < count && offset <= furthest - done && !isOver()) {
         const std::size_t part = std::min(count - done, budget_);
         const auto got = file_.readAt(static_cast<std::int64_t>(offset + done),
                                       std::as_writable_bytes(std::span(target + done, part)));
@@ -65,6 +66,10 @@ std::size_t FileWindow::copy(std::uint64_t offset, char* target, std::size_t cou
         budget_ -= *got;
     }
     return done;
+}
+
+bool FileWindow::isOver() const {
+    return stop_.stop_requested() || std::chrono::steady_clock::now() >= end_;
 }
 
 std::uint64_t FileWindow::size() {

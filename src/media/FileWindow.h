@@ -2,10 +2,12 @@
 
 #include "platform/FileSystem.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -22,15 +24,18 @@ struct FileRange {
 /// what is asked for lies, one the place that was read last. Used by one thread.
 ///
 /// Files are read and not mapped, since a failing card would end the program with a signal. All that
-/// one window ever reads or shows is bounded, so that no file, however it leads about, takes long.
+/// one window ever reads or shows is bounded, and so is its life, so that no file takes long, however it
+/// leads about and however slow its disk is.
 class FileWindow {
 public:
     static constexpr std::size_t headSize = 16 * 1024;
     static constexpr std::size_t largestView = 4 * 1024 * 1024;
     static constexpr std::size_t readBudget = 32 * 1024 * 1024;
     static constexpr std::size_t viewBudget = 64 * 1024 * 1024;
+    static constexpr std::chrono::seconds longestLife{5};
 
-    explicit FileWindow(ReadableFile& file);
+    /// `file` must outlive the window. Once a stop is requested, nothing more is read.
+    explicit FileWindow(ReadableFile& file, std::stop_token stop = {});
 
     /// Exactly `count` bytes from `offset`, valid until the next call; absent where the file ends or
     /// cannot be read, above `largestView`, and when a budget is spent.
@@ -56,11 +61,14 @@ private:
         [[nodiscard]] std::optional<std::string_view> view(std::uint64_t from, std::size_t count) const;
     };
 
+    [[nodiscard]] bool isOver() const;
     void load(Buffer& buffer, std::uint64_t offset, std::size_t count);
 
     ReadableFile& file_;
     Buffer head_;
     Buffer recent_;
+    std::stop_token stop_;
+    std::chrono::steady_clock::time_point end_ = std::chrono::steady_clock::now() + longestLife;
     std::size_t budget_ = readBudget;
     std::size_t viewBudget_ = viewBudget;
     std::optional<std::uint64_t> size_;

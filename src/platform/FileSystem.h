@@ -86,6 +86,10 @@ public:
 
     /// The status of the open file itself, whatever has become of its name.
     virtual FileResult<FileStatus> status() = 0;
+
+    /// The system's number for the open file, to hand on to a process that is to read this very file. It
+    /// stays this object's. Absent where there is none.
+    [[nodiscard]] virtual std::optional<int> descriptor() const { return std::nullopt; }
 };
 
 /// A file being written from its start. Closed by its destructor, which ignores errors; used by one

@@ -1,6 +1,6 @@
 #include "thumbnailer/MovieFrame.h"
 
-#include "media/movie/LibavMovie.h"
+#include "mediahelper/LibavMovie.h"
 #include "thumbnailer/FrameImage.h"
 
 #include <memory>

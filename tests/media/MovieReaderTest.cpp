@@ -1,5 +1,6 @@
 #include "media/movie/MovieReader.h"
 
+#include "media/helper/MediaHelper.h"
 #include "platform/DateText.h"
 #include "platform/PosixFileSystem.h"
 #include "support/Damage.h"
@@ -25,11 +26,17 @@ Instant at(std::string_view text) {
     return DateText::parseIso8601(text).value();
 }
 
+/// By our own readers alone.
+std::optional<MovieProperties> readFile(const FileSystem& disk, const FilePath& path) {
+    MediaHelper none(std::nullopt);
+    return MovieReader::read(disk, path, none);
+}
+
 std::optional<MovieProperties> readBytes(std::string_view bytes) {
     MemoryFileSystem disk;
     const FilePath path("/movies/clip.mov");
     disk.addFile(path, bytes);
-    return MovieReader::read(disk, path);
+    return readFile(disk, path);
 }
 
 MovieProperties propertiesOf(std::string_view bytes) {
@@ -203,51 +210,23 @@ TEST(MovieReader, ReadsLittleOfAFileHoweverLongItIs) {
 
     PosixFileSystem real;
     FaultyFileSystem disk(real);
-    const std::optional<MovieProperties> read = MovieReader::read(disk, FilePath(path));
+    const std::optional<MovieProperties> read = readFile(disk, FilePath(path));
     ASSERT_TRUE(read.has_value());
     EXPECT_EQ(read->metadata.at(0).dateValue, made.headerTime);
     EXPECT_LT(disk.callCount(), 10U);
 }
 
-std::string silentWave(std::uint32_t seconds) {
-    const std::uint32_t size = 8000 * seconds;
-    return "RIFF" + littleEndianBytes(36 + size, 4) + "WAVEfmt " + littleEndianBytes(16, 4) +
-           littleEndianBytes(1, 2) + littleEndianBytes(1, 2) + littleEndianBytes(8000, 4) +
-           littleEndianBytes(8000, 4) + littleEndianBytes(1, 2) + littleEndianBytes(8, 2) + "data" +
-           littleEndianBytes(size, 4) + std::string(size, '\x80');
-}
-
-TEST(MovieReader, LeavesOtherContainersToTheLibraryButNeverLetsThemOpenAnotherFile) {
-    const TempFolder folder;
-    const FilePath sound = folder.write("sound.wav", silentWave(3));
-    const PosixFileSystem disk;
-    const std::optional<MovieProperties> movie = MovieReader::read(disk, sound);
-    ASSERT_TRUE(movie.has_value());
-    EXPECT_EQ(movie->durationSeconds, 3.0);
-    EXPECT_EQ(movie->videoTrack, std::nullopt);
-
-    const std::string name = sound.bytes();
-    for (const std::string& playlist : {
-             "#EXTM3U\n#EXT-X-TARGETDURATION:3\n#EXTINF:3,\n" + name + "\n#EXT-X-ENDLIST\n",
-             "ffconcat version 1.0\nfile '" + name + "'\n",
-             "<?xml version=\"1.0\"?><MPD xmlns=\"urn:mpeg:dash:schema:mpd:2011\"><BaseURL>" + name +
-                 "</BaseURL></MPD>",
-         }) {
-        EXPECT_EQ(MovieReader::read(disk, folder.write("playlist.mov", playlist)), std::nullopt) << playlist;
-    }
-}
-
 TEST(MovieReader, GivesNothingForWhatIsNoMovieOrCannotBeRead) {
     const TempFolder folder;
     PosixFileSystem real;
-    EXPECT_EQ(MovieReader::read(real, folder / "missing.mov"), std::nullopt);
-    EXPECT_EQ(MovieReader::read(real, folder.path()), std::nullopt);
+    EXPECT_EQ(readFile(real, folder / "missing.mov"), std::nullopt);
+    EXPECT_EQ(readFile(real, folder.path()), std::nullopt);
     EXPECT_EQ(readBytes(""), std::nullopt);
     EXPECT_EQ(readBytes("this is a letter, not a movie"), std::nullopt);
 
     FaultyFileSystem disk(real);
     disk.failAction(FileAction::read, EIO);
-    EXPECT_EQ(MovieReader::read(disk, folder.write("clip.mov", tinyQuickTime())), std::nullopt);
+    EXPECT_EQ(readFile(disk, folder.write("clip.mov", tinyQuickTime())), std::nullopt);
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 namespace lumeo {
 
 class FileWindow;
-class ReadableFile;
 
 // One reader for each family of movie containers. Each gives nothing when the file is not of its
 // family, and what it could read when the file breaks off. They fill everything but
@@ -16,7 +15,7 @@ class ReadableFile;
 // The families that carry a recording date are walked here: libavformat gives no date for ASF, opens
 // no Matroska or ASF file that breaks off after its header, gives no size for MPEG-4 and H.263 video
 // in MP4 without decoding, and reads every sample table of a long movie (megabytes). All others,
-// which know only duration and size, are left to it.
+// which know only duration and size, are left to it, in a process of its own: see ForeignContainer.
 
 /// QuickTime, MP4 and 3GP.
 std::optional<MovieProperties> readIsoMovie(FileWindow& file);
@@ -29,9 +28,6 @@ std::optional<MovieProperties> readAsfMovie(FileWindow& file);
 
 /// AVI.
 std::optional<MovieProperties> readAviMovie(FileWindow& file);
-
-/// What libavformat recognises: MPEG program and transport streams, DV, Flash, audio files and more.
-std::optional<MovieProperties> readOtherMovie(ReadableFile& file);
 
 /// Adds the container's own creation time to the metadata, unless it is of 1904-01-01 or 1970-01-01:
 /// those days are what an unset clock counts from. `count` are units of `unitsPerSecond` since `epoch`; a

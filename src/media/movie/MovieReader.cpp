@@ -1,7 +1,9 @@
 #include "media/movie/MovieReader.h"
 
 #include "media/FileWindow.h"
+#include "media/helper/MediaHelper.h"
 #include "media/movie/ContainerReaders.h"
+#include "media/movie/ForeignContainer.h"
 #include "platform/FileSystem.h"
 
 #include <algorithm>
@@ -12,25 +14,28 @@
 namespace lumeo {
 namespace {
 
-std::optional<MovieProperties> readContainer(ReadableFile& file) {
+std::optional<MovieProperties> readContainer(ReadableFile& file, MediaHelper& helper,
+                                             const std::stop_token& stop) {
     static constexpr std::array readers{readIsoMovie, readMatroskaMovie, readAsfMovie, readAviMovie};
-    FileWindow window(file);
+    FileWindow window(file, stop);
     for (const auto reader : readers) {
         if (std::optional<MovieProperties> movie = reader(window)) {
             return movie;
         }
     }
-    return readOtherMovie(file);
+    const std::optional<ForeignContainer> container = foreignContainer(window);
+    return container ? helper.read(file, *container, stop) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<MovieProperties> MovieReader::read(const FileSystem& fileSystem, const FilePath& path) {
+std::optional<MovieProperties> MovieReader::read(const FileSystem& fileSystem, const FilePath& path,
+                                                 MediaHelper& helper, const std::stop_token& stop) {
     const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
     if (!file) {
         return std::nullopt;
     }
-    std::optional<MovieProperties> movie = readContainer(**file);
+    std::optional<MovieProperties> movie = readContainer(**file, helper, stop);
     if (movie) {
         if (movie->videoTrack &&
             !(movie->videoTrack->naturalWidth > 0 && movie->videoTrack->naturalHeight > 0)) {

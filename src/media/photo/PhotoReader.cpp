@@ -189,12 +189,13 @@ std::optional<PhotoProperties> readKind(FileWindow& file, ImageKind kind) {
 
 } // namespace
 
-std::optional<PhotoProperties> PhotoReader::read(const FileSystem& fileSystem, const FilePath& path) {
+std::optional<PhotoProperties> PhotoReader::read(const FileSystem& fileSystem, const FilePath& path,
+                                                 const std::stop_token& stop) {
     auto opened = fileSystem.openForReading(path);
     if (!opened) {
         return std::nullopt;
     }
-    FileWindow file(**opened);
+    FileWindow file(**opened, stop);
     const ImageKind kind = imageKind(file);
     auto properties = readKind(file, kind);
     if (properties) {

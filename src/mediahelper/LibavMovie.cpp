@@ -1,4 +1,4 @@
-#include "media/movie/LibavMovie.h"
+#include "mediahelper/LibavMovie.h"
 
 #include <mutex>
 
