@@ -31,6 +31,9 @@ public:
 
     [[nodiscard]] bool isSpent() const;
 
+    /// The file without these limits, for what has its own.
+    [[nodiscard]] ReadableFile& whole() { return file_; }
+
 private:
     static std::chrono::nanoseconds timeOf(clockid_t clock);
 

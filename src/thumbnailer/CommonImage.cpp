@@ -118,6 +118,14 @@ QImage decode(QIODevice& device, const QByteArray& format, QSize pixels, int ori
 
 } // namespace
 
+void prepareCommonImages() {
+    for (const Signature& signature : signatures) {
+        QBuffer nothing;
+        nothing.open(QIODevice::ReadOnly);
+        QImageReader(&nothing, signature.format).canRead();
+    }
+}
+
 QImage commonImage(BoundedFile& file, QSize pixels) {
     FileDevice device(file);
     const QByteArray head = device.peek(16);

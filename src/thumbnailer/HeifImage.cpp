@@ -143,6 +143,10 @@ QImage decode(const heif_image_handle& handle, QSize pixels) {
 
 } // namespace
 
+void prepareHeifImages() {
+    heif_init(nullptr);
+}
+
 QImage heifImage(BoundedFile& file, QSize pixels) {
     if (!isHeif(file)) {
         return {};

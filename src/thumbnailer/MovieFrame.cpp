@@ -11,6 +11,7 @@
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
+#include <libavutil/mem.h>
 }
 
 namespace lumeo {
@@ -20,7 +21,7 @@ constexpr double frameTime = 0.5; // seconds
 constexpr int mostPackets = 4'000;
 constexpr int threads = 2;
 constexpr double fluentFrameRate = 20;
-constexpr std::int64_t mostFramePixels = 70'000'000; // 8K has 33 million
+constexpr std::int64_t mostFramePixels = 36'000'000; // 8K has 33 million
 
 /// No playlists, which name other files, and no readers of texts or devices.
 constexpr const char* formats = "mov,mp4,matroska,webm,avi,asf,flv,mpeg,mpegts,mpegvideo,dv,mxf,ogg,rm,wtv,"
@@ -159,6 +160,11 @@ AVStream* pictureStream(AVFormatContext& movie) {
 }
 
 } // namespace
+
+void prepareMovieFrames() {
+    constexpr std::size_t largestAllocation = 160 * 1024 * 1024; // a frame of 8K in four bytes a pixel
+    av_max_alloc(largestAllocation);
+}
 
 QImage movieFrame(BoundedFile& file, QSize pixels) {
     const std::unique_ptr<LibavMovie> movie = LibavMovie::open(file, formats, codecs);

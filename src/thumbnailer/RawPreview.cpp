@@ -1,10 +1,13 @@
 #include "thumbnailer/RawPreview.h"
 
+#include "media/FileWindow.h"
+#include "media/photo/CrwReader.h"
+#include "media/photo/ImageHeader.h"
 #include "thumbnailer/CommonImage.h"
 
 #include <algorithm>
 #include <exception>
-#include <mutex>
+#include <optional>
 #include <string>
 
 #include <exiv2/exiv2.hpp>
@@ -36,13 +39,13 @@ std::string wholeFile(BoundedFile& file) {
     return bytes;
 }
 
-void prepareLibrary() {
-    static std::once_flag isPrepared;
-    std::call_once(isPrepared, [] {
-        Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-        Exiv2::enableBMFF(true);
-        Exiv2::XmpParser::initialize();
-    });
+/// The library knows many more kinds by their content, movies among them, which it reads without bounds.
+bool isOfARawPhoto(const Exiv2::Image& image) {
+    using namespace Exiv2;
+    return image.imageType() == ImageType::tiff || image.imageType() == ImageType::cr2 ||
+           image.imageType() == ImageType::orf || image.imageType() == ImageType::raf ||
+           image.imageType() == ImageType::rw2 || image.imageType() == ImageType::mrw ||
+           image.imageType() == ImageType::bmff;
 }
 
 int orientationOf(const Exiv2::Image& image) {
@@ -75,8 +78,31 @@ QImage bestPreview(const Exiv2::Image& image, QSize pixels) {
 
 } // namespace
 
+/// Our own reader finds it: the library's walk through the heaps of such a file has no bounds.
+QImage previewOfCrw(BoundedFile& file, FileWindow& window, QSize pixels) {
+    constexpr std::uint64_t largest = 16 * 1024 * 1024;
+    const std::optional<FileRange> jpeg = readCrw(window).embeddedJpeg;
+    if (!jpeg || jpeg->length > largest) {
+        return {};
+    }
+    QByteArray bytes(static_cast<qsizetype>(jpeg->length), '\0');
+    const auto space = std::span(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    const FileResult<std::size_t> read =
+        file.readAt(static_cast<std::int64_t>(jpeg->offset), std::as_writable_bytes(space));
+    return read ? embeddedJpeg(bytes.first(static_cast<qsizetype>(*read)), pixels, 1) : QImage();
+}
+
+void prepareRawPreviews() {
+    Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
+    Exiv2::enableBMFF(true);
+    Exiv2::XmpParser::initialize();
+}
+
 QImage rawPreview(BoundedFile& file, QSize pixels) {
-    prepareLibrary();
+    FileWindow window(file.whole());
+    if (imageKind(window) == ImageKind::crw) {
+        return previewOfCrw(file, window, pixels);
+    }
     try {
         const std::string bytes = wholeFile(file);
         if (file.isSpent()) {
@@ -85,6 +111,9 @@ QImage rawPreview(BoundedFile& file, QSize pixels) {
         const auto* const data = reinterpret_cast<const Exiv2::byte*>(bytes.data());
         // NOLINTNEXTLINE(clang-diagnostic-deprecated-declarations): the library still gives it
         const Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::open(data, static_cast<long>(file.size()));
+        if (!isOfARawPhoto(*image)) {
+            return {};
+        }
         image->readMetadata();
         return bestPreview(*image, pixels);
     } catch (const std::exception&) {

@@ -1,14 +1,12 @@
 #include "thumbnailer/ThumbnailMaker.h"
 
 #include "media/BoundedFile.h"
-#include "scan/MediaTypeDetector.h"
 #include "thumbnailer/CommonImage.h"
 #include "thumbnailer/HeifImage.h"
 #include "thumbnailer/MovieFrame.h"
 #include "thumbnailer/RawPreview.h"
 
 #include <chrono>
-#include <memory>
 #include <new>
 
 namespace lumeo {
@@ -16,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr ReadLimits limits{.bytes = 512 * 1024 * 1024, .work = 5s, .wait = 20s};
+constexpr ReadLimits limits{.bytes = 512 * 1024 * 1024, .work = 5s, .wait = 8s};
 
 /// Raw files begin like TIFF ones, whose reader would give the smallest of their pictures or the raw
 /// one; all others know their own by the content, which is more to be trusted than a name.
@@ -36,15 +34,20 @@ QImage pictureOf(BoundedFile& file, bool isRaw, QSize pixels) {
 
 } // namespace
 
-QImage ThumbnailMaker::make(const FileSystem& fileSystem, const FilePath& path, QSize pixels) {
-    const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
-    if (!file || pixels.isEmpty()) {
+void ThumbnailMaker::prepare() {
+    prepareCommonImages();
+    prepareHeifImages();
+    prepareMovieFrames();
+    prepareRawPreviews();
+}
+
+QImage ThumbnailMaker::make(ReadableFile& file, bool isRaw, QSize pixels) {
+    if (pixels.isEmpty()) {
         return {};
     }
-    const std::optional<MediaTypeDetector::Detection> type = MediaTypeDetector::detectType(path);
     try {
-        BoundedFile bounded(**file, limits);
-        return pictureOf(bounded, type && type->mediaType == MediaType::rawPhoto, pixels);
+        BoundedFile bounded(file, limits);
+        return pictureOf(bounded, isRaw, pixels);
     } catch (const std::bad_alloc&) {
         return {};
     }

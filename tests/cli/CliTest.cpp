@@ -1,9 +1,12 @@
 #include "model/MediaItemCoding.h"
+#include "support/AttackFiles.h"
 #include "support/TempFolder.h"
+#include "support/TinyPhotos.h"
 #include "transfer/OperationManifest.h"
 
 #include <array>
 #include <filesystem>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -43,9 +46,10 @@ Outcome lumeoCli(const std::vector<std::string>& arguments, const FilePath& pref
         redirect(out.c_str(), O_WRONLY | O_CREAT, STDOUT_FILENO);
         if (reader == Reader::isGone) {
             std::array<int, 2> ends{};
-            static_cast<void>(pipe(ends.data()));
-            close(ends[0]);
-            dup2(ends[1], STDOUT_FILENO);
+            if (pipe(ends.data()) == 0) {
+                close(ends[0]);
+                dup2(ends[1], STDOUT_FILENO);
+            }
         }
         redirect(err.c_str(), O_WRONLY | O_CREAT, STDERR_FILENO);
         setenv("XDG_CONFIG_HOME", preferences.c_str(), 1);
@@ -180,6 +184,48 @@ TEST_F(Cli, KeepsTheJournalOfARunThatNobodyListensTo) {
     const Outcome outcome = lumeoCli(arguments, preferences_.path(), Reader::isGone);
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_EQ(Json::parse(contentOf(journal)).at("items").size(), 4U);
+}
+
+/// Each of these hung, crashed or starved a decoder library.
+TEST_F(Cli, BringsHomeFilesThatAttackInTheMiddleOfARun) {
+    const TempFolder card;
+    TinyPhoto dated;
+    dated.dateTimeOriginal = "2021:03:14 15:30:45";
+    const std::string transport = transportStreamOfLargeFrames(1'024, 512, 400);
+    std::map<std::string, std::string> files{{"heaps.jpg", crwOfDoublingHeaps()},
+                                             {"nested.crw", crwOfNestedHeaps()},
+                                             {"frames.ts", transport},
+                                             {"noise.mov", noise(1'000'000)},
+                                             {"chunks.png", pngOfManyChunks(500)},
+                                             {"last.jpg", tinyJpeg(dated)}};
+    for (const std::string& movie : moviesForRawNames()) {
+        files.emplace("movie " + std::to_string(files.size()) + ".nef", movie);
+    }
+    for (const auto& [name, content] : files) {
+        card.write(name, content);
+    }
+    const Outcome scan = run({"scan", card.path().bytes(), "--json"});
+    ASSERT_EQ(scan.status, 0) << scan.err;
+    const std::vector<Json> lines = jsonLines(scan.out);
+    ASSERT_EQ(lines.size(), files.size() + 1);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const Decoded<MediaItem> item = decodeMediaItem(lines[i]);
+        ASSERT_TRUE(item);
+        EXPECT_EQ(item->metadataCaptureDate.hasValue(), item->fileName() == "last.jpg") << item->fileName();
+    }
+    const Outcome organized = run({"organize", card.path().bytes(), "--to", "DEST", "--json"});
+    ASSERT_EQ(organized.status, 0) << organized.err;
+    const Decoded<OperationManifest> manifest = decodeOperationManifest(Json::parse(organized.out));
+    ASSERT_TRUE(manifest);
+    ASSERT_EQ(manifest->items.size(), files.size());
+    for (const FileTransactionItem& record : manifest->items) {
+        EXPECT_EQ(record.status, TransactionStatus::verified) << record.originalPath.bytes();
+    }
+}
+
+TEST_F(Cli, TellsHowTheHelpersAreLockedIn) {
+    EXPECT_THAT(run({"--version", "--verbose"}).out, HasSubstr("system call filter: yes"));
+    EXPECT_THAT(run({"--version"}).out, Not(HasSubstr("filter")));
 }
 
 TEST_F(Cli, WrongUsageIsToldAndTouchesNothing) {

@@ -7,14 +7,11 @@
 #include "support/TinyMovies.h"
 #include "support/TinyPhotos.h"
 
-#include <iomanip>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 namespace lumeo {
 namespace {
@@ -372,24 +369,8 @@ TEST(PhotoReaderTest, readsTheHeapsOfACrw) {
     }
 }
 
-std::string pngOf(const std::string& chunks) {
-    return "\x89PNG\r\n\x1A\n" + chunks;
-}
-
-std::string pngChunk(const std::string& type, const std::string& content) {
-    return big(content.size(), 4) + type + content + big(0, 4);
-}
-
-std::string deflated(const std::string& text) {
-    uLongf size = compressBound(text.size());
-    std::string bytes(size, '\0');
-    compress(reinterpret_cast<Bytef*>(bytes.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
-             text.size());
-    return bytes.substr(0, size);
-}
-
 TEST(PhotoReaderTest, findsWhatStandsBehindThePixelsOfALargePng) {
-    std::string png = pngOf(pngChunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s));
+    std::string png = tinyPng(pngChunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s));
     for (int i = 0; i < 400; ++i) {
         png += pngChunk("IDAT", "eXIf tEXt" + std::string(8'183, 'x'));
     }
@@ -410,34 +391,25 @@ TEST(PhotoReaderTest, readsFilesMadeOfChunks) {
     const std::string tiff = tiffBlockOf(photo);
     const std::string header = pngChunk("IHDR", big(300, 4) + big(200, 4) + "\x08\0\0\0\0"s);
     const PhotoProperties png =
-        propertiesOf(pngOf(header + pngChunk("IDAT", std::string(50'000, 'x')) + pngChunk("eXIf", tiff) +
-                           pngChunk("iTXt", "XML:com.adobe.xmp\0\0\0\0\0"s + xmp) + pngChunk("IEND", "")));
+        propertiesOf(tinyPng(header + pngChunk("IDAT", std::string(50'000, 'x')) + pngChunk("eXIf", tiff) +
+                             pngChunk("iTXt", "XML:com.adobe.xmp\0\0\0\0\0"s + xmp) + pngChunk("IEND", "")));
     expectWholePhoto(png);
     EXPECT_THAT(png.pixelWidth, Optional(300));
 
-    const auto profileOf = [](const std::string& bytes) {
-        std::ostringstream text;
-        text << "\nexif\n" << bytes.size() << std::hex;
-        for (std::size_t i = 0; i < bytes.size(); ++i) {
-            text << (i % 36 == 0 ? "\n" : "") << std::setw(2) << std::setfill('0')
-                 << (static_cast<unsigned>(bytes[i]) & 0xFFU);
-        }
-        return text.str();
-    };
     const std::string keyword = "Raw profile type exif\0"s;
-    const std::string profile = profileOf("Exif\0\0"s + tiff);
+    const std::string profile = pngProfile("Exif\0\0"s + tiff);
     for (const std::string& exif :
          {pngChunk("tEXt", keyword + profile), pngChunk("zTXt", keyword + '\0' + deflated(profile)),
           pngChunk("iTXt", keyword + "\1\0en\0\0"s + deflated(profile)),
           pngChunk("tEXt", "Raw profile type APP1\0"s + profile)}) {
         const std::string packet =
             pngChunk("iTXt", "XML:com.adobe.xmp\0\1\0\0\0"s + deflated(xmp)); // also as a profile:
-        const std::string asProfile = pngChunk("tEXt", "Raw profile type xmp\0"s + profileOf(xmp));
-        expectWholePhoto(propertiesOf(pngOf(header + exif + packet)));
-        expectWholePhoto(propertiesOf(pngOf(header + asProfile + exif)));
+        const std::string asProfile = pngChunk("tEXt", "Raw profile type xmp\0"s + pngProfile(xmp));
+        expectWholePhoto(propertiesOf(tinyPng(header + exif + packet)));
+        expectWholePhoto(propertiesOf(tinyPng(header + asProfile + exif)));
     }
     const std::string tooLong = deflated(std::string(5'000'000, ' ') + profile);
-    EXPECT_EQ(propertiesOf(pngOf(header + pngChunk("zTXt", keyword + '\0' + tooLong))).exif,
+    EXPECT_EQ(propertiesOf(tinyPng(header + pngChunk("zTXt", keyword + '\0' + tooLong))).exif,
               PhotoProperties::Exif{});
 
     const auto riffChunk = [](const std::string& type, const std::string& content) {

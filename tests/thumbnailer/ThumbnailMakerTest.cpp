@@ -1,6 +1,7 @@
 #include "thumbnailer/ThumbnailMaker.h"
 
 #include "platform/PosixFileSystem.h"
+#include "support/AttackFiles.h"
 #include "support/TempFolder.h"
 #include "support/TinyMovies.h"
 #include "thumbnailer/MadePictures.h"
@@ -14,7 +15,9 @@ class ThumbnailMakerTest : public testing::Test {
 protected:
     [[nodiscard]] QImage make(std::string_view name, const std::string& content,
                               QSize pixels = {80, 80}) const {
-        return ThumbnailMaker::make(PosixFileSystem(), folder_.write(name, content), pixels);
+        ThumbnailMaker::prepare();
+        const auto file = PosixFileSystem().openForReading(folder_.write(name, content));
+        return ThumbnailMaker::make(**file, name.ends_with(".nef"), pixels);
     }
     /// "red" or "blue", whichever the picture is more of at a point given in shares of its sides.
     static std::string_view colourAt(const QImage& picture, double x, double y) {
@@ -55,6 +58,7 @@ TEST_F(ThumbnailMakerTest, ShowsThePreviewOfARawFileAsTheCameraLay) {
     const QImage turned = make("turned.nef", rawAround(jpeg, 8));
     EXPECT_EQ(turned.size(), QSize(60, 80));
     EXPECT_EQ(colourAt(turned, 0.5, 0.25), "blue");
+    EXPECT_EQ(make("heaps.nef", crwFile(crwHeap({{0x2007, jpeg}}))).size(), QSize(80, 60));
     // A preview that tells its own orientation is not turned twice.
     EXPECT_EQ(make("own.nef", rawAround(withOrientation(jpeg, 8), 8)).size(), QSize(60, 80));
 }
@@ -82,7 +86,11 @@ TEST_F(ThumbnailMakerTest, MakesNothingOfWhatIsNoPictureOrAsksForTooMuch) {
     EXPECT_TRUE(
         make("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>").isNull());
     EXPECT_TRUE(make("raw.nef", rawAround("no picture", 1)).isNull());
-    EXPECT_TRUE(ThumbnailMaker::make(PosixFileSystem(), FilePath("/no/such/file.jpg"), {80, 80}).isNull());
+    for (const std::string& movie : moviesForRawNames()) {
+        EXPECT_TRUE(make("movie.nef", movie).isNull());
+    }
+    EXPECT_TRUE(make("heaps.nef", crwOfDoublingHeaps()).isNull());
+    EXPECT_TRUE(make("heaps.nef", crwOfNestedHeaps()).isNull());
 }
 
 } // namespace

@@ -20,10 +20,10 @@ protected:
     static void remove(const FilePath& file) { std::filesystem::remove(file.bytes()); }
 
     /// A helper that does what a shell script says.
-    QString helper(const std::string& script) const {
+    FilePath helper(const std::string& script) const {
         const FilePath file = folder_.write("helper", "#!/bin/sh\n" + script);
         std::filesystem::permissions(file.bytes(), std::filesystem::perms::owner_all);
-        return QString::fromStdString(file.bytes());
+        return file;
     }
     /// The answer, waited for; absent when none comes.
     static std::optional<QImage> answerOf(ThumbnailService& service, const FilePath& file,
@@ -38,6 +38,31 @@ protected:
 private:
     TempFolder folder_;
 };
+
+TEST_F(ThumbnailServiceTest, TriesNoSecondTimeWhatGaveNoPictureUntilItChanges) {
+    const std::string count = (folder() / "count").bytes();
+    const FilePath file = picture("photo.png");
+    ThumbnailService service(helper("echo >> '" + count + "'; exit 1"));
+    EXPECT_TRUE(answerOf(service, file)->isNull());
+    EXPECT_TRUE(answerOf(service, file)->isNull());
+    EXPECT_EQ(std::filesystem::file_size(count), 1U);
+    picture("photo.png", {200, 100});
+    EXPECT_TRUE(answerOf(service, file)->isNull());
+    EXPECT_EQ(std::filesystem::file_size(count), 2U);
+}
+
+TEST_F(ThumbnailServiceTest, EndsAHelperThatSpeaksUnasked) {
+    const std::string real = HelperProcess::installed("lumeo-thumbnailer").value().bytes();
+    const std::string spoken = (folder() / "spoken").bytes();
+    ThumbnailService service(
+        helper("if [ ! -e '" + spoken +
+               "' ]; then head -c 24 >/dev/null; head -c 8 /dev/zero; head -c 1 /dev/zero; "
+               "touch '" +
+               spoken + "'; sleep 100; else exec '" + real + "'; fi"));
+    EXPECT_TRUE(answerOf(service, picture("first.png"))->isNull());
+    EXPECT_TRUE(testing::waitUntil([&] { return std::filesystem::exists(spoken); }));
+    EXPECT_FALSE(answerOf(service, picture("second.png"))->isNull()) << "by another";
+}
 
 TEST_F(ThumbnailServiceTest, KeepsPicturesButNoFailures) {
     ThumbnailService service;
@@ -106,9 +131,9 @@ TEST_F(ThumbnailServiceTest, OutlivesAHelperThatDoesNot) {
         EXPECT_TRUE(answerOf(service, file)->isNull()) << script;
         EXPECT_TRUE(answerOf(service, file)->isNull()) << script;
     }
-    ThumbnailService without(QStringLiteral("/no/such/helper"));
+    ThumbnailService without(FilePath("/no/such/helper"));
     EXPECT_TRUE(answerOf(without, file)->isNull());
-    ThumbnailService withoutAny{QString()};
+    ThumbnailService withoutAny(std::optional<FilePath>{});
     EXPECT_TRUE(answerOf(withoutAny, file)->isNull());
 }
 

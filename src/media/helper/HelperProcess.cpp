@@ -132,13 +132,22 @@ bool HelperProcess::receive(std::span<std::byte> record, std::chrono::steady_clo
         if (ready <= 0) {
             continue;
         }
-        const ssize_t count = recv(socket_.get(), record.data(), record.size(), MSG_DONTWAIT);
-        if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) {
+        const std::optional<std::size_t> count = receiveWhatIsThere(record);
+        if (!count) {
             return false;
         }
-        record = record.subspan(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        record = record.subspan(*count);
     }
     return true;
+}
+
+std::optional<std::size_t> HelperProcess::receiveWhatIsThere(std::span<std::byte> space) {
+    const ssize_t count =
+        retrying([&] { return recv(socket_.get(), space.data(), space.size(), MSG_DONTWAIT); });
+    if (count == 0 || (count < 0 && errno != EAGAIN)) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
 }
 
 } // namespace lumeo

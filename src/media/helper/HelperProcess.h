@@ -43,6 +43,10 @@ public:
     bool receive(std::span<std::byte> record, std::chrono::steady_clock::time_point deadline,
                  const std::stop_token& stop);
 
+    /// What has come so far and is not received yet, as much of it as fits; how much that was. Absent when
+    /// the helper has gone.
+    std::optional<std::size_t> receiveWhatIsThere(std::span<std::byte> space);
+
 private:
     HelperProcess(pid_t process, Descriptor socket) : process_(process), socket_(std::move(socket)) {}
 

@@ -1,14 +1,15 @@
 #include "ui/thumbnails/ThumbnailService.h"
 
+#include "media/helper/HelperSocket.h"
+#include "platform/PosixFileSystem.h"
+#include "scan/MediaTypeDetector.h"
 #include "ui/thumbnails/HelperPipe.h"
 
-#include <QCoreApplication>
-#include <QPointer>
-#include <QStandardPaths>
-
 #include <algorithm>
+#include <array>
 #include <chrono>
-#include <tuple>
+#include <mutex>
+#include <thread>
 #include <utility>
 
 namespace lumeo {
@@ -18,45 +19,72 @@ using namespace std::chrono_literals;
 
 constexpr int mostKept = 200;
 constexpr int pixelsPerPoint = 2;
-constexpr auto longestWork = 15s;
+constexpr auto longestWork = 10s;           // most of it is for a slow disk: the helper bounds its own
 constexpr auto longestUnwantedWork = 300ms; // long enough for most files, whose picture is then kept
-constexpr auto longestGoodbye = 1000ms;     // a killed helper ends at once, unless its disk does not answer
-
-/// Beside the program, as in a build, or where it is installed.
-QString installedHelper() {
-    const QString name = QStringLiteral("lumeo-thumbnailer");
-    const QString folder = QCoreApplication::applicationDirPath();
-    return QStandardPaths::findExecutable(name, {folder, folder + QStringLiteral("/../libexec/lumeo")});
-}
 
 QByteArray key(const FilePath& file) {
     return QByteArray::fromStdString(file.bytes());
 }
 
+bool isRaw(const FilePath& file) {
+    const auto type = MediaTypeDetector::detectType(file);
+    return type && type->mediaType == MediaType::rawPhoto;
+}
+
 } // namespace
 
-ThumbnailService::ThumbnailService(QObject* parent) : ThumbnailService(installedHelper(), parent) {}
+/// Opens files for the helper, which must not, on threads of their own: a disk that does not answer holds one
+/// of these and not the window. Outlives the service as long as such a thread does.
+class ThumbnailService::Opening : public std::enable_shared_from_this<Opening> {
+public:
+    explicit Opening(ThumbnailService& service) : service_(&service) {}
 
-ThumbnailService::ThumbnailService(QString helper, QObject* parent)
-    : QObject(parent), helperProgram_(std::move(helper)), kept_(mostKept) {
+    void leave() {
+        const std::lock_guard guard(mutex_);
+        service_ = nullptr;
+    }
+
+    void open(quint64 request, const FilePath& path) {
+        std::thread([self = shared_from_this(), request, path] {
+            auto opened = std::make_shared<Opened>();
+            if (auto file = PosixFileSystem().openForReading(path)) {
+                if (const auto status = (*file)->status()) {
+                    *opened = {std::move(*file), *status};
+                }
+            }
+            const std::lock_guard guard(self->mutex_);
+            if (self->service_ != nullptr) {
+                QMetaObject::invokeMethod(
+                    self->service_,
+                    [service = self->service_, request, opened] { service->handOn(request, opened); },
+                    Qt::QueuedConnection);
+            }
+        }).detach();
+    }
+
+private:
+    std::mutex mutex_;
+    ThumbnailService* service_;
+};
+
+ThumbnailService::ThumbnailService(QObject* parent)
+    : ThumbnailService(HelperProcess::installed("lumeo-thumbnailer"), parent) {}
+
+ThumbnailService::ThumbnailService(std::optional<FilePath> helper, QObject* parent)
+    : QObject(parent),
+      program_(std::move(helper)),
+      kept_(mostKept),
+      opening_(std::make_shared<Opening>(*this)) {
     patience_.setSingleShot(true);
-    connect(&patience_, &QTimer::timeout, this, &ThumbnailService::endHelper);
+    connect(&patience_, &QTimer::timeout, this, &ThumbnailService::giveUp);
 }
 
 ThumbnailService::~ThumbnailService() {
-    if (helper_) {
-        leaveHelper();
-    }
-    for (auto& left : left_) {
-        left->disconnect(this);
-        if (left->state() != QProcess::NotRunning && !left->waitForFinished(longestGoodbye.count())) {
-            std::ignore = left.release(); // its own end would wait for the helper's
-        }
-    }
+    opening_->leave();
 }
 
 quint64 ThumbnailService::load(const FilePath& file, QSize points, Answer answer) {
-    waiting_.push_back({++lastNumber_, file, points * pixelsPerPoint, std::move(answer)});
+    waiting_.push_back({++lastNumber_, file, points * pixelsPerPoint, std::move(answer), std::nullopt});
     answerSoon();
     return lastNumber_;
 }
@@ -89,60 +117,72 @@ void ThumbnailService::answerWaiting() {
 
 void ThumbnailService::ask(Request request) {
     asked_ = std::move(request);
-    received_.clear();
-    if (!helper_) {
-        startHelper();
+    patience_.start(longestWork);
+    opening_->open(asked_->number, asked_->file);
+}
+
+void ThumbnailService::handOn(quint64 request, const std::shared_ptr<Opened>& opened) {
+    if (!asked_ || asked_->number != request) {
+        return; // opened too late
     }
-    if (helper_) { // still: it may have failed on the spot
-        patience_.start(longestWork);
-        helper_->write(encodedQuestion(asked_->file.bytes(), asked_->pixels));
+    const std::optional<int> descriptor = opened->file ? opened->file->descriptor() : std::nullopt;
+    if (!descriptor || refused_.contains(opened->status) || !startHelper()) {
+        finish({});
+        return;
+    }
+    received_.clear();
+    asked_->sent = opened->status;
+    const ThumbnailQuestion question{opened->status.size, asked_->pixels.width(), asked_->pixels.height(),
+                                     isRaw(asked_->file) ? 1U : 0U};
+    if (!helper_->send(bytesOf(question), descriptor)) {
+        giveUp();
     }
 }
 
-void ThumbnailService::startHelper() {
-    helper_ = std::make_unique<QProcess>();
-    helper_->setStandardErrorFile(QProcess::nullDevice());
-    connect(helper_.get(), &QProcess::readyReadStandardOutput, this, &ThumbnailService::receive);
-    connect(helper_.get(), &QProcess::finished, this, &ThumbnailService::endHelper);
-    connect(helper_.get(), &QProcess::errorOccurred, this, &ThumbnailService::endHelper);
-    helper_->start(helperProgram_, QStringList());
+/// One that has something to say before it is asked is not to be trusted any more.
+bool ThumbnailService::startHelper() {
+    if (helper_ && helper_->hasSpoken()) {
+        endHelper();
+    }
+    if (!helper_ && program_) {
+        helper_ = HelperProcess::start(*program_);
+        if (helper_) {
+            listener_ = std::make_unique<QSocketNotifier>(helper_->socket(), QSocketNotifier::Read);
+            connect(listener_.get(), &QSocketNotifier::activated, this, &ThumbnailService::receive);
+        }
+    }
+    return helper_.has_value();
 }
 
 void ThumbnailService::receive() {
-    received_ += helper_->readAllStandardOutput();
-    if (!asked_) {
+    std::array<std::byte, 64 * 1024> part;
+    const std::optional<std::size_t> count = helper_->receiveWhatIsThere(part);
+    if (!count || !asked_ || !asked_->sent) {
+        giveUp(); // it has gone, or speaks unasked
         return;
     }
+    received_.append(reinterpret_cast<const char*>(part.data()), static_cast<qsizetype>(*count));
     const ReceivedAnswer answer = decodedAnswer(received_, asked_->pixels);
     if (answer.isDamaged) {
-        endHelper();
+        giveUp();
     } else if (answer.isComplete) {
         finish(answer.picture);
     }
 }
 
-void ThumbnailService::endHelper() {
-    if (helper_) {
-        leaveHelper();
-    }
+void ThumbnailService::giveUp() {
+    endHelper();
     if (asked_) {
         finish({});
     }
 }
 
-/// Its end is not waited for: it may be hanging on a disk that does not answer.
-void ThumbnailService::leaveHelper() {
-    helper_->disconnect(this);
-    const QProcess* const left = left_.emplace_back(std::move(helper_)).get();
-    const auto forget = [this, left] {
-        std::erase_if(left_, [left](const auto& process) { return process.get() == left; });
-    };
-    if (left->state() == QProcess::NotRunning) {
-        QMetaObject::invokeMethod(this, forget, Qt::QueuedConnection); // it may be speaking at this moment
-        return;
+void ThumbnailService::endHelper() {
+    if (listener_) {
+        listener_->setEnabled(false);
+        listener_.release()->deleteLater(); // it may be calling at this moment
     }
-    connect(left, &QProcess::finished, this, forget, Qt::QueuedConnection);
-    left_.back()->kill();
+    helper_.reset();
 }
 
 void ThumbnailService::finish(const QImage& picture) {
@@ -150,6 +190,8 @@ void ThumbnailService::finish(const QImage& picture) {
     const Request request = *std::exchange(asked_, std::nullopt);
     if (!picture.isNull()) {
         kept_.insert(key(request.file), new QImage(picture));
+    } else if (request.sent && request.answer) { // nobody took it away from the helper
+        refused_.add(*request.sent);
     }
     answerSoon();
     if (request.answer) {
