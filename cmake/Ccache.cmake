@@ -3,5 +3,4 @@ if(LUMEO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     # What lets it keep what is compiled with precompiled headers.
     set(CMAKE_CXX_COMPILER_LAUNCHER
         ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${LUMEO_CCACHE})
-    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()

@@ -8,4 +8,7 @@ function(lumeo_precompile target)
         <optional> <span> <string> <string_view> <unordered_map> <utility> <variant> <vector>
         <nlohmann/json.hpp>
         ${ARGN})
+    if(LUMEO_CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+        target_compile_options(${target} PRIVATE -fpch-preprocess) # which it asks for
+    endif()
 endfunction()

@@ -6,7 +6,7 @@ _lumeo_cli() {
 
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        mapfile -t COMPREPLY < <(compgen -W "scan plan organize duplicates undo runs --help --version" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "scan plan organize duplicates undo runs --help --version --verbose" -- "$word")
         return
     fi
     case $before in

@@ -1,5 +1,10 @@
 #include "cli/Arguments.h"
 
+#include "cli/Version.h"
+
+#include <algorithm>
+#include <string_view>
+
 #include <CLI/CLI.hpp>
 
 namespace lumeo::cli {
@@ -94,7 +99,10 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
 
     CLI::App app("Turns scattered photos and videos into a dated archive, verified file by file.",
                  "lumeo-cli");
-    app.set_version_flag("--version", std::string(LUMEO_VERSION));
+    // Seen wherever it stands: the version is told as soon as it is asked for.
+    bool isVerbose = std::find(argv, argv + argc, std::string_view("--verbose")) != argv + argc;
+    app.set_version_flag("--version", [&isVerbose] { return versionText(isVerbose); });
+    app.add_flag("--verbose", isVerbose, "With --version: tell how the helpers that decode are locked in");
     app.require_subcommand(1);
     app.footer("Exit status: 0 all well, 1 at least one file failed or was left alone, 2 wrong usage, "
                "3 not enough space, 4 another run works in the archive, 130 interrupted.\nSources are never "

@@ -1,7 +1,7 @@
 #include "dates/PhotoMetadataExtractor.h"
 
+#include "media/photo/PhotoReader.h"
 #include "platform/DateText.h"
-#include "platform/PhotoReader.h"
 #include "platform/Utf8Text.h"
 
 namespace lumeo {
@@ -39,8 +39,9 @@ void readPosition(const PhotoProperties::Gps& gps, PhotoMetadataResult& result) 
 } // namespace
 
 PhotoMetadataResult PhotoMetadataExtractor::extractMetadata(const FileSystem& fileSystem,
-                                                            const FilePath& path) {
-    const auto properties = PhotoReader::read(fileSystem, path);
+                                                            const FilePath& path,
+                                                            const std::stop_token& stop) {
+    const auto properties = PhotoReader::read(fileSystem, path, stop);
     return properties ? fromProperties(*properties) : PhotoMetadataResult{};
 }
 

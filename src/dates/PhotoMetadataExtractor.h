@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <stop_token>
 #include <string>
 
 namespace lumeo {
@@ -30,8 +31,9 @@ struct PhotoMetadataResult {
 
 /// Reads the facts of one image file that dating and cataloguing need. Any thread may call.
 struct PhotoMetadataExtractor {
-    /// Never fails: an unreadable file gives the empty result.
-    static PhotoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path);
+    /// Never fails: an unreadable file gives the empty result, one that is stopped what was read before.
+    static PhotoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path,
+                                               const std::stop_token& stop = {});
 
     /// The same from properties already read.
     static PhotoMetadataResult fromProperties(const PhotoProperties& properties);

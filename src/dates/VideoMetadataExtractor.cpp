@@ -1,7 +1,7 @@
 #include "dates/VideoMetadataExtractor.h"
 
+#include "media/movie/MovieReader.h"
 #include "platform/DateText.h"
-#include "platform/MovieReader.h"
 #include "platform/Utf8Text.h"
 
 #include <algorithm>
@@ -79,8 +79,9 @@ VideoMetadataResult VideoMetadataExtractor::fromProperties(const MovieProperties
 }
 
 VideoMetadataResult VideoMetadataExtractor::extractMetadata(const FileSystem& fileSystem,
-                                                            const FilePath& path) {
-    const std::optional<MovieProperties> properties = MovieReader::read(fileSystem, path);
+                                                            const FilePath& path, MediaHelper& helper,
+                                                            const std::stop_token& stop) {
+    const std::optional<MovieProperties> properties = MovieReader::read(fileSystem, path, helper, stop);
     return properties ? fromProperties(*properties) : VideoMetadataResult{};
 }
 

@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <optional>
+#include <stop_token>
 
 namespace lumeo {
 
 class FileSystem;
+class MediaHelper;
 struct MovieProperties;
 
 /// What the program keeps of a movie's metadata.
@@ -22,8 +24,10 @@ struct VideoMetadataResult {
 
 /// Reads the recording date, duration and displayed size of one movie file. Any thread may call.
 struct VideoMetadataExtractor {
-    /// Never fails: an unreadable file gives the empty result.
-    static VideoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path);
+    /// Never fails: an unreadable file gives the empty result. `helper` is asked about the containers that
+    /// no reader of ours is for.
+    static VideoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path,
+                                               MediaHelper& helper, const std::stop_token& stop = {});
 
     /// The same from properties already read.
     static VideoMetadataResult fromProperties(const MovieProperties& properties);

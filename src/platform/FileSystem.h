@@ -90,7 +90,11 @@ public:
 
     /// True while any process has the file open for writing. False also where the system cannot tell: on
     /// file systems without leases, and for files of another user.
-    virtual bool isOpenForWriting() = 0;
+    virtual bool isOpenForWriting() { return false; }
+
+    /// The system's number for the open file, to hand on to a process that is to read this very file. It
+    /// stays this object's. Absent where there is none.
+    [[nodiscard]] virtual std::optional<int> descriptor() const { return std::nullopt; }
 };
 
 /// A file being written at its end. Closed by its destructor, which ignores errors; used by one thread at

@@ -27,7 +27,7 @@ std::atomic<int> messages = -1; // an event counter: all that a handler may do i
 
 void send(std::uint64_t message) {
     const int kept = errno;
-    static_cast<void>(write(messages, &message, sizeof message));
+    [[maybe_unused]] const ssize_t sent = write(messages, &message, sizeof message);
     errno = kept;
 }
 

@@ -14,6 +14,7 @@ public:
     FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override;
     FileResult<FileStatus> status() override;
     bool isOpenForWriting() override;
+    [[nodiscard]] std::optional<int> descriptor() const override { return descriptor_.get(); }
 
 private:
     /// Who reads on and on wants the system to read ahead; who picks a header out of a large file pays

@@ -4,6 +4,7 @@
 #include "dates/FilenameDateParser.h"
 #include "dates/PhotoMetadataExtractor.h"
 #include "dates/VideoMetadataExtractor.h"
+#include "media/helper/MediaHelper.h"
 #include "platform/AsciiCase.h"
 #include "scan/MediaTypeDetector.h"
 #include "scan/ScanRoot.h"
@@ -70,10 +71,10 @@ void keepVideoFacts(const VideoMetadataResult& video, MediaItem& item) {
 /// One scan: what it has found and counted so far.
 class MediaScanner::Walk {
 public:
-    Walk(MediaScanner& scanner, const ProgressCallback& onProgress, const std::stop_token& stop)
+    Walk(MediaScanner& scanner, const ProgressCallback& onProgress, std::stop_token stop)
         : scanner_(scanner),
           onProgress_(onProgress),
-          stop_(stop),
+          stop_(std::move(stop)),
           start_(scanner.clock_.elapsed()),
           lastPublication_(start_) {}
 
@@ -87,7 +88,7 @@ public:
     }
 
     std::vector<MediaItem> finish() && {
-        progress_.isCancelled = scanner_.isCancelled(stop_);
+        progress_.isCancelled = stop_.stop_requested();
         progress_.isCompleted = !progress_.isCancelled;
         publish(scanner_.clock_.elapsed());
         return std::move(items_);
@@ -131,9 +132,7 @@ private:
             ++progress_.unsupportedCount;
             return;
         }
-        count(detection->mediaType, status.size);
-
-        MediaItem& item = items_.emplace_back();
+        MediaItem item;
         item.id = Uuid::random();
         item.sourceURL = std::move(path);
         item.utType = detection->utType;
@@ -143,15 +142,22 @@ private:
         item.filesystemModificationDate = status.modificationDate;
         item.filenameDerivedDate = FilenameDateParser::parseDate(item.fileName());
         readMetadata(item);
+        if (stop_.stop_requested()) {
+            return; // facts may be missing that the file has
+        }
+        count(item.mediaType, item.fileSize);
+        items_.push_back(std::move(item));
     }
 
-    void readMetadata(MediaItem& item) const {
+    void readMetadata(MediaItem& item) {
         CandidateDates candidates;
         if (item.mediaType == MediaType::video) {
-            keepVideoFacts(VideoMetadataExtractor::extractMetadata(scanner_.fileSystem_, item.sourceURL),
-                           item);
+            keepVideoFacts(
+                VideoMetadataExtractor::extractMetadata(scanner_.fileSystem_, item.sourceURL, helper_, stop_),
+                item);
         } else {
-            const auto photo = PhotoMetadataExtractor::extractMetadata(scanner_.fileSystem_, item.sourceURL);
+            const auto photo =
+                PhotoMetadataExtractor::extractMetadata(scanner_.fileSystem_, item.sourceURL, stop_);
             keepPhotoFacts(photo, item);
             candidates.tiffDateTime = photo.tiffDateTime;
         }
@@ -213,7 +219,8 @@ private:
 
     MediaScanner& scanner_;
     const ProgressCallback& onProgress_;
-    const std::stop_token& stop_;
+    std::stop_token stop_;
+    MediaHelper helper_;
     std::chrono::nanoseconds start_;
     std::chrono::nanoseconds lastPublication_;
     ScanProgress progress_;
@@ -222,14 +229,16 @@ private:
 
 std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const ProgressCallback& onProgress,
                                           const std::stop_token& stop) {
+    std::stop_source cancellation;
     {
         const std::lock_guard guard(mutex_);
         isPaused_ = false;
-        isCancelled_ = false;
+        cancellation_ = cancellation;
     }
-    Walk walk(*this, onProgress, stop);
+    const std::stop_callback cancelling(stop, [&cancellation] { cancellation.request_stop(); });
+    Walk walk(*this, onProgress, cancellation.get_token());
     for (const ScanRoot& root : scanRoots(roots, volumes_)) {
-        if (isCancelled(stop)) {
+        if (cancellation.stop_requested()) {
             break;
         }
         walk.walkRoot(root);
@@ -237,16 +246,12 @@ std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const
     return std::move(walk).finish();
 }
 
-bool MediaScanner::isCancelled(const std::stop_token& stop) const {
-    return isCancelled_ || stop.stop_requested();
-}
-
 bool MediaScanner::mayContinue(const std::stop_token& stop) {
     if (isPaused_) {
         std::unique_lock lock(mutex_);
-        wake_.wait(lock, stop, [this] { return !isPaused_ || isCancelled_; });
+        wake_.wait(lock, stop, [this] { return !isPaused_; });
     }
-    return !isCancelled(stop);
+    return !stop.stop_requested();
 }
 
 void MediaScanner::pause() {
@@ -261,10 +266,13 @@ void MediaScanner::resume() {
 }
 
 void MediaScanner::cancel() {
-    const std::lock_guard guard(mutex_);
-    isCancelled_ = true;
-    isPaused_ = false;
-    wake_.notify_all();
+    std::stop_source cancellation;
+    {
+        const std::lock_guard guard(mutex_);
+        isPaused_ = false;
+        cancellation = cancellation_;
+    }
+    cancellation.request_stop(); // wakes a sleeping walk as well
 }
 
 bool MediaScanner::isIgnoredName(std::string_view name) {

@@ -21,7 +21,8 @@ namespace lumeo {
 /// Only reads.
 ///
 /// scan() blocks the thread it is called on, one scan at a time; pause(), resume() and cancel() may be
-/// called from any thread at any moment and are seen before the next entry of a folder.
+/// called from any thread at any moment and are seen before the next entry of a folder; a cancel also ends
+/// the reading of the file in hand.
 class MediaScanner {
 public:
     using ProgressCallback = std::function<void(const ScanProgress&)>;
@@ -54,7 +55,6 @@ public:
 private:
     class Walk;
 
-    [[nodiscard]] bool isCancelled(const std::stop_token& stop) const;
     /// Sleeps while paused; false when the scan was cancelled.
     bool mayContinue(const std::stop_token& stop);
 
@@ -65,7 +65,7 @@ private:
     std::condition_variable_any wake_;
     /// Written under mutex_, so that no wake-up is lost; read without it, once an entry.
     std::atomic<bool> isPaused_ = false;
-    std::atomic<bool> isCancelled_ = false;
+    std::stop_source cancellation_; ///< of the scan that runs
 };
 
 } // namespace lumeo

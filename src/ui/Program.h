@@ -12,7 +12,7 @@
 #include "ui/models/SettingsModel.h"
 #include "ui/models/ShellModel.h"
 #include "ui/models/SourcesModel.h"
-#include "ui/models/ThumbnailService.h"
+#include "ui/thumbnails/ThumbnailService.h"
 
 #include <QQuickWindow>
 

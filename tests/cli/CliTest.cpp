@@ -1,11 +1,14 @@
 #include "model/MediaItemCoding.h"
 #include "platform/PosixFileSystem.h"
+#include "support/AttackFiles.h"
 #include "support/TempFolder.h"
+#include "support/TinyPhotos.h"
 #include "transfer/OperationManifest.h"
 
 #include <array>
 #include <csignal>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <sstream>
 #include <string>
@@ -63,9 +66,10 @@ Process::Process(const std::vector<std::string>& arguments, const FilePath& pref
         redirect(out.c_str(), O_WRONLY | O_CREAT, STDOUT_FILENO);
         if (reader == Reader::isGone) {
             std::array<int, 2> ends{};
-            static_cast<void>(pipe(ends.data()));
-            close(ends[0]);
-            dup2(ends[1], STDOUT_FILENO);
+            if (pipe(ends.data()) == 0) {
+                close(ends[0]);
+                dup2(ends[1], STDOUT_FILENO);
+            }
         } else if (reader == Reader::hasNoRoom) {
             redirect("/dev/full", O_WRONLY, STDOUT_FILENO);
         }
@@ -302,6 +306,48 @@ TEST_F(Cli, AMoveThatALogoutEndsStopsCleanlyAndCanBeTakenBack) {
         EXPECT_EQ(filesBelow(source_.path()), before);
         EXPECT_EQ(filesBelow(archive_ / "Archive").size(), 0U);
     }
+}
+
+/// Each of these hung, crashed or starved a decoder library.
+TEST_F(Cli, BringsHomeFilesThatAttackInTheMiddleOfARun) {
+    const TempFolder card;
+    TinyPhoto dated;
+    dated.dateTimeOriginal = "2021:03:14 15:30:45";
+    const std::string transport = transportStreamOfLargeFrames(1'024, 512, 400);
+    std::map<std::string, std::string> files{{"heaps.jpg", crwOfDoublingHeaps()},
+                                             {"nested.crw", crwOfNestedHeaps()},
+                                             {"frames.ts", transport},
+                                             {"noise.mov", noise(1'000'000)},
+                                             {"chunks.png", pngOfManyChunks(500)},
+                                             {"last.jpg", tinyJpeg(dated)}};
+    for (const std::string& movie : moviesForRawNames()) {
+        files.emplace("movie " + std::to_string(files.size()) + ".nef", movie);
+    }
+    for (const auto& [name, content] : files) {
+        card.write(name, content);
+    }
+    const Outcome scan = run({"scan", card.path().bytes(), "--json"});
+    ASSERT_EQ(scan.status, 0) << scan.err;
+    const std::vector<Json> lines = jsonLines(scan.out);
+    ASSERT_EQ(lines.size(), files.size() + 1);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const Decoded<MediaItem> item = decodeMediaItem(lines[i]);
+        ASSERT_TRUE(item);
+        EXPECT_EQ(item->metadataCaptureDate.hasValue(), item->fileName() == "last.jpg") << item->fileName();
+    }
+    const Outcome organized = run({"organize", card.path().bytes(), "--to", "DEST", "--json"});
+    ASSERT_EQ(organized.status, 0) << organized.err;
+    const Decoded<OperationManifest> manifest = decodeOperationManifest(Json::parse(organized.out));
+    ASSERT_TRUE(manifest);
+    ASSERT_EQ(manifest->items.size(), files.size());
+    for (const FileTransactionItem& record : manifest->items) {
+        EXPECT_EQ(record.status, TransactionStatus::verified) << record.originalPath.bytes();
+    }
+}
+
+TEST_F(Cli, TellsHowTheHelpersAreLockedIn) {
+    EXPECT_THAT(run({"--version", "--verbose"}).out, HasSubstr("system call filter: yes"));
+    EXPECT_THAT(run({"--version"}).out, Not(HasSubstr("filter")));
 }
 
 TEST_F(Cli, WrongUsageIsToldAndTouchesNothing) {

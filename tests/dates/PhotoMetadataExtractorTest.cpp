@@ -1,7 +1,7 @@
 #include "dates/PhotoMetadataExtractor.h"
 
+#include "media/photo/PhotoReader.h"
 #include "platform/DateText.h"
-#include "platform/PhotoReader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

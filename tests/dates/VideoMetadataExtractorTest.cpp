@@ -1,7 +1,7 @@
 #include "dates/VideoMetadataExtractor.h"
 
+#include "media/movie/MovieReader.h"
 #include "platform/DateText.h"
-#include "platform/MovieReader.h"
 
 #include <cmath>
 #include <limits>

@@ -25,7 +25,6 @@ public:
         return count;
     }
     FileResult<FileStatus> status() override { return status_; }
-    bool isOpenForWriting() override { return false; }
 
 private:
     std::string content_;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <zlib.h>
+
 namespace lumeo {
 
 namespace {
@@ -198,6 +200,35 @@ std::string tinyXmp(std::string_view attributes) {
            R"( xmlns:tiff="http://ns.adobe.com/tiff/1.0/" xmlns:aux="http://ns.adobe.com/exif/1.0/aux/")"
            R"( xmlns:exifEX="http://cipa.jp/exif/1.0/" )" +
            std::string(attributes) + R"(/></rdf:RDF></x:xmpmeta><?xpacket end="w"?>)";
+}
+
+std::string tinyPng(const std::string& chunks) {
+    return "\x89PNG\r\n\x1A\n" + chunks;
+}
+
+std::string pngChunk(const std::string& type, const std::string& content) {
+    return bigEndianBytes(content.size(), 4) + type + content + bigEndianBytes(0, 4);
+}
+
+std::string pngProfile(const std::string& bytes) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    constexpr std::size_t bytesInALine = 36;
+    std::string text = "\nexif\n" + std::to_string(bytes.size());
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        text += i % bytesInALine == 0 ? "\n" : "";
+        text += digits[byte >> 4U];
+        text += digits[byte & 15U];
+    }
+    return text;
+}
+
+std::string deflated(const std::string& text) {
+    uLongf size = compressBound(text.size());
+    std::string bytes(size, '\0');
+    compress(reinterpret_cast<Bytef*>(bytes.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
+             text.size());
+    return bytes.substr(0, size);
 }
 
 } // namespace lumeo

@@ -36,6 +36,16 @@ std::string tinyTiff(const TinyPhoto& photo = {});
 /// An XMP packet around attributes such as R"(tiff:Make="Maker" exif:GPSLatitude="48,51.2N")".
 std::string tinyXmp(std::string_view attributes);
 
+/// A PNG of the chunks that pngChunk() made; none has pixels.
+std::string tinyPng(const std::string& chunks);
+std::string pngChunk(const std::string& type, const std::string& content);
+
+/// Bytes as PNGs hold them in a text, their digits in lines of 72.
+std::string pngProfile(const std::string& bytes);
+
+/// Compressed as in a PNG's texts.
+std::string deflated(const std::string& text);
+
 /// Lays out a TIFF structure by hand, for files that no camera would write.
 class TiffMaker {
 public:

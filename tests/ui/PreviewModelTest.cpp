@@ -1,7 +1,7 @@
 #include "ui/models/PreviewModel.h"
 
 #include "ui/MadeState.h"
-#include "ui/models/ThumbnailService.h"
+#include "ui/thumbnails/ThumbnailService.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "ui/MadeState.h"
 #include "ui/ShownScreen.h"
 #include "ui/models/PreviewModel.h"
-#include "ui/models/ThumbnailService.h"
+#include "ui/thumbnails/ThumbnailService.h"
 
 #include <gtest/gtest.h>
 

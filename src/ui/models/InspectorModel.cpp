@@ -4,7 +4,7 @@
 #include "platform/TextFormat.h"
 #include "ui/models/MediaItemTexts.h"
 #include "ui/models/ShownText.h"
-#include "ui/models/ThumbnailService.h"
+#include "ui/thumbnails/ThumbnailService.h"
 
 #include <QVariantMap>
 

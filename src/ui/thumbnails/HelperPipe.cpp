@@ -15,11 +15,6 @@ QByteArray bytesOf(const Head& head) {
 
 } // namespace
 
-QByteArray encodedQuestion(const std::string& path, QSize pixels) {
-    const ThumbnailQuestion head{pixels.width(), pixels.height(), static_cast<std::uint32_t>(path.size())};
-    return bytesOf(head) + QByteArray::fromStdString(path);
-}
-
 QByteArray encodedAnswer(const QImage& picture) {
     const QImage plain = picture.convertToFormat(pixelFormat);
     QByteArray bytes = bytesOf(ThumbnailAnswer{plain.width(), plain.height()});

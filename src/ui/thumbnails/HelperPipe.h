@@ -5,19 +5,17 @@
 #include <QSize>
 
 #include <cstdint>
-#include <optional>
-#include <string>
 
 namespace lumeo {
 
-// What the program and its helper say to each other, one question and one answer at a time. Both are of
-// one build and one machine, so numbers stand as the processor has them.
+// What the program and its helper say to each other, one question and one answer at a time; see HelperSocket.
 
-/// The head of a question; the bytes of the path follow.
+/// Goes along with the open file.
 struct ThumbnailQuestion {
-    std::int32_t width = 0; ///< of the space, in pixels
+    std::int64_t fileSize = 0; ///< bytes
+    std::int32_t width = 0;    ///< of the space, in pixels
     std::int32_t height = 0;
-    std::uint32_t pathLength = 0;
+    std::uint64_t isRaw = 0; ///< 1 when the file's name says that it is a camera's raw file
 };
 
 /// The head of an answer; the lines of the picture follow, four bytes a pixel. No picture is 0 by 0.
@@ -26,7 +24,6 @@ struct ThumbnailAnswer {
     std::int32_t height = 0;
 };
 
-QByteArray encodedQuestion(const std::string& path, QSize pixels);
 QByteArray encodedAnswer(const QImage& picture);
 
 /// How far an answer has come.

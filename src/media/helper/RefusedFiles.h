@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+#include <mutex>
+#include <optional>
+#include <unordered_set>
+
+namespace lumeo {
+
+/// Remembers files that a helper could make nothing of, so that none costs its time twice. A file is known by
+/// its inode and the moment of its last change: once it is written anew, it is asked about again. Any thread
+/// may call.
+class RefusedFiles {
+public:
+    [[nodiscard]] bool contains(const FileStatus& file) const;
+    void add(const FileStatus& file);
+
+private:
+    struct Known {
+        FileIdentity identity;
+        std::int64_t size = 0;
+        std::optional<Instant> changeDate;
+        friend bool operator==(const Known&, const Known&) = default;
+    };
+    struct Hash {
+        std::size_t operator()(const Known& file) const {
+            return std::hash<std::uint64_t>{}(file.identity.inode ^ file.identity.device << 32U);
+        }
+    };
+
+    mutable std::mutex mutex_;
+    std::unordered_set<Known, Hash> files_;
+};
+
+} // namespace lumeo

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "media/FileWindow.h"
+
+#include <optional>
+
+namespace lumeo {
+
+/// Where a file that is a row of tagged chunks keeps what it says of itself.
+struct ChunkContents {
+    std::optional<FileRange> exif; ///< the TIFF structure
+    std::optional<FileRange> xmpPacket;
+};
+
+ChunkContents readWebp(FileWindow& file);
+ChunkContents readMrw(FileWindow& file);
+
+} // namespace lumeo

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "media/FileWindow.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace lumeo {
+
+/// Where a JPEG keeps what it says of itself.
+struct JpegContents {
+    std::optional<std::int64_t> pixelWidth;
+    std::optional<std::int64_t> pixelHeight;
+    std::optional<FileRange> exif; ///< the TIFF structure
+    std::optional<FileRange> xmpPacket;
+};
+
+/// Walks the segments before the pixels of the JPEG that begins at `offset`. Absent when none does.
+std::optional<JpegContents> readJpeg(FileWindow& file, std::uint64_t offset);
+
+} // namespace lumeo

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "media/FileWindow.h"
+#include "media/photo/PhotoProperties.h"
+
+#include <optional>
+
+namespace lumeo {
+
+struct X3fContents {
+    PhotoProperties properties;
+    std::optional<FileRange> embeddedJpeg; ///< the preview, which has the Exif block of newer cameras
+};
+
+/// Reads the size in the header and the properties that older cameras keep as pairs of UTF-16 texts: time
+/// and camera. The time is told as an Exif text: the camera's wall clock.
+X3fContents readX3f(FileWindow& file);
+
+} // namespace lumeo

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "media/BoundedFile.h"
+
+#include <QImage>
+#include <QSize>
+
+namespace lumeo {
+
+/// Sets the library up; see ThumbnailMaker::prepare().
+void prepareRawPreviews();
+
+/// The smallest preview that a camera's raw file carries and that fills `pixels`, else its largest,
+/// upright and fitted. Null when there is none.
+QImage rawPreview(BoundedFile& file, QSize pixels);
+
+} // namespace lumeo
