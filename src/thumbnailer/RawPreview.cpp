@@ -49,7 +49,8 @@ bool isOfARawPhoto(const Exiv2::Image& image) {
 
 int orientationOf(const Exiv2::Image& image) {
     const auto found = image.exifData().findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
-    return found != image.exifData().end() && found->count() > 0 ? static_cast<int>(exiv2::integer(*found)) : 1;
+    return found != image.exifData().end() && found->count() > 0 ? static_cast<int>(exiv2::integer(*found))
+                                                                 : 1;
 }
 
 bool fills(const Exiv2::PreviewProperties& preview, QSize pixels) {
