@@ -266,10 +266,7 @@ void AppState::readRecentRuns() {
                 runs.front().state != RunState::finished) {
                 recent.interrupted = runs.front();
             }
-            const auto completed = std::ranges::find_if(runs, [](const RunEntry& run) {
-                return !run.isRunning && run.state != RunState::cancelled &&
-                       run.state != RunState::unfinished;
-            });
+            const auto completed = std::ranges::find_if(runs, &RunEntry::isComplete);
             if (completed != runs.end() && completed->canBeUndone()) {
                 recent.completed = *completed;
             }

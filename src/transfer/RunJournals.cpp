@@ -73,6 +73,7 @@ std::optional<RunEntry> RunJournals::entry(const FilePath& journal) const {
     entry.totalFiles = summary->totalFiles;
     entry.verifiedFiles = summary->verifiedFiles;
     entry.state = summary->state;
+    entry.isComplete = summary->head.isCancelled == false;
     entry.isDismissed = summary->isDismissed;
     if (entry.state == RunState::unfinished) {
         const auto lock = fileSystem_.lock(journal); // which the run itself holds as long as it works

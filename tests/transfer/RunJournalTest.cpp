@@ -202,6 +202,7 @@ TEST_F(RunJournalTest, RunsAreListedMarkedAndTheNewestFiftyKept) {
     EXPECT_TRUE(journals().list()[0].canBeUndone());
     ASSERT_TRUE(journals().markUndone(first));
     EXPECT_EQ(journals().list()[0].state, RunState::undone);
+    EXPECT_TRUE(journals().list()[0].isComplete);
     // Not a journal of this folder: it may be anybody's file.
     const FilePath foreign = world.archived("2021/a.jpg");
     ASSERT_TRUE(journals().markUndone(foreign));
