@@ -4,7 +4,9 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
+#include <ctime>
 #include <map>
 #include <string>
 
@@ -104,6 +106,20 @@ TEST(Cage, LeavesNothingButReadingWhatIsOpenMemoryThreadsAndAnswers) {
     EXPECT_EQ(told, "read memory ");
     close(open);
     close(writable);
+}
+
+TEST(Cage, EndsWorkThatTakesTooLong) {
+    const pid_t child = fork();
+    if (child == 0) {
+        enterCage(limits);
+        limitWork(std::chrono::milliseconds(20));
+        while (std::clock() >= 0) { // for ever
+        }
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), SIGPROF);
 }
 
 TEST(Cage, TellsWhichWallsStand) {

@@ -53,12 +53,12 @@ TEST_F(ThumbnailServiceTest, TriesNoSecondTimeWhatGaveNoPictureUntilItChanges) {
 
 TEST_F(ThumbnailServiceTest, EndsAHelperThatSpeaksUnasked) {
     const std::string real = HelperProcess::installed("lumeo-thumbnailer").value().bytes();
+    const std::string answered = (folder() / "answered").bytes();
     const std::string spoken = (folder() / "spoken").bytes();
-    ThumbnailService service(
-        helper("if [ ! -e '" + spoken +
-               "' ]; then head -c 24 >/dev/null; head -c 8 /dev/zero; head -c 1 /dev/zero; "
-               "touch '" +
-               spoken + "'; sleep 100; else exec '" + real + "'; fi"));
+    // A process of the helper's speaks, which goes on when the helper is ended.
+    ThumbnailService service(helper("if [ -e '" + answered + "' ]; then exec '" + real +
+                                    "'; fi; head -c 24 >/dev/null; head -c 8 /dev/zero; touch '" + answered +
+                                    "'; (head -c 1 /dev/zero; touch '" + spoken + "') & sleep 100"));
     EXPECT_TRUE(answerOf(service, picture("first.png"))->isNull());
     EXPECT_TRUE(testing::waitUntil([&] { return std::filesystem::exists(spoken); }));
     EXPECT_FALSE(answerOf(service, picture("second.png"))->isNull()) << "by another";
