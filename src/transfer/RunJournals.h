@@ -23,7 +23,7 @@ struct RunEntry {
     std::int64_t verifiedFiles = 0; ///< that it brought into the archive
     RunState state = RunState::finished;
     bool isComplete = false; ///< it ran to its end, whatever was done with it since
-    bool isRunning = false; ///< right now, in this process or another; `state` is then of no meaning
+    bool isRunning = false;  ///< right now, in this process or another; `state` is then of no meaning
     bool isDismissed = false;
     friend bool operator==(const RunEntry&, const RunEntry&) = default;
 
