@@ -157,8 +157,12 @@ bool ThumbnailService::startHelper() {
 void ThumbnailService::receive() {
     std::array<std::byte, 64 * 1024> part;
     const std::optional<std::size_t> count = helper_->receiveWhatIsThere(part);
-    if (!count || !asked_ || !asked_->sent) {
-        giveUp(); // it has gone, or speaks unasked
+    if (!asked_ || !asked_->sent) {
+        endHelper(); // it has gone, or speaks unasked; the request that is being prepared gets another
+        return;
+    }
+    if (!count) {
+        giveUp();
         return;
     }
     received_.append(reinterpret_cast<const char*>(part.data()), static_cast<qsizetype>(*count));
