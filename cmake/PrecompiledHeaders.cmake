@@ -12,3 +12,14 @@ function(lumeo_precompile target)
         target_compile_options(${target} PRIVATE -fpch-preprocess) # which it asks for
     endif()
 endfunction()
+
+# lumeo_share_precompiled(target owner): the headers of another target, which is compiled with the same flags.
+function(lumeo_share_precompiled target owner)
+    if(CMAKE_DISABLE_PRECOMPILE_HEADERS)
+        return()
+    endif()
+    target_precompile_headers(${target} REUSE_FROM ${owner})
+    if(LUMEO_CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        target_compile_options(${target} PRIVATE -fpch-preprocess)
+    endif()
+endfunction()

@@ -7,9 +7,9 @@
 #include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "cli/Undo.h"
+#include "model/MediaTypeDetector.h"
 #include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
-#include "scan/MediaTypeDetector.h"
 
 #include <iostream>
 #include <optional>

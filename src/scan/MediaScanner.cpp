@@ -5,8 +5,8 @@
 #include "dates/PhotoMetadataExtractor.h"
 #include "dates/VideoMetadataExtractor.h"
 #include "media/helper/MediaHelper.h"
+#include "model/MediaTypeDetector.h"
 #include "platform/AsciiCase.h"
-#include "scan/MediaTypeDetector.h"
 #include "scan/ScanRoot.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "transfer/JournalReader.h"
 
+#include "model/MediaTypeDetector.h"
 #include "model/OrganizationPlan.h"
-#include "scan/MediaTypeDetector.h"
 #include "transfer/RunJournal.h"
 
 #include <algorithm>

@@ -81,7 +81,7 @@ MadeLibrary::MadeLibrary(FileSystem& fileSystem, const FilePath& root, int fileC
     for (char level = 'a'; level < 'z'; ++level) {
         folder_ = folder_.appending(std::string(200, level));
     }
-    addDatedPhoto(std::string(249, 'x') + ".JPG");
+    addDatedPhoto(std::string(249, 'x').append(".JPG"));
     folder_ = lone.parent();
     addDatedPhoto(std::string(lone.lastComponent()));
     --counters.totalScannedCount; // no part of a walked folder

@@ -84,7 +84,7 @@ TEST(FilenameDateParserTest, findsDatesBesideBytesThatAreNoText) {
     EXPECT_EQ(wallTimeIn("caf\xE9_2021-03-14\xFF.jpg"), noon);
     EXPECT_EQ(wallTimeIn("\xF0\x9F IMG_20210314_153045\xC3.jpg"), afternoon);
     EXPECT_EQ(wallTimeIn("\xE9\xE8 2021\xE9 03 14 99.jpg"), none);
-    EXPECT_EQ(wallTimeIn(std::string(4096, '\xFF') + "20210314_153045.jpg"), afternoon);
+    EXPECT_EQ(wallTimeIn(std::string(4096, '\xFF').append("20210314_153045.jpg")), afternoon);
     // Digits of other scripts for the time fall back: noon.
     EXPECT_EQ(wallTimeIn("2021-03-14 ١٥.٣٠.٤٥.jpg"), noon);
 }

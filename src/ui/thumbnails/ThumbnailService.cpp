@@ -1,8 +1,8 @@
 #include "ui/thumbnails/ThumbnailService.h"
 
 #include "media/helper/HelperSocket.h"
+#include "model/MediaTypeDetector.h"
 #include "platform/PosixFileSystem.h"
-#include "scan/MediaTypeDetector.h"
 #include "ui/thumbnails/HelperPipe.h"
 
 #include <algorithm>

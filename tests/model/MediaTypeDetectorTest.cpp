@@ -1,4 +1,4 @@
-#include "scan/MediaTypeDetector.h"
+#include "model/MediaTypeDetector.h"
 
 #include <gmock/gmock.h>
 
