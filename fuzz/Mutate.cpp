@@ -2,10 +2,10 @@
 #include "dates/VideoMetadataExtractor.h"
 #include "media/helper/MediaHelper.h"
 #include "platform/PosixFileSystem.h"
-#include "support/AttackFiles.h"
+#include "samples/AttackFiles.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 #include "support/TempFolder.h"
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "platform/FilePath.h"
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 
 #include <filesystem>
 #include <fstream>

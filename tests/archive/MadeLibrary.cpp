@@ -1,7 +1,7 @@
 #include "archive/MadeLibrary.h"
 
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 
 #include <algorithm>
 #include <array>

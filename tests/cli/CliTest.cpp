@@ -1,8 +1,8 @@
 #include "model/MediaItemCoding.h"
 #include "platform/PosixFileSystem.h"
-#include "support/AttackFiles.h"
+#include "samples/AttackFiles.h"
+#include "samples/TinyPhotos.h"
 #include "support/TempFolder.h"
-#include "support/TinyPhotos.h"
 #include "transfer/OperationManifest.h"
 
 #include <array>

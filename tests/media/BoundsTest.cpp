@@ -5,9 +5,9 @@
 #include "media/IsoBoxes.h"
 #include "media/photo/JpegReader.h"
 #include "media/photo/PhotoReader.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 #include "support/MemoryFileSystem.h"
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
 
 #include <string>
 #include <vector>

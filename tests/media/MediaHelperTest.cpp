@@ -2,8 +2,8 @@
 
 #include "media/movie/MovieReader.h"
 #include "platform/PosixFileSystem.h"
+#include "samples/TinyMovies.h"
 #include "support/TempFolder.h"
-#include "support/TinyMovies.h"
 
 #include <filesystem>
 #include <thread>

@@ -3,12 +3,12 @@
 #include "media/helper/MediaHelper.h"
 #include "platform/DateText.h"
 #include "platform/PosixFileSystem.h"
+#include "samples/TinyMovies.h"
 #include "support/Damage.h"
 #include "support/FaultyFileSystem.h"
 #include "support/MemoryFileSystem.h"
 #include "support/SystemSettings.h"
 #include "support/TempFolder.h"
-#include "support/TinyMovies.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,11 +1,11 @@
 #include "media/photo/PhotoReader.h"
 
 #include "media/FileWindow.h"
-#include "support/AttackFiles.h"
+#include "samples/AttackFiles.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 #include "support/Damage.h"
 #include "support/MemoryFileSystem.h"
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
 
 #include <string>
 #include <vector>

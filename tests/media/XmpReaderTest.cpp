@@ -1,7 +1,7 @@
 #include "media/photo/XmpReader.h"
 
+#include "samples/TinyPhotos.h"
 #include "support/Damage.h"
-#include "support/TinyPhotos.h"
 
 #include <string>
 

@@ -1,12 +1,12 @@
 #include "scan/MediaScanner.h"
 #include "platform/LocalCalendar.h"
 #include "platform/PosixFileSystem.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 #include "support/FakeClock.h"
 #include "support/FaultyFileSystem.h"
 #include "support/SystemSettings.h"
 #include "support/TempFolder.h"
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

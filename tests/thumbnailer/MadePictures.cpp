@@ -1,7 +1,7 @@
 #include "thumbnailer/MadePictures.h"
 
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 
 #include <QBuffer>
 #include <QByteArray>

@@ -1,9 +1,9 @@
 #include "thumbnailer/ThumbnailMaker.h"
 
 #include "platform/PosixFileSystem.h"
-#include "support/AttackFiles.h"
+#include "samples/AttackFiles.h"
+#include "samples/TinyMovies.h"
 #include "support/TempFolder.h"
-#include "support/TinyMovies.h"
 #include "thumbnailer/MadePictures.h"
 
 #include <gtest/gtest.h>

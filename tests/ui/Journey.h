@@ -1,7 +1,7 @@
 #pragma once
 
+#include "samples/TinyMovies.h"
 #include "support/Gate.h"
-#include "support/TinyMovies.h"
 #include "ui/MadeProgram.h"
 
 #include <gtest/gtest.h>

@@ -5,11 +5,11 @@
 #include "l10n/LocalizationManager.h"
 #include "platform/PosixFileSystem.h"
 #include "platform/Volumes.h"
+#include "samples/TinyPhotos.h"
 #include "support/EventLoop.h"
 #include "support/FaultyFileSystem.h"
 #include "support/SystemSettings.h"
 #include "support/TempFolder.h"
-#include "support/TinyPhotos.h"
 
 #include <QSettings>
 

@@ -1,4 +1,4 @@
-#include "SampleFiles.h"
+#include "samples/SampleFiles.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,6 +15,9 @@
 #include <sys/stat.h>
 
 namespace lumeo::bench {
+
+using namespace samples;
+
 namespace {
 
 namespace fs = std::filesystem;

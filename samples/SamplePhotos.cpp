@@ -1,16 +1,12 @@
-#include "SampleFiles.h"
+#include "samples/SampleFiles.h"
 
-#include "Boxes.h"
+#include "samples/Boxes.h"
 
 #include <algorithm>
 #include <vector>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 namespace {
-
-std::string segment(unsigned char marker, const std::string& content) {
-    return std::string{'\xFF', static_cast<char>(marker)} + be16(content.size() + 2) + content;
-}
 
 /// The profile that a camera embeds: readers look at its header only.
 std::string colorProfile(Noise& noise) {
@@ -26,16 +22,17 @@ std::string cameraXmp() {
 }
 
 std::string jpegTables(int width, int height, Noise& noise) {
-    std::string bytes = segment(0xDB, std::string(1, '\0') + noise.pixels(64));
-    bytes += segment(0xDB, std::string(1, '\1') + noise.pixels(64));
-    bytes += segment(0xC0, '\x08' + be16(static_cast<std::uint64_t>(height)) +
-                               be16(static_cast<std::uint64_t>(width)) +
-                               std::string("\3\1\x22\0\2\x11\1\3\x11\1", 10));
+    std::string bytes = jpegSegment(0xDB, std::string(1, '\0') + noise.pixels(64));
+    bytes += jpegSegment(0xDB, std::string(1, '\1') + noise.pixels(64));
+    bytes += jpegSegment(0xC0, '\x08' + be16(static_cast<std::uint64_t>(height)) +
+                                   be16(static_cast<std::uint64_t>(width)) +
+                                   std::string("\3\1\x22\0\2\x11\1\3\x11\1", 10));
     for (const char kind : {'\x00', '\x10', '\x01', '\x11'}) {
-        bytes += segment(0xC4, std::string(1, kind) + std::string("\0\2\1\3\3\2\4\3\5\5\4\4\0\0\1\x7D", 16) +
-                                   noise.pixels(162));
+        bytes +=
+            jpegSegment(0xC4, std::string(1, kind) + std::string("\0\2\1\3\3\2\4\3\5\5\4\4\0\0\1\x7D", 16) +
+                                  noise.pixels(162));
     }
-    return bytes + segment(0xDA, std::string("\3\1\0\2\x11\3\x11\0\x3F\0", 10));
+    return bytes + jpegSegment(0xDA, std::string("\3\1\0\2\x11\3\x11\0\x3F\0", 10));
 }
 
 /// Fills what metadata leaves of the file with pixels, a hole where nobody looks.
@@ -66,7 +63,7 @@ public:
           tileLength_(static_cast<std::uint64_t>(size) / (tileCount + 1)) {}
 
     std::string head() {
-        const std::string type = box("ftyp", "heic" + be32(0) + "mif1heic");
+        const std::string type = movieBox("ftyp", "heic" + be32(0) + "mif1heic");
         const std::uint64_t dataAt = type.size() + meta(0).size() + 8;
         const std::string data = gridItem() + exifItem_;
         return type + meta(dataAt) + be32(8 + data.size() + tileCount * tileLength_) + "mdat" + data;
@@ -108,7 +105,8 @@ private:
         for (std::uint64_t id = 1; id <= tileCount; ++id) {
             tiles += be16(id);
         }
-        return fullBox("iref", box("dimg", tiles) + box("cdsc", be16(exifId) + be16(1) + be16(gridId)));
+        return fullBox("iref",
+                       movieBox("dimg", tiles) + movieBox("cdsc", be16(exifId) + be16(1) + be16(gridId)));
     }
 
     [[nodiscard]] std::string properties() const {
@@ -117,15 +115,15 @@ private:
                                        be32(static_cast<std::uint64_t>(height)));
         };
         const std::string container =
-            box("ipco", box("colr", "prof" + profile_) + box("hvcC", tileConfig_) + extent(512, 512) +
-                            extent(shot_.width, shot_.height) + box("irot", std::string(1, '\0')) +
-                            fullBox("pixi", "\3\x08\x08\x08"));
+            movieBox("ipco", movieBox("colr", "prof" + profile_) + movieBox("hvcC", tileConfig_) +
+                                 extent(512, 512) + extent(shot_.width, shot_.height) +
+                                 movieBox("irot", std::string(1, '\0')) + fullBox("pixi", "\3\x08\x08\x08"));
         std::string associations = be32(gridId);
         for (std::uint64_t id = 1; id <= tileCount; ++id) {
             associations += be16(id) + std::string("\3\x81\x82\3", 4);
         }
         associations += be16(gridId) + std::string("\4\x81\4\5\6", 5);
-        return box("iprp", container + fullBox("ipma", associations));
+        return movieBox("iprp", container + fullBox("ipma", associations));
     }
 
     [[nodiscard]] std::string locations(std::uint64_t dataAt) const {
@@ -152,18 +150,18 @@ private:
 } // namespace
 
 SampleFile jpegOf(const Shot& shot, Noise& noise, std::int64_t size) {
-    std::string head = "\xFF\xD8" + segment(0xE1, std::string("Exif\0\0", 6) + cameraExif(shot, noise));
+    std::string head = "\xFF\xD8" + jpegSegment(0xE1, std::string("Exif\0\0", 6) + cameraExif(shot, noise));
     if (shot.camera == Camera::iphone) {
-        head += segment(0xE2, std::string("ICC_PROFILE\0\1\1", 14) + colorProfile(noise));
+        head += jpegSegment(0xE2, std::string("ICC_PROFILE\0\1\1", 14) + colorProfile(noise));
     } else if (shot.camera != Camera::galaxy) {
-        head += segment(0xE1, cameraXmp());
+        head += jpegSegment(0xE1, cameraXmp());
     }
     head += jpegTables(shot.width, shot.height, noise);
     return withPixels(std::move(head), noise, size, "\xFF\xD9");
 }
 
 SampleFile bareJpeg(int width, int height, Noise& noise, std::int64_t size) {
-    std::string head = "\xFF\xD8" + segment(0xE0, std::string("JFIF\0\1\1\0\0\1\0\1\0\0", 14));
+    std::string head = "\xFF\xD8" + jpegSegment(0xE0, std::string("JFIF\0\1\1\0\0\1\0\1\0\0", 14));
     head += jpegTables(width, height, noise);
     return withPixels(std::move(head), noise, size, "\xFF\xD9");
 }
@@ -193,4 +191,4 @@ SampleFile rawOf(const Shot& shot, Noise& noise, std::int64_t size) {
     return withPixels(structure(pixelsAt, noise), noise, size, "");
 }
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "Noise.h"
-#include "support/TinyPhotos.h"
+#include "samples/Noise.h"
+#include "samples/TinyPhotos.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 
 /// Cameras that differ in what they write: byte order, the form and size of the maker note, thumbnail,
 /// position.
@@ -32,4 +32,4 @@ std::string modelOf(Camera camera);
 /// `mainEntries` join the first directory, which describes a RAW file's pixels.
 std::string cameraExif(const Shot& shot, Noise& noise, std::vector<TiffMaker::Entry> mainEntries = {});
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

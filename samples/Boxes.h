@@ -1,12 +1,12 @@
 #pragma once
 
-#include "support/TinyMovies.h"
+#include "samples/TinyMovies.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 
 /// Numbers and boxes as the ISO base media formats (HEIC, MP4, QuickTime) store them.
 inline std::string be16(std::uint64_t value) {
@@ -21,14 +21,10 @@ inline std::string be64(std::uint64_t value) {
     return bigEndianBytes(value, 8);
 }
 
-inline std::string box(std::string_view type, std::string_view content) {
-    return movieBox(type, content);
-}
-
 /// A box that begins with a version and flags.
 inline std::string fullBox(std::string_view type, const std::string& content, unsigned version = 0,
                            unsigned flags = 0) {
     return movieBox(type, be32(std::uint64_t{version} << 24U | flags) + content);
 }
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <string>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 
 /// Chance that anybody can repeat: the same seed gives the same values on every machine.
 class Noise {
@@ -63,4 +63,4 @@ private:
     std::uint64_t state_;
 };
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

@@ -1,10 +1,10 @@
-#include "SampleFiles.h"
+#include "samples/SampleFiles.h"
 
-#include "Boxes.h"
+#include "samples/Boxes.h"
 
 #include <utility>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 namespace {
 
 constexpr std::uint64_t framesPerSecond = 30;
@@ -35,7 +35,7 @@ public:
                                                        be32(0x10000) + be16(0x100) + std::string(10, '\0') +
                                                        unityMatrix() + std::string(24, '\0') + be32(2));
         const std::string video = track(created);
-        return box("moov", header + video + metadata());
+        return movieBox("moov", header + video + metadata());
     }
 
 private:
@@ -50,17 +50,17 @@ private:
             "mdhd", created + be32(mediaScale) + be32(seconds_ * mediaScale) + be16(0x55C4) + be16(0));
         const std::string handler =
             fullBox("hdlr", "mhlrvide" + std::string(12, '\0') + std::string("\x05Video", 6));
-        const std::string reference = box("dinf", fullBox("dref", be32(1) + fullBox("url ", "", 0, 1)));
+        const std::string reference = movieBox("dinf", fullBox("dref", be32(1) + fullBox("url ", "", 0, 1)));
         const std::string information =
-            box("minf", fullBox("vmhd", std::string(8, '\0'), 0, 1) + reference + sampleTable());
-        return box("trak", header + box("mdia", mediaHeader + handler + information));
+            movieBox("minf", fullBox("vmhd", std::string(8, '\0'), 0, 1) + reference + sampleTable());
+        return movieBox("trak", header + movieBox("mdia", mediaHeader + handler + information));
     }
 
     std::string sampleTable() {
         const std::uint64_t frames = seconds_ * framesPerSecond;
         const std::string configuration =
-            box("avcC", std::string("\1\x64\0\x28\xFF\xE1\0\4\x67\x64\0\x28\1\0\4\x68\xEE\x3C\x80", 19));
-        const std::string format = box(
+            movieBox("avcC", std::string("\1\x64\0\x28\xFF\xE1\0\4\x67\x64\0\x28\1\0\4\x68\xEE\x3C\x80", 19));
+        const std::string format = movieBox(
             "avc1", std::string(6, '\0') + be16(1) + std::string(16, '\0') +
                         be16(static_cast<std::uint64_t>(shot_.width)) +
                         be16(static_cast<std::uint64_t>(shot_.height)) + be32(0x480000) + be32(0x480000) +
@@ -77,12 +77,13 @@ private:
         for (std::uint64_t second = 0; second < seconds_; ++second) {
             chunks += be64(dataAt_ + second * (dataLength_ / seconds_));
         }
-        return box("stbl", fullBox("stsd", be32(1) + format) +
-                               fullBox("stts", be32(1) + be32(frames) + be32(mediaScale / framesPerSecond)) +
-                               fullBox("stss", be32(seconds_) + keyFrames) +
-                               fullBox("stsc", be32(1) + be32(1) + be32(framesPerSecond) + be32(1)) +
-                               fullBox("stsz", be32(0) + be32(frames) + sizes) +
-                               fullBox("co64", be32(seconds_) + chunks));
+        return movieBox("stbl",
+                        fullBox("stsd", be32(1) + format) +
+                            fullBox("stts", be32(1) + be32(frames) + be32(mediaScale / framesPerSecond)) +
+                            fullBox("stss", be32(seconds_) + keyFrames) +
+                            fullBox("stsc", be32(1) + be32(1) + be32(framesPerSecond) + be32(1)) +
+                            fullBox("stsz", be32(0) + be32(frames) + sizes) +
+                            fullBox("co64", be32(seconds_) + chunks));
     }
 
     std::string metadata() {
@@ -97,11 +98,11 @@ private:
         std::uint64_t number = 0;
         for (const auto& [key, text] : items) {
             ++number;
-            keys += box("mdta", key);
-            values += box(be32(number), box("data", be32(1) + be32(0) + text));
+            keys += movieBox("mdta", key);
+            values += movieBox(be32(number), movieBox("data", be32(1) + be32(0) + text));
         }
-        return box("meta", fullBox("hdlr", be32(0) + "mdta" + std::string(14, '\0')) +
-                               fullBox("keys", be32(number) + keys) + box("ilst", values));
+        return movieBox("meta", fullBox("hdlr", be32(0) + "mdta" + std::string(14, '\0')) +
+                                    fullBox("keys", be32(number) + keys) + movieBox("ilst", values));
     }
 
     const Shot& shot_;
@@ -114,7 +115,7 @@ private:
 } // namespace
 
 SampleFile movieOf(const Shot& shot, Noise& noise, std::int64_t size, int seconds) {
-    std::string head = box("ftyp", "qt  " + be32(0x20050300) + "qt  ") + box("wide", "");
+    std::string head = movieBox("ftyp", "qt  " + be32(0x20050300) + "qt  ") + movieBox("wide", "");
     const std::uint64_t dataAt = head.size() + 16;
     const auto dataLength = static_cast<std::uint64_t>(size);
     head += be32(1) + "mdat" + be64(dataLength + 16);
@@ -125,4 +126,4 @@ SampleFile movieOf(const Shot& shot, Noise& noise, std::int64_t size, int second
     return {std::move(head), std::move(tail), whole};
 }
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

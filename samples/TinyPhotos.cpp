@@ -1,6 +1,6 @@
-#include "support/TinyPhotos.h"
+#include "samples/TinyPhotos.h"
 
-#include "support/TinyMovies.h"
+#include "samples/TinyMovies.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,10 +13,6 @@ namespace {
 
 constexpr std::uint16_t exifPointer = 0x8769;
 constexpr std::uint16_t gpsPointer = 0x8825;
-
-std::string segment(unsigned char marker, const std::string& content) {
-    return std::string{'\xFF', static_cast<char>(marker)} + bigEndianBytes(content.size() + 2, 2) + content;
-}
 
 using Entries = std::vector<TiffMaker::Entry>;
 
@@ -96,12 +92,17 @@ std::string grayScan(const TinyPhoto& photo) {
     if (blocks % 4 != 0) {
         bits += static_cast<char>(0xFFU >> (blocks % 4 * 2));
     }
-    return segment(0xDB, std::string(1, '\0') + std::string(64, '\x01')) + segment(0xC0, frame) +
-           segment(0xC4, std::string(1, '\0') + oneCode) + segment(0xC4, std::string("\x10", 1) + oneCode) +
-           segment(0xDA, std::string("\x01\x01\x00\x00\x3F\x00", 6)) + bits;
+    return jpegSegment(0xDB, std::string(1, '\0') + std::string(64, '\x01')) + jpegSegment(0xC0, frame) +
+           jpegSegment(0xC4, std::string(1, '\0') + oneCode) +
+           jpegSegment(0xC4, std::string("\x10", 1) + oneCode) +
+           jpegSegment(0xDA, std::string("\x01\x01\x00\x00\x3F\x00", 6)) + bits;
 }
 
 } // namespace
+
+std::string jpegSegment(unsigned char marker, const std::string& content) {
+    return std::string{'\xFF', static_cast<char>(marker)} + bigEndianBytes(content.size() + 2, 2) + content;
+}
 
 TiffMaker::Entry TiffMaker::text(std::uint16_t tag, const std::string& value) const {
     return {tag, 2, static_cast<std::uint32_t>(value.size() + 1), value + '\0'};
@@ -160,10 +161,10 @@ std::string TiffMaker::header() const {
 std::string tinyJpeg(const TinyPhoto& photo) {
     std::string bytes = "\xFF\xD8";
     if (const std::string exif = structure(TiffMaker(), photo, {}); !exif.empty()) {
-        bytes += segment(0xE1, std::string("Exif\0\0", 6) + exif);
+        bytes += jpegSegment(0xE1, std::string("Exif\0\0", 6) + exif);
     }
     if (photo.xmpPacket) {
-        bytes += segment(0xE1, std::string("http://ns.adobe.com/xap/1.0/") + '\0' + *photo.xmpPacket);
+        bytes += jpegSegment(0xE1, std::string("http://ns.adobe.com/xap/1.0/") + '\0' + *photo.xmpPacket);
     }
     return bytes + grayScan(photo) + "\xFF\xD9";
 }

@@ -1,10 +1,10 @@
-#include "Noise.h"
+#include "samples/Noise.h"
 
 #include <algorithm>
 #include <cstring>
 #include <string_view>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 
 std::string Noise::bytes(std::size_t count) {
     std::string result(count, '\0');
@@ -28,4 +28,4 @@ std::string Noise::letters(std::size_t count) {
     return result;
 }
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

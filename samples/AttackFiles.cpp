@@ -1,7 +1,7 @@
-#include "support/AttackFiles.h"
+#include "samples/AttackFiles.h"
 
-#include "support/TinyMovies.h"
-#include "support/TinyPhotos.h"
+#include "samples/TinyMovies.h"
+#include "samples/TinyPhotos.h"
 
 #include <bit>
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "CameraExif.h"
+#include "samples/CameraExif.h"
 
-#include "MakerNotes.h"
+#include "samples/MakerNotes.h"
 
 #include <ctime>
 #include <iomanip>
@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 namespace {
 
 using Entry = TiffMaker::Entry;
@@ -202,4 +202,4 @@ std::string cameraExif(const Shot& shot, Noise& noise, std::vector<TiffMaker::En
     return Layout(shot, noise, std::move(mainEntries)).bytes();
 }
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

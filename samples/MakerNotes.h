@@ -1,13 +1,13 @@
 #pragma once
 
-#include "CameraExif.h"
+#include "samples/CameraExif.h"
 
 #include <string>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 
 /// A maker note with the tags, types and sizes that cameras of this make write, its values chance.
 /// `offset` is where it will stand in the Exif structure; it does not change the note's length.
 std::string makerNote(Camera camera, const TiffMaker& tiff, std::size_t offset, Noise noise);
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

@@ -1,9 +1,9 @@
-#include "MakerNotes.h"
+#include "samples/MakerNotes.h"
 
 #include <span>
 #include <vector>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 namespace {
 
 enum Type : std::uint16_t {
@@ -166,4 +166,4 @@ std::string makerNote(Camera camera, const TiffMaker& tiff, std::size_t offset, 
     return tiff.directory(entriesOf(tiff, galaxyTags, noise), 0);
 }
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples

@@ -1,4 +1,4 @@
-#include "support/TinyMovies.h"
+#include "samples/TinyMovies.h"
 
 #include <algorithm>
 #include <bit>

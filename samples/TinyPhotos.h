@@ -33,6 +33,9 @@ std::string tinyJpeg(const TinyPhoto& photo = {});
 /// metadata is concerned.
 std::string tinyTiff(const TinyPhoto& photo = {});
 
+/// A segment of a JPEG: its marker, its length, its content.
+std::string jpegSegment(unsigned char marker, const std::string& content);
+
 /// An XMP packet around attributes such as R"(tiff:Make="Maker" exif:GPSLatitude="48,51.2N")".
 std::string tinyXmp(std::string_view attributes);
 

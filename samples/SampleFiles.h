@@ -1,12 +1,12 @@
 #pragma once
 
-#include "CameraExif.h"
-#include "Noise.h"
+#include "samples/CameraExif.h"
+#include "samples/Noise.h"
 
 #include <cstdint>
 #include <string>
 
-namespace lumeo::bench {
+namespace lumeo::samples {
 
 /// A media file as far as readers of metadata look: its beginning and its end. What lies between is a
 /// hole, so that a library with files of true sizes fits a small disk.
@@ -33,4 +33,4 @@ SampleFile rawOf(const Shot& shot, Noise& noise, std::int64_t size);
 /// QuickTime with its index behind the frames; the date in the header and in the metadata keys.
 SampleFile movieOf(const Shot& shot, Noise& noise, std::int64_t size, int seconds);
 
-} // namespace lumeo::bench
+} // namespace lumeo::samples
