@@ -22,6 +22,9 @@ constexpr int mostPackets = 4'000;
 constexpr int threads = 2;
 constexpr double fluentFrameRate = 20;
 constexpr std::int64_t mostFramePixels = 36'000'000; // 8K has 33 million
+/// What is decoded of one movie: half a second of 4K, three frames of 8K. A file of a few bytes a frame could
+/// otherwise keep the processor busy for as long as it has packets.
+constexpr std::int64_t mostDecodedPixels = 100'000'000;
 
 /// No playlists, which name other files, and no readers of texts or devices.
 constexpr const char* formats = "mov,mp4,matroska,webm,avi,asf,flv,mpeg,mpegts,mpegvideo,dv,mxf,ogg,rm,wtv,"
@@ -79,9 +82,11 @@ public:
             return nullptr;
         }
         goNear();
-        for (int i = 0; i < mostPackets && !isFound_ && av_read_frame(&movie_, packet.get()) >= 0; ++i) {
+        for (int i = 0;
+             i < mostPackets && !isFound_ && !isSpent() && av_read_frame(&movie_, packet.get()) >= 0; ++i) {
             if (packet->stream_index == stream_.index &&
                 avcodec_send_packet(decoder_.get(), packet.get()) >= 0) {
+                decodedPixels_ += std::int64_t{decoder_->width} * decoder_->height;
                 takeFrames();
             }
             av_packet_unref(packet.get());
@@ -90,7 +95,7 @@ public:
             avcodec_send_packet(decoder_.get(), nullptr);
             takeFrames();
         }
-        return isFound_ || lasts() ? std::move(shown_) : nullptr;
+        return isFound_ || isSpent() || lasts() ? std::move(shown_) : nullptr;
     }
 
 private:
@@ -126,6 +131,9 @@ private:
                                    static_cast<double>(movie_.duration) / AV_TIME_BASE >= frameTime);
     }
 
+    /// Then the frame nearest to the wanted one has to do.
+    [[nodiscard]] bool isSpent() const { return decodedPixels_ >= mostDecodedPixels; }
+
     [[nodiscard]] std::int64_t start() const {
         return stream_.start_time != AV_NOPTS_VALUE ? stream_.start_time : 0;
     }
@@ -146,6 +154,7 @@ private:
     Frame next_{av_frame_alloc()};
     Frame shown_; ///< the latest that has come
     double shownTime_ = 0;
+    std::int64_t decodedPixels_ = 0;
     bool isFound_ = false;
 };
 

@@ -73,6 +73,8 @@ TEST_F(ThumbnailMakerTest, ShowsAMovieHalfASecondFromItsStart) {
     std::fill(frames.begin() + 5, frames.begin() + 6, QColor(Qt::red));
     EXPECT_EQ(colourAt(make("later.mov", movieOf(frames, {320, 240})), 0.5, 0.5), "red");
     EXPECT_TRUE(make("short.mov", movieOf({Qt::red, Qt::red, Qt::red}, {320, 240})).isNull());
+    // 400 frames of 8K in 5 KB: the first ones have to do.
+    EXPECT_EQ(make("large.ts", transportStreamOfLargeFrames(480, 270, 400)).size(), QSize(80, 45));
 }
 
 TEST_F(ThumbnailMakerTest, MakesNothingOfWhatIsNoPictureOrAsksForTooMuch) {
