@@ -2,7 +2,7 @@
 
 #include "platform/TextHash.h"
 
-#include <mutex>
+#include "platform/Mutex.h"
 #include <unordered_set>
 
 namespace lumeo {
@@ -10,12 +10,15 @@ namespace {
 
 const std::string* sharedCopy(std::string_view text) {
     // Never destroyed: values may outlive every static object.
-    static auto& mutex = *new std::mutex;
-    static auto& texts = *new std::unordered_set<std::string, TextHash, std::equal_to<>>;
-    const std::lock_guard guard(mutex);
-    auto found = texts.find(text);
-    if (found == texts.end()) {
-        found = texts.emplace(text).first;
+    struct Copies {
+        Mutex mutex;
+        std::unordered_set<std::string, TextHash, std::equal_to<>> texts LUMEO_GUARDED_BY(mutex);
+    };
+    static auto& copies = *new Copies;
+    const MutexGuard guard(copies.mutex);
+    auto found = copies.texts.find(text);
+    if (found == copies.texts.end()) {
+        found = copies.texts.emplace(text).first;
     }
     return &*found;
 }

@@ -231,7 +231,7 @@ std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const
                                           const std::stop_token& stop) {
     std::stop_source cancellation;
     {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         isPaused_ = false;
         cancellation_ = cancellation;
     }
@@ -248,19 +248,19 @@ std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const
 
 bool MediaScanner::mayContinue(const std::stop_token& stop) {
     if (isPaused_) {
-        std::unique_lock lock(mutex_);
-        wake_.wait(lock, stop, [this] { return !isPaused_; });
+        const MutexGuard guard(mutex_);
+        wake_.wait(mutex_, stop, [this] { return !isPaused_; });
     }
     return !stop.stop_requested();
 }
 
 void MediaScanner::pause() {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     isPaused_ = true;
 }
 
 void MediaScanner::resume() {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     isPaused_ = false;
     wake_.notify_all();
 }
@@ -268,7 +268,7 @@ void MediaScanner::resume() {
 void MediaScanner::cancel() {
     std::stop_source cancellation;
     {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         isPaused_ = false;
         cancellation = cancellation_;
     }

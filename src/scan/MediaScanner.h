@@ -6,10 +6,10 @@
 #include "platform/Volumes.h"
 #include "scan/ScanProgress.h"
 
+#include "platform/Mutex.h"
 #include <atomic>
 #include <condition_variable>
 #include <functional>
-#include <mutex>
 #include <span>
 #include <stop_token>
 #include <string_view>
@@ -61,11 +61,11 @@ private:
     const FileSystem& fileSystem_;
     const Volumes& volumes_;
     const Clock& clock_;
-    std::mutex mutex_;
+    Mutex mutex_;
     std::condition_variable_any wake_;
     /// Written under mutex_, so that no wake-up is lost; read without it, once an entry.
     std::atomic<bool> isPaused_ = false;
-    std::stop_source cancellation_; ///< of the scan that runs
+    std::stop_source cancellation_ LUMEO_GUARDED_BY(mutex_); ///< of the scan that runs
 };
 
 } // namespace lumeo

@@ -54,15 +54,15 @@ OperationManifest FileOperationEngine::execute(PreparedRun& prepared, std::span<
 }
 
 void FileOperationEngine::reset() {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     isPaused_ = false;
     isCancelled_ = false;
     activeTransferToken_.reset();
 }
 
 bool FileOperationEngine::mayTakeNextFile(const std::stop_token& stop) {
-    std::unique_lock lock(mutex_);
-    wake_.wait(lock, stop, [this] { return !isPaused_ || isCancelled_; });
+    const MutexGuard guard(mutex_);
+    wake_.wait(mutex_, stop, [this]() LUMEO_REQUIRES(mutex_) { return !isPaused_ || isCancelled_; });
     return !isCancelled_ && !stop.stop_requested();
 }
 
@@ -70,35 +70,35 @@ FileTransactionItem FileOperationEngine::transfer(VerifiedTransfer& transfers, c
                                                   OperationMode mode) {
     const auto token = std::make_shared<TransferCancellationToken>();
     {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         if (isCancelled_) {
             token->cancel();
         }
         activeTransferToken_ = token;
     }
     FileTransactionItem record = transfers.transferFile(item, *item.plannedDestinationURL, mode, *token);
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     activeTransferToken_.reset();
     return record;
 }
 
 bool FileOperationEngine::isPaused() {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     return isPaused_;
 }
 
 bool FileOperationEngine::isCancelled() {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     return isCancelled_;
 }
 
 void FileOperationEngine::pause() {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     isPaused_ = !isCancelled_;
 }
 
 void FileOperationEngine::resume() {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     isPaused_ = false;
     wake_.notify_all();
 }
@@ -106,7 +106,7 @@ void FileOperationEngine::resume() {
 void FileOperationEngine::cancel() {
     std::shared_ptr<TransferCancellationToken> token;
     {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         isCancelled_ = true;
         isPaused_ = false;
         token = activeTransferToken_;

@@ -9,10 +9,10 @@
 #include "transfer/RunPreparation.h"
 #include "transfer/VerifiedTransfer.h"
 
+#include "platform/Mutex.h"
 #include <condition_variable>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <span>
 #include <stop_token>
 
@@ -53,11 +53,11 @@ private:
 
     FileSystem& fileSystem_;
     const Clock& clock_;
-    std::mutex mutex_;
+    Mutex mutex_;
     std::condition_variable_any wake_;
-    bool isPaused_ = false;                                          ///< guarded by mutex_
-    bool isCancelled_ = false;                                       ///< guarded by mutex_
-    std::shared_ptr<TransferCancellationToken> activeTransferToken_; ///< guarded by mutex_
+    bool isPaused_ LUMEO_GUARDED_BY(mutex_) = false;
+    bool isCancelled_ LUMEO_GUARDED_BY(mutex_) = false;
+    std::shared_ptr<TransferCancellationToken> activeTransferToken_ LUMEO_GUARDED_BY(mutex_);
 };
 
 } // namespace lumeo

@@ -11,7 +11,7 @@
 #include "transfer/TransferError.h"
 #include "transfer/VerifiedCopy.h"
 
-#include <mutex>
+#include "platform/Mutex.h"
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,12 +22,12 @@ namespace lumeo {
 class TransferCancellationToken {
 public:
     void cancel() {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         cancelled_ = true;
     }
 
     [[nodiscard]] bool isCancelled() const {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         return cancelled_;
     }
 
@@ -35,7 +35,7 @@ public:
     /// before it, and prevents it, or after it. Gives whether it ran.
     template<class Removal>
     bool unlessCancelled(Removal&& removal) {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         if (cancelled_) {
             return false;
         }
@@ -44,8 +44,8 @@ public:
     }
 
 private:
-    mutable std::mutex mutex_;
-    bool cancelled_ = false; ///< guarded by mutex_
+    mutable Mutex mutex_;
+    bool cancelled_ LUMEO_GUARDED_BY(mutex_) = false;
 };
 
 /// Brings one file into the archive: never a half-written file under its final name, nothing

@@ -2,11 +2,11 @@
 
 #include "media/helper/HelperSocket.h"
 
+#include "platform/Mutex.h"
 #include <algorithm>
 #include <array>
 #include <climits>
 #include <csignal>
-#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,9 +25,9 @@ constexpr std::chrono::milliseconds stopInterval{20}; ///< how late a stop may b
 
 /// Takes leave of ended helpers, now or when the next one ends.
 void reapWhenEnded(pid_t process) {
-    static std::mutex mutex;
+    static Mutex mutex;
     static std::vector<pid_t> ended;
-    const std::lock_guard guard(mutex);
+    const MutexGuard guard(mutex);
     ended.push_back(process);
     std::erase_if(ended, [](pid_t other) { return waitpid(other, nullptr, WNOHANG) != 0; });
 }

@@ -3,13 +3,13 @@
 namespace lumeo {
 
 bool RefusedFiles::contains(const FileStatus& file) const {
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     return files_.contains({file.identity, file.size, file.changeDate});
 }
 
 void RefusedFiles::add(const FileStatus& file) {
     constexpr std::size_t most = 100'000;
-    const std::lock_guard guard(mutex_);
+    const MutexGuard guard(mutex_);
     if (files_.size() >= most) {
         files_.clear(); // then some are asked about once more
     }

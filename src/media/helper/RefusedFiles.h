@@ -2,8 +2,8 @@
 
 #include "platform/FileSystem.h"
 
+#include "platform/Mutex.h"
 #include <cstddef>
-#include <mutex>
 #include <optional>
 #include <unordered_set>
 
@@ -30,8 +30,8 @@ private:
         }
     };
 
-    mutable std::mutex mutex_;
-    std::unordered_set<Known, Hash> files_;
+    mutable Mutex mutex_;
+    std::unordered_set<Known, Hash> files_ LUMEO_GUARDED_BY(mutex_);
 };
 
 } // namespace lumeo

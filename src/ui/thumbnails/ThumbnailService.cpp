@@ -5,10 +5,10 @@
 #include "platform/PosixFileSystem.h"
 #include "ui/thumbnails/HelperPipe.h"
 
+#include "platform/Mutex.h"
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <mutex>
 #include <thread>
 #include <utility>
 
@@ -40,7 +40,7 @@ public:
     explicit Opening(ThumbnailService& service) : service_(&service) {}
 
     void leave() {
-        const std::lock_guard guard(mutex_);
+        const MutexGuard guard(mutex_);
         service_ = nullptr;
     }
 
@@ -52,7 +52,7 @@ public:
                     *opened = {std::move(*file), *status};
                 }
             }
-            const std::lock_guard guard(self->mutex_);
+            const MutexGuard guard(self->mutex_);
             if (self->service_ != nullptr) {
                 QMetaObject::invokeMethod(
                     self->service_,
@@ -63,8 +63,8 @@ public:
     }
 
 private:
-    std::mutex mutex_;
-    ThumbnailService* service_;
+    Mutex mutex_;
+    ThumbnailService* service_ LUMEO_GUARDED_BY(mutex_);
 };
 
 ThumbnailService::ThumbnailService(QObject* parent)

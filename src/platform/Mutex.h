@@ -1,0 +1,41 @@
+#pragma once
+
+#include <mutex>
+
+/// Clang checks at compile time that what LUMEO_GUARDED_BY(mutex) marks is touched with the mutex held only,
+/// and that a function marked LUMEO_REQUIRES(mutex) is called with it held. Other compilers see nothing.
+#if defined(__clang__)
+#    define LUMEO_THREAD_ANNOTATION(annotation) __attribute__((annotation))
+#else
+#    define LUMEO_THREAD_ANNOTATION(annotation)
+#endif
+#define LUMEO_GUARDED_BY(mutex) LUMEO_THREAD_ANNOTATION(guarded_by(mutex))
+#define LUMEO_REQUIRES(mutex) LUMEO_THREAD_ANNOTATION(requires_capability(mutex))
+
+namespace lumeo {
+
+/// A std::mutex that the check knows. A std::condition_variable_any can wait on it.
+class LUMEO_THREAD_ANNOTATION(capability("mutex")) Mutex {
+public:
+    void lock() LUMEO_THREAD_ANNOTATION(acquire_capability()) { mutex_.lock(); }
+    void unlock() LUMEO_THREAD_ANNOTATION(release_capability()) { mutex_.unlock(); }
+
+private:
+    std::mutex mutex_;
+};
+
+/// Holds a mutex for as long as it lives.
+class LUMEO_THREAD_ANNOTATION(scoped_lockable) MutexGuard {
+public:
+    explicit MutexGuard(Mutex& mutex) LUMEO_THREAD_ANNOTATION(acquire_capability(mutex)) : mutex_(mutex) {
+        mutex_.lock();
+    }
+    ~MutexGuard() LUMEO_THREAD_ANNOTATION(release_capability()) { mutex_.unlock(); }
+    MutexGuard(const MutexGuard&) = delete;
+    MutexGuard& operator=(const MutexGuard&) = delete;
+
+private:
+    Mutex& mutex_;
+};
+
+} // namespace lumeo
