@@ -9,7 +9,7 @@ namespace lumeo {
 namespace {
 
 const std::string* sharedCopy(std::string_view text) {
-    // Never destroyed: values may outlive every static object.
+    // These are never destroyed, because values may outlive every static object.
     static auto& mutex = *new std::mutex;
     static auto& texts = *new std::unordered_set<std::string, TextHash, std::equal_to<>>;
     const std::lock_guard guard(mutex);
