@@ -12,7 +12,7 @@ QtObject {
     readonly property var keys: ["file", "date", "source", "confidence", "destination", "status"]
     readonly property var names: keys.map(key => qsTrId("preview.col." + key))
     readonly property int destination: 4
-    readonly property int readable: 280 ///< of the destination: its last folder, the file's name, and where the path starts
+    readonly property int readable: 280 ///< destination: last folder, name, start of the path
 
     readonly property var least: [120, 80, 80, 72, 180, 56]
     readonly property var usual: [172, 104, 160, 84, 0, 70]
