@@ -15,8 +15,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-/// The least that any program must do for the same result, with nothing around it: what ours is held
-/// against. It stops at the first failure.
+/// The least work that any program must do for the same result. Our own times are compared with this. It
+/// stops at the first failure.
 namespace {
 
 namespace fs = std::filesystem;
@@ -139,7 +139,7 @@ void removeFolder(const fs::path& folder) {
     }
 }
 
-/// Reads and hashes the source, writes, flushes and evicts the copy, and hashes that.
+/// Reads and hashes the source. Writes, flushes and evicts the copy, and then hashes the copy.
 void copyFile(const fs::path& from, const fs::path& to, std::vector<unsigned char>& buffer) {
     Sha256 sourceHash;
     {
@@ -157,7 +157,7 @@ void copyFile(const fs::path& from, const fs::path& to, std::vector<unsigned cha
     }
 }
 
-/// With names, each copy is made under another name, renamed, and its folder flushed.
+/// `withNames`: each copy is made under another name and renamed, and its folder is flushed.
 void copyFolder(const fs::path& folder, const fs::path& destination, bool withNames) {
     std::vector<unsigned char> buffer(chunkSize);
     fs::create_directories(destination);

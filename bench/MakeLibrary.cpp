@@ -43,14 +43,14 @@ struct Request {
     std::uint64_t seed = 0;
     std::int64_t count = 0;
     std::string folder;
-    std::int64_t distinct = 0; ///< files that are not hard links to another; 0: all
-    std::int64_t size = 0;     ///< 0: a mixed library
+    std::int64_t distinct = 0; ///< files that are not hard links to another file; 0 means all
+    std::int64_t size = 0;     ///< 0 means a mixed library
 };
 
-/// What file `number` shows; several numbers may show the same.
+/// The content of file `number`. Several numbers may have the same content.
 struct Content {
     Kind kind = Kind::canonJpeg;
-    std::int64_t number = 0; ///< of the file that showed it first
+    std::int64_t number = 0; ///< of the first file with this content
     Shot shot;
 };
 
@@ -83,8 +83,8 @@ Camera cameraOf(Kind kind) {
     return Camera::canon;
 }
 
-/// Ten years of a family's pictures: cards, phones, messengers, a few RAW files and movies, and a backup
-/// of some of it.
+/// Ten years of a family's pictures: memory cards, phones, messengers, a few RAW files and movies, and a
+/// backup of some of them.
 class Library {
 public:
     explicit Library(const Request& request) : request_(request) {}
@@ -129,7 +129,7 @@ private:
         return content;
     }
 
-    /// Cameras begin each folder at 0001, so the same names come back in every folder.
+    /// Cameras start each folder at 0001, so the same names occur in every folder.
     static std::string nameOf(std::int64_t number, const Content& content) {
         const std::int64_t folder = number / 1'000;
         const std::int64_t inFolder = number % 1'000 + 1;
@@ -179,7 +179,7 @@ private:
             return bareJpeg(1600, 1200, noise, 60'000 + chance * 300);
         case Kind::heic:
             return heicOf(content.shot, noise, megabyte + chance * 1'500);
-        case Kind::nef: // compressed: each of its own size
+        case Kind::nef: // compressed: sizes differ
             return rawOf(content.shot, noise, 24 * megabyte + chance * 6'000);
         case Kind::arw: // not compressed: all of one size
             return rawOf(content.shot, noise, 24'969'216);
@@ -223,8 +223,8 @@ private:
     const Request& request_;
 };
 
-/// Files of one size, each byte of them there. Every second one is a copy of the one before it, so that
-/// nobody who looks for copies can stop at the first difference.
+/// Files of one size without holes. Every second file is a copy of the one before it, so a search for copies
+/// can never stop at the first difference.
 void makeSameSized(const Request& request) {
     constexpr std::int64_t pieceSize = std::int64_t{1} << 20;
     const fs::path folder(request.folder);

@@ -16,8 +16,8 @@
 #include <string_view>
 #include <vector>
 
-/// The program's own work without its faces, one piece a process. Each prints one line of JSON: what it
-/// did, the seconds that the work itself took, and its memory in bytes when it began and at its peak.
+/// The program's own work without an interface, one task for each process. Each task prints one line of JSON:
+/// what it did, the seconds that the work itself took, and its memory in bytes at the start and at the peak.
 namespace lumeo::bench {
 namespace {
 
@@ -73,7 +73,7 @@ void scan(const FilePath& folder) {
     measurement.end(items.size(), totalBytes(items));
 }
 
-/// An item of the catalogue with a date of its own; a few hundred of them share a month.
+/// An item of the catalogue with its own date. A few hundred items share a month.
 MediaItem itemOf(FilePath path, std::int64_t size, std::size_t index) {
     MediaItem item;
     item.id = Uuid::random();
@@ -86,7 +86,7 @@ MediaItem itemOf(FilePath path, std::int64_t size, std::size_t index) {
     return item;
 }
 
-/// What a scan of a folder of movies gives, without its cost.
+/// The result of scanning a folder of movies, without the cost of a scan.
 std::vector<MediaItem> catalogueOf(const FileSystem& fileSystem, const FilePath& folder) {
     std::vector<MediaItem> items;
     const auto walk = fileSystem.enumerate(folder, [](const FileError&) {});
@@ -108,7 +108,7 @@ void duplicates(const FilePath& folder) {
     measurement.end(items.size(), totalBytes(items));
 }
 
-/// As many items as asked for; with `sameName`, all of one name and one month.
+/// Plans `count` items. With `sameName` all have one name and one month.
 void plan(std::size_t count, bool sameName, const FilePath& destination) {
     const PosixFileSystem fileSystem;
     std::vector<MediaItem> items;
@@ -125,7 +125,7 @@ void plan(std::size_t count, bool sameName, const FilePath& destination) {
     measurement.end(items.size(), totalBytes(items));
 }
 
-/// Plans, copies and leaves the journal at `journal`. Gives whether every file was verified.
+/// Plans, copies and writes the journal to `journal`. Returns whether every file was verified.
 bool copy(const FilePath& folder, const FilePath& destination, const FilePath& journal) {
     PosixFileSystem fileSystem;
     const SystemClock clock;
@@ -152,7 +152,7 @@ bool copy(const FilePath& folder, const FilePath& destination, const FilePath& j
     });
 }
 
-/// Gives whether every file was taken back.
+/// Returns whether every file was restored.
 bool undo(const FilePath& journal) {
     std::ifstream text(journal.bytes());
     const auto manifest = decodeOperationManifest(Json::parse(text));

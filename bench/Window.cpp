@@ -25,10 +25,10 @@
 
 #include <unistd.h>
 
-/// The whole program with its window, on no display, led from a folder to the preview. Prints one line of
-/// JSON: seconds from the start of the process to the first frame, for each stage how long the main thread
-/// was away from its events at most, what the list costs when it is shown, searched and scrolled, and
-/// memory in bytes.
+/// The whole program with its window, without a display, taken from a folder to the preview. Prints one line
+/// of JSON: seconds from the start of the process to the first frame; for each stage, the longest time that
+/// the main thread did not handle events; the cost of showing, searching and scrolling the list; and memory
+/// in bytes.
 namespace lumeo::bench {
 namespace {
 
@@ -42,7 +42,7 @@ double wallSeconds() {
     return secondsOf(CLOCK_MONOTONIC);
 }
 
-/// What this thread has worked, whatever else the machine did meanwhile.
+/// The processor time of this thread, which does not depend on other work of the machine.
 double workedSeconds() {
     return secondsOf(CLOCK_THREAD_CPUTIME_ID);
 }
@@ -68,7 +68,7 @@ std::int64_t memory(std::string_view name) {
     return 0;
 }
 
-/// Nobody is asked for anything.
+/// Answers every question with nothing.
 class NoDesktop final : public FolderChooser, public SavePanel, public FileBrowser {
 public:
     void choose(const FolderRequest& /*request*/, FolderChooser::Answer answer) override { answer({}); }
@@ -76,13 +76,13 @@ public:
     void reveal(const FilePath& /*folder*/) override {}
 };
 
-/// Of many times, what is usual and what is worst.
+/// The usual value and the worst of many times.
 Json summary(std::vector<double> seconds) {
     std::ranges::sort(seconds);
     return {{"median", seconds[seconds.size() / 2]}, {"longest", seconds.back()}};
 }
 
-/// A timer of 5 ms on the main thread, which tells how long the thread had no time for it.
+/// A timer of 5 ms on the main thread. It measures how long the thread could not handle it.
 class Beat {
 public:
     struct Gap {
@@ -200,7 +200,7 @@ private:
             {{"name", name}, {"seconds", seconds}, {"gap", gap.seconds}, {"gapWorked", gap.worked}});
     }
 
-    /// Letter by letter, each until it is seen.
+    /// Types letter by letter, and waits for each result to be shown.
     void search() {
         auto* field = window_->findChild<QQuickItem*>(QStringLiteral("search"));
         field->forceActiveFocus();
@@ -225,7 +225,7 @@ private:
         }
     }
 
-    /// Three hundred frames, some rows further each; then jumps through the whole list.
+    /// Scrolls by some rows for each of three hundred frames. Then jumps through the whole list.
     void scroll() {
         const auto parts = window_->findChild<QQuickItem*>(QStringLiteral("table"))->childItems();
         auto* list = *std::ranges::find_if(

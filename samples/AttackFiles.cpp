@@ -14,7 +14,7 @@ constexpr auto big = bigEndianBytes;
 constexpr auto little = littleEndianBytes;
 constexpr unsigned heapTag = 0x300A;
 
-/// Bits as H.264 writes its heads.
+/// Bits in the order in which H.264 writes its headers.
 class BitWriter {
 public:
     BitWriter& bits(unsigned value, unsigned count) {
@@ -23,12 +23,12 @@ public:
         }
         return *this;
     }
-    /// A number behind as many zeros as it has further bits.
+    /// A number after as many zeros as it has bits below the first one (Exp-Golomb code).
     BitWriter& number(unsigned value) {
         const auto width = static_cast<unsigned>(std::bit_width(value + 1));
         return bits(0, width - 1).bits(value + 1, width);
     }
-    /// A unit of the stream, closed by a stop bit, without the sequences that mean a new unit.
+    /// A unit of the stream, closed by a stop bit. It contains no sequence that would start a new unit.
     [[nodiscard]] std::string unit(char head) const {
         std::string closed = bits_ + '1';
         closed.resize((closed.size() + 7) / 8 * 8, '0');
@@ -66,7 +66,7 @@ std::string h264Of(unsigned width, unsigned height, unsigned frames) {
                              .bits(0, 1)
                              .number(width - 1)
                              .number(height - 1)
-                             .bits(0b1100, 4) // frames, direct prediction, no cropping, no more
+                             .bits(0b1100, 4) // frames, direct prediction, no cropping, no extras
                              .unit('\x67');
     stream += BitWriter()
                   .number(0)
@@ -93,7 +93,7 @@ std::string h264Of(unsigned width, unsigned height, unsigned frames) {
                       .bits(0, 3)
                       .number(0)
                       .number(1)
-                      .number(width * height) // all skipped: as before
+                      .number(width * height) // all blocks are skipped, so nothing changes
                       .unit('\x41');
     }
     return stream;
@@ -112,7 +112,7 @@ std::string withChecksum(const std::string& section) {
 
 constexpr std::size_t packetSize = 188;
 
-/// The packets of one table or one stretch of a stream; the last is filled up.
+/// The packets of one table or of one part of a stream. The last packet is filled up.
 std::string packets(unsigned id, std::string content, unsigned& counter, bool isTable) {
     std::string bytes;
     if (isTable) {
@@ -129,7 +129,7 @@ std::string packets(unsigned id, std::string content, unsigned& counter, bool is
             at += room;
             continue;
         }
-        const std::size_t stuffing = room - left - 1; // an adaptation field takes the place
+        const std::size_t stuffing = room - left - 1; // an adaptation field fills the space
         std::string field = big(stuffing, 1);
         if (stuffing > 0) {
             field += '\0' + std::string(stuffing - 1, '\xFF');

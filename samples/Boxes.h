@@ -21,7 +21,7 @@ inline std::string be64(std::uint64_t value) {
     return bigEndianBytes(value, 8);
 }
 
-/// A box that begins with a version and flags.
+/// A box that starts with a version and flags.
 inline std::string fullBox(std::string_view type, const std::string& content, unsigned version = 0,
                            unsigned flags = 0) {
     return movieBox(type, be32(std::uint64_t{version} << 24U | flags) + content);

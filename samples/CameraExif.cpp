@@ -39,7 +39,7 @@ CameraFacts factsOf(Camera camera) {
     return {"samsung", "SM-G973F", "Samsung S5K2L4", "G973FXXU9EUCA", true, 24'300};
 }
 
-/// Lays directories out one behind the other, each told where the others stand.
+/// Lays out directories one after the other. Each directory gets the offsets of the others.
 class Layout {
 public:
     Layout(const Shot& shot, Noise& noise, Entries mainEntries)
@@ -52,7 +52,7 @@ public:
           mainEntries_(std::move(mainEntries)) {}
 
     std::string bytes() {
-        // Offsets do not change a directory's length: the first pass tells where each one goes.
+        // The offsets do not change a directory's length, so the first pass shows where each directory goes.
         const std::size_t exifAt = 8 + mainDirectory(0, 0, 0).size();
         const std::string exif = exifDirectory(exifAt);
         const std::size_t gpsAt = exifAt + exif.size();

@@ -9,11 +9,11 @@
 
 namespace lumeo::samples {
 
-/// Cameras that differ in what they write: byte order, the form and size of the maker note, thumbnail,
-/// position.
+/// Cameras that differ in what they write: the byte order, the form and size of the maker note, the
+/// thumbnail, the position.
 enum class Camera { canon, nikon, sony, iphone, galaxy };
 
-/// One press of the shutter.
+/// One photo or film that a camera takes.
 struct Shot {
     Camera camera = Camera::canon;
     std::int64_t second = 0; ///< since 2001-01-01, in the camera's own time
@@ -22,14 +22,14 @@ struct Shot {
     int height = 4000;
 };
 
-/// "2021:03:14 15:30:45"; any other form by its format for std::put_time().
+/// "2021:03:14 15:30:45", or another form that `format` describes for std::put_time().
 std::string cameraTime(const Shot& shot, const char* format = "%Y:%m:%d %H:%M:%S");
 
 std::string makeOf(Camera camera);
 std::string modelOf(Camera camera);
 
 /// The Exif structure as such a camera writes it: camera, exposure, maker note, position, thumbnail.
-/// `mainEntries` join the first directory, which describes a RAW file's pixels.
+/// `mainEntries` are added to the first directory, which describes the pixels of a RAW file.
 std::string cameraExif(const Shot& shot, Noise& noise, std::vector<TiffMaker::Entry> mainEntries = {});
 
 } // namespace lumeo::samples

@@ -127,7 +127,7 @@ Entries entriesOf(const TiffMaker& tiff, std::span<const Tag> tags, Noise& noise
     return entries;
 }
 
-/// Canon's tables of numbers begin with their own length in bytes; readers skip one that does not.
+/// Canon's tables of numbers start with their own length in bytes. Readers skip a table that does not.
 Entries canonEntries(const TiffMaker& tiff, Noise& noise) {
     Entries entries = entriesOf(tiff, canonTags, noise);
     for (TiffMaker::Entry& entry : entries) {
@@ -148,14 +148,14 @@ std::string makerNote(Camera camera, const TiffMaker& tiff, std::size_t offset, 
     switch (camera) {
     case Camera::canon:
         return tiff.directory(canonEntries(tiff, noise), offset);
-    case Camera::nikon: // a whole structure of its own, counted from its own header
+    case Camera::nikon: // a whole structure of its own; offsets count from its own header
         return std::string("Nikon\0\2\x10\0\0", 10) + tiff.header() +
                tiff.directory(entriesOf(tiff, nikonTags, noise), tiff.header().size());
     case Camera::sony: {
         const std::string label("SONY DSC \0\0\0", 12);
         return label + tiff.directory(entriesOf(tiff, sonyTags, noise), offset + label.size());
     }
-    case Camera::iphone: { // always in this byte order, counted from the note's own start
+    case Camera::iphone: { // always in this byte order; offsets count from the start of the note
         const std::string label("Apple iOS\0\0\1MM", 14);
         const TiffMaker bigEndian(false);
         return label + bigEndian.directory(entriesOf(bigEndian, iphoneTags, noise), label.size());

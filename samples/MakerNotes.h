@@ -6,8 +6,8 @@
 
 namespace lumeo::samples {
 
-/// A maker note with the tags, types and sizes that cameras of this make write, its values chance.
-/// `offset` is where it will stand in the Exif structure; it does not change the note's length.
+/// A maker note with the tags, types and sizes that cameras of this make write, and with random values.
+/// `offset` is its place in the Exif structure and does not change its length.
 std::string makerNote(Camera camera, const TiffMaker& tiff, std::size_t offset, Noise noise);
 
 } // namespace lumeo::samples

@@ -6,11 +6,11 @@
 
 namespace lumeo::samples {
 
-/// Chance that anybody can repeat: the same seed gives the same values on every machine.
+/// Random values that can be repeated: the same seed gives the same values on every machine.
 class Noise {
 public:
-    /// Two parts, so that each file of a library can have its own sequence: the library's seed and the
-    /// file's number.
+    /// The seed has two parts, the library's seed and the file's number, so that each file of a library has
+    /// its own sequence.
     explicit Noise(std::uint64_t seed, std::uint64_t part = 0)
         : state_(mixed(mixed(seed) + part * 0x9E3779B97F4A7C15U)) {}
 
@@ -26,7 +26,7 @@ public:
 
     bool oneIn(std::int64_t count) { return between(1, count) == 1; }
 
-    /// The index of one of `weights`, each as likely as its weight.
+    /// The index of one of `weights`. The probability of each is proportional to its weight.
     std::size_t choice(std::initializer_list<int> weights) {
         int total = 0;
         for (const int weight : weights) {
@@ -47,7 +47,7 @@ public:
     /// Any bytes.
     std::string bytes(std::size_t count);
 
-    /// Bytes as a photo's coded pixels have them: no 0xFF, which would begin a marker.
+    /// Bytes like the coded pixels of a photo. They have no 0xFF, which would start a marker.
     std::string pixels(std::size_t count);
 
     /// Upper-case letters and digits, as in serial numbers.

@@ -8,29 +8,29 @@
 
 namespace lumeo::samples {
 
-/// A media file as far as readers of metadata look: its beginning and its end. What lies between is a
-/// hole, so that a library with files of true sizes fits a small disk.
+/// The parts of a media file that readers of metadata see: its start and its end. A hole fills the space
+/// between, so that a library with real file sizes fits a small disk.
 struct SampleFile {
     std::string head;
     std::string tail;
-    std::int64_t size = 0; ///< bytes; at least those of head and tail
+    std::int64_t size = 0; ///< bytes; at least the size of head and tail
 };
 
-/// The number of bytes at the beginning of a photo that are really there.
+/// The number of bytes at the start of a photo that are not a hole.
 inline constexpr std::size_t solidHeadSize = std::size_t{96} * 1024;
 
 SampleFile jpegOf(const Shot& shot, Noise& noise, std::int64_t size);
 
-/// As messengers send photos on: no metadata at all.
+/// A photo as messengers forward it, without any metadata.
 SampleFile bareJpeg(int width, int height, Noise& noise, std::int64_t size);
 
-/// As phones write it: a grid of tiles, Exif as an item of its own.
+/// A photo as phones write it: a grid of tiles, with Exif as a separate item.
 SampleFile heicOf(const Shot& shot, Noise& noise, std::int64_t size);
 
-/// A TIFF-like RAW file: good as DNG, NEF and ARW, for readers of metadata.
+/// A RAW file like a TIFF. Readers of metadata accept it as DNG, NEF and ARW.
 SampleFile rawOf(const Shot& shot, Noise& noise, std::int64_t size);
 
-/// QuickTime with its index behind the frames; the date in the header and in the metadata keys.
+/// QuickTime with its index after the frames. The date is in the header and in the metadata keys.
 SampleFile movieOf(const Shot& shot, Noise& noise, std::int64_t size, int seconds);
 
 } // namespace lumeo::samples

@@ -11,7 +11,7 @@ constexpr std::uint64_t framesPerSecond = 30;
 constexpr std::uint64_t timeScale = 600;
 constexpr std::uint64_t mediaScale = 30'000;
 
-/// Seconds since 1904, as the container counts.
+/// Seconds since 1904, as the container counts them.
 std::uint64_t containerTime(const Shot& shot) {
     constexpr std::int64_t from1904To2001 = 3'061'152'000;
     return static_cast<std::uint64_t>(shot.second + from1904To2001);
@@ -22,7 +22,7 @@ std::string unityMatrix() {
            be32(0x40000000);
 }
 
-/// The index of a movie of `seconds`, whose frames begin at `dataAt` and fill `dataLength`.
+/// The index of a movie of `seconds`. Its frames start at `dataAt` and fill `dataLength`.
 class MovieIndex {
 public:
     MovieIndex(const Shot& shot, Noise& noise, std::uint64_t seconds, std::uint64_t dataAt,

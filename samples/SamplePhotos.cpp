@@ -8,14 +8,14 @@
 namespace lumeo::samples {
 namespace {
 
-/// The profile that a camera embeds: readers look at its header only.
+/// The profile that a camera embeds. Readers look only at its header.
 std::string colorProfile(Noise& noise) {
     const std::string rest = noise.bytes(428);
     return be32(548) + "appl" + be32(0x04000000) + "mntrRGB XYZ " + std::string(12, '\1') + "acspAPPL" +
            std::string(76, '\0') + rest;
 }
 
-/// With the padding that cameras leave for later edits.
+/// Includes the padding that cameras leave for later edits.
 std::string cameraXmp() {
     const std::string packet = tinyXmp("xmp:Rating=\"0\"");
     return std::string("http://ns.adobe.com/xap/1.0/") + '\0' + packet + std::string(2'400, ' ');
@@ -35,7 +35,7 @@ std::string jpegTables(int width, int height, Noise& noise) {
     return bytes + jpegSegment(0xDA, std::string("\3\1\0\2\x11\3\x11\0\x3F\0", 10));
 }
 
-/// Fills what metadata leaves of the file with pixels, a hole where nobody looks.
+/// Fills the rest of the file with pixels. Where no reader looks, it is a hole.
 SampleFile withPixels(std::string head, Noise& noise, std::int64_t size, const std::string& end) {
     const std::size_t wanted = std::min(solidHeadSize, static_cast<std::size_t>(size) - end.size());
     if (head.size() < wanted) {
@@ -52,7 +52,7 @@ struct HeicItem {
     std::string properties; ///< its part of the association box
 };
 
-/// 48 tiles, the grid that joins them, and Exif; the tiles' data follows that of the last two.
+/// 48 tiles, the grid that joins them, and Exif. The data of the tiles follows the data of the other two.
 class HeicLayout {
 public:
     HeicLayout(std::string exifItem, const Shot& shot, Noise& noise, std::int64_t size)

@@ -58,14 +58,14 @@ std::string quickTimeMetadata(std::string_view key, std::string_view text) {
 }
 
 std::string userData(std::string_view text) {
-    constexpr int english = 0x15C7; // "eng", five bits a letter
+    constexpr int english = 0x15C7; // "eng", with five bits for each letter
     return movieBox(
         "udta", movieBox("\xA9"
                          "day",
                          bigEndianBytes(text.size(), 2) + bigEndianBytes(english, 2) + std::string(text)));
 }
 
-/// A Matroska element, its size in eight bytes.
+/// A Matroska element. Its size takes eight bytes.
 std::string element(std::uint64_t id, std::string_view content) {
     const int idWidth = (static_cast<int>(std::bit_width(id)) + 7) / 8;
     return bigEndianBytes(id, idWidth) + bigEndianBytes(std::uint64_t{1} << 56U | content.size(), 8) +

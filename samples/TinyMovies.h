@@ -10,8 +10,8 @@
 
 namespace lumeo {
 
-/// The facts that a made movie carries; absent ones are left out of the file or stand there as unset.
-/// A container that has no place for a fact leaves it out. None has any picture in it.
+/// The facts in a made movie. An absent fact is left out of the file or stored as unset. A container leaves
+/// out a fact that it has no field for. No movie has pictures.
 struct TinyMovie {
     std::optional<Instant> headerTime; ///< the container's own creation time
     std::optional<std::string>
@@ -24,8 +24,8 @@ struct TinyMovie {
     std::array<double, 4> transform{1, 0, 0, 1}; ///< QuickTime and MP4: a, b, c, d of the display matrix
 };
 
-/// QuickTime or MP4, good under ".mov", ".mp4", ".m4v" and ".3gp". The media comes before the header,
-/// as cameras write it.
+/// QuickTime or MP4, valid as ".mov", ".mp4", ".m4v" and ".3gp". The media comes before the header, as
+/// cameras write it.
 std::string tinyQuickTime(const TinyMovie& movie = {});
 
 std::string tinyMatroska(const TinyMovie& movie = {});
@@ -35,10 +35,10 @@ std::string tinyAvi(const TinyMovie& movie = {});
 /// One box of a QuickTime or MP4 file, for files that no camera would write.
 std::string movieBox(std::string_view type, std::string_view content);
 
-/// `value` in `width` bytes, highest first.
+/// `value` in `width` bytes, highest byte first.
 std::string bigEndianBytes(std::uint64_t value, int width);
 
-/// `value` in `width` bytes, lowest first.
+/// `value` in `width` bytes, lowest byte first.
 std::string littleEndianBytes(std::uint64_t value, int width);
 
 } // namespace lumeo

@@ -52,7 +52,7 @@ Entries gpsEntries(const TiffMaker& tiff, const TinyPhoto& photo) {
 }
 
 /// The whole structure: the first directory with `main` and the camera's facts, then the Exif and GPS
-/// directories. Empty when there is nothing to tell.
+/// directories. Empty when the photo has no facts.
 std::string structure(const TiffMaker& tiff, const TinyPhoto& photo, Entries main) {
     addText(main, tiff, 0x010F, photo.make);
     addText(main, tiff, 0x0110, photo.model);
@@ -62,7 +62,8 @@ std::string structure(const TiffMaker& tiff, const TinyPhoto& photo, Entries mai
     if (main.empty() && exif.empty() && gps.empty()) {
         return {};
     }
-    // The offsets do not change a directory's length, so a first pass with zeros tells where each goes.
+    // The offsets do not change a directory's length, so a first pass with zeros shows where each directory
+    // goes.
     const auto layOut = [&](std::uint32_t exifAt, std::uint32_t gpsAt) {
         Entries entries = main;
         if (!exif.empty()) {
@@ -81,7 +82,7 @@ std::string structure(const TiffMaker& tiff, const TinyPhoto& photo, Entries mai
            exifBytes + gpsBytes;
 }
 
-/// Tables in which one bit says "no difference" and one bit "end of block": a gray block is two bits.
+/// The tables use one bit for "no difference" and one bit for "end of block", so a gray block takes two bits.
 std::string grayScan(const TinyPhoto& photo) {
     const std::string oneCode = std::string("\x01", 1) + std::string(15, '\0') + std::string(1, '\0');
     const std::string frame =

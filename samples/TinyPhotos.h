@@ -8,7 +8,7 @@
 
 namespace lumeo {
 
-/// The facts that a made photo carries; absent ones are left out of the file.
+/// The facts in a made photo. Absent facts are left out of the file.
 struct TinyPhoto {
     int width = 16; ///< pixels
     int height = 8;
@@ -26,30 +26,30 @@ struct TinyPhoto {
     std::optional<std::string> xmpPacket; ///< see tinyXmp()
 };
 
-/// The bytes of a whole, decodable gray JPEG; without any fact it has no metadata segment at all.
+/// The bytes of a complete gray JPEG that can be decoded. Without any fact it has no metadata segment.
 std::string tinyJpeg(const TinyPhoto& photo = {});
 
-/// The bytes of a whole, decodable gray TIFF, its Exif directories inside; good as a ".dng" too, as far as
-/// metadata is concerned.
+/// The bytes of a complete gray TIFF with its Exif directories that can be decoded. Its metadata is also
+/// valid as a ".dng".
 std::string tinyTiff(const TinyPhoto& photo = {});
 
 /// A segment of a JPEG: its marker, its length, its content.
 std::string jpegSegment(unsigned char marker, const std::string& content);
 
-/// An XMP packet around attributes such as R"(tiff:Make="Maker" exif:GPSLatitude="48,51.2N")".
+/// An XMP packet with attributes such as R"(tiff:Make="Maker" exif:GPSLatitude="48,51.2N")".
 std::string tinyXmp(std::string_view attributes);
 
-/// A PNG of the chunks that pngChunk() made; none has pixels.
+/// A PNG of chunks that pngChunk() made. It has no pixels.
 std::string tinyPng(const std::string& chunks);
 std::string pngChunk(const std::string& type, const std::string& content);
 
-/// Bytes as PNGs hold them in a text, their digits in lines of 72.
+/// Bytes in the form of a PNG's text: hex digits in lines of 72.
 std::string pngProfile(const std::string& bytes);
 
-/// Compressed as in a PNG's texts.
+/// Compressed like a PNG's texts.
 std::string deflated(const std::string& text);
 
-/// Lays out a TIFF structure by hand, for files that no camera would write.
+/// Builds a TIFF structure by hand, for files that no camera would write.
 class TiffMaker {
 public:
     explicit TiffMaker(bool littleEndian = true) : littleEndian_(littleEndian) {}
@@ -69,12 +69,12 @@ public:
     [[nodiscard]] std::string u16(std::uint16_t value) const;
     [[nodiscard]] std::string u32(std::uint32_t value) const;
 
-    /// The bytes of a directory that will stand at `offset`: entries, the offset of the next
-    /// directory, then the values that do not fit an entry.
+    /// The bytes of a directory at `offset`: entries, the offset of the next directory, then the values that
+    /// do not fit into an entry.
     [[nodiscard]] std::string directory(std::vector<Entry> entries, std::size_t offset,
                                         std::uint32_t next = 0) const;
 
-    /// The eight bytes before the first directory, which follows them.
+    /// The eight bytes before the first directory, which follows directly.
     [[nodiscard]] std::string header() const;
 
 private:

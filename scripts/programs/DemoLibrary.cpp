@@ -28,7 +28,7 @@ TinyPhoto taken(const std::string& when, const std::string& make, const std::str
 
 } // namespace
 
-/// Makes the two folders that `./run demo` organizes: the kinds of files that people have lying about.
+/// Makes the two folders that `./run demo` organizes, with the kinds of files that people collect.
 int main(int argc, char** argv) {
     if (argc != 3) {
         std::cerr << "usage: lumeo-demo-library PICTURES CARD\n";

@@ -19,7 +19,7 @@ using lumeo::testing::MadeProgram;
 using lumeo::testing::waitUntil;
 using lumeo::testing::Warnings;
 
-/// How a state of the program is looked at.
+/// One way to show a state of the program.
 struct View {
     AppLanguage language = AppLanguage::english;
     AppAppearance appearance = AppAppearance::light;
@@ -75,7 +75,7 @@ public:
     }
 };
 
-/// Walks through the program and takes its picture in every state.
+/// Walks through the program and takes a picture of every state.
 class Photographer {
 public:
     Photographer(QDir folder, const std::vector<AppLanguage>& languages)
@@ -163,7 +163,7 @@ private:
 
     void run() {
         auto& state = made_.state;
-        // Slow enough that the run is not over before it is seen half done.
+        // Each call is slowed down so that the picture is taken before the run is over.
         made_.disk.beforeEachCall(
             [](const DiskCall&) { std::this_thread::sleep_for(std::chrono::microseconds(500)); });
         state.startOperation();
@@ -199,7 +199,7 @@ private:
         take("sources-again");
     }
 
-    /// Takes the proof from one file of the archive, and another away.
+    /// Changes one file of the archive and removes another.
     static void spoilTwo(const std::vector<FileTransactionItem>& items) {
         std::vector<std::string> archived;
         for (const auto& item : items) {
@@ -253,7 +253,7 @@ private:
         return *made_.window->findChild<QQuickItem*>(QString::fromLatin1(name));
     }
 
-    /// Clicks what has that name in English.
+    /// Clicks the control with this English name.
     void choose(const char* name) {
         made_.program.localization().setLanguage(AppLanguage::english);
         settle();
@@ -269,7 +269,7 @@ private:
         made_.state.setOrganizationPlan(plan);
     }
 
-    /// Takes the window's picture in all views; `begin` brings about what lasts for a moment only.
+    /// Takes the window's picture in all views. `begin` starts a state that lasts only for a moment.
     void take(const char* state, const std::function<void()>& begin = {}) {
         for (const auto& view : views_) {
             made_.program.localization().setLanguage(view.language);
@@ -283,7 +283,7 @@ private:
         }
     }
 
-    /// Layouts settle in their own time, a tooltip or a colour in a few frames more.
+    /// Layouts take some time to settle, and a tooltip or a colour takes a few frames more.
     static void settle() { QTest::qWait(60); }
 
     void save(QQuickWindow& window, const QString& name) { window.grabWindow().save(folder_.filePath(name)); }
@@ -296,8 +296,8 @@ private:
 
 } // namespace
 
-/// Takes pictures of every screen, in both appearances, both sizes and the languages given; fails when
-/// a state was not reached or anything was warned of meanwhile.
+/// Takes pictures of every screen, in both appearances, both sizes and the given languages. Fails when a
+/// state was not reached or when there was a warning.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");

@@ -10,7 +10,7 @@
 
 namespace lumeo {
 
-/// What a folder chooser is to offer.
+/// What a folder chooser shows.
 struct FolderRequest {
     QString prompt;  ///< the text of the button that confirms
     QString message; ///< what the folders are for
@@ -21,25 +21,25 @@ struct FolderRequest {
 /// Asks the user for folders. Main thread only.
 class FolderChooser {
 public:
-    /// The folders in the order chosen; none when the user cancelled. Called once, on the main thread,
-    /// before choose() returns or later; never when the chooser is destroyed first.
+    /// The folders in the order chosen, or none when the user cancelled. Called once, on the main thread,
+    /// before choose() returns or later. Not called when the chooser is destroyed first.
     using Answer = std::function<void(std::vector<FilePath>)>;
 
     virtual ~FolderChooser() = default;
     virtual void choose(const FolderRequest& request, Answer answer) = 0;
 };
 
-/// What a save panel is to offer.
+/// What a save panel shows.
 struct SaveRequest {
     QString defaultName;
-    QString prompt; ///< the text of the button that confirms, and what the panel is headed with
+    QString prompt; ///< the text of the button that confirms, and the panel's title
     QString suffix; ///< without a dot
 };
 
 /// Asks the user where to write a document. Main thread only.
 class SavePanel {
 public:
-    /// Absent when the user cancelled; called as FolderChooser's is.
+    /// Absent when the user cancelled. Called like the answer of FolderChooser.
     using Answer = std::function<void(std::optional<FilePath>)>;
 
     virtual ~SavePanel() = default;
@@ -50,11 +50,11 @@ public:
 class FileBrowser {
 public:
     virtual ~FileBrowser() = default;
-    /// Opens the folder; where that is impossible, nothing happens.
+    /// Opens the folder. Nothing happens where that is impossible.
     virtual void reveal(const FilePath& folder) = 0;
 };
 
-/// What the state and the screens ask of the desktop that they run on.
+/// What the state and the screens need from the desktop that they run on.
 struct Desktop {
     FolderChooser& folderChooser;
     SavePanel& savePanel;

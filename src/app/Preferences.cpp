@@ -7,7 +7,7 @@
 namespace lumeo {
 namespace {
 
-// The keys are stored on the user's disk and stay as they are.
+// The keys are stored on users' disks and must not change.
 constexpr const char* appearanceKey = "appearanceMode";
 constexpr const char* defaultOperationKey = "defaultOperation";
 constexpr const char* verifyTransfersKey = "verifyTransfers";
@@ -18,7 +18,7 @@ QString keyText(const char* key) {
     return QString::fromLatin1(key);
 }
 
-/// Empty for what is no single text, such as a list.
+/// Empty when the value is not a single text, such as a list.
 QString storedText(const QSettings& settings, const char* key) {
     return settings.value(keyText(key)).toString();
 }
@@ -63,7 +63,7 @@ void Preferences::setDefaultOperation(OperationMode mode) {
 }
 
 bool Preferences::verifyTransfers() const {
-    // Not QVariant's own reading, for which an empty text or a list means false.
+    // QVariant's own conversion is not used, because it reads an empty text or a list as false.
     return storedText(settings_, verifyTransfersKey) != QLatin1String("false");
 }
 

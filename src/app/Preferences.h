@@ -14,13 +14,12 @@ namespace lumeo {
 
 enum class AppAppearance { light, dark };
 
-/// Stored and shown; nothing is tuned by it.
+/// Stored and shown, but no job depends on it.
 enum class PerformanceProfile { autoProfile, conservative, fastSSD };
 
-/// The stored preferences, each written as it is set and announced to every holder. A value that is
-/// missing or not one of ours reads as its default and stays as it is: a newer version may know it. Main
-/// thread only; the language is the
-/// LocalizationManager's.
+/// The stored preferences. Each is written when it is set and announced to every holder. A missing or unknown
+/// value reads as its default. An unknown value stays stored, because a newer version may know it. Main
+/// thread only. The language belongs to the LocalizationManager.
 class Preferences : public QObject {
     Q_OBJECT
 
@@ -40,11 +39,11 @@ public:
     [[nodiscard]] PerformanceProfile performanceProfile() const;
     void setPerformanceProfile(PerformanceProfile profile);
 
-    /// Absent when none is stored or the stored one cannot be read, which leaves it stored.
+    /// Absent when none is stored or the stored one cannot be read. The stored one stays in both cases.
     [[nodiscard]] std::optional<LastOperationSummary> lastOperationSummary() const;
     void setLastOperationSummary(const LastOperationSummary& summary);
 
-    /// A plan as a new archive starts with.
+    /// The plan that a new archive starts with.
     [[nodiscard]] OrganizationPlan newPlan() const;
 
 signals:

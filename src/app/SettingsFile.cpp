@@ -16,15 +16,15 @@ bool isLeftOver(FileSystem& fileSystem, const FilePath& lock) {
     return found && found->kind == FileKind::regular && found->size == 0 && fileSystem.lock(lock);
 }
 
-/// The toolkit waits half a minute for a lock without content, and for ever when its date lies ahead.
+/// Qt waits half a minute for an empty lock, and without end when the lock's date is in the future.
 void removeLeftOverLock(FileSystem& fileSystem, const FilePath& lock) {
     using namespace std::chrono_literals;
     if (!isLeftOver(fileSystem, lock)) {
         return;
     }
-    std::this_thread::sleep_for(50ms); // whoever makes one fills it at once
+    std::this_thread::sleep_for(50ms); // a process that creates a lock fills it at once
     if (isLeftOver(fileSystem, lock)) {
-        static_cast<void>(fileSystem.removeFile(lock)); // the toolkit waits where that fails
+        static_cast<void>(fileSystem.removeFile(lock)); // if this fails, Qt waits
     }
 }
 
@@ -37,7 +37,7 @@ FilePath settingsFile() {
 std::unique_ptr<QSettings> openSettings(FileSystem& fileSystem, const FilePath& file) {
     const FileResult<FileStatus> found = fileSystem.targetStatus(file);
     const bool isUsable = !found || found->kind == FileKind::regular;
-    // Below a file nothing can be read or written.
+    // Nothing can be read or written below a file.
     const FilePath place = isUsable ? file : FilePath("/dev/null/LUMEO.conf");
     removeLeftOverLock(fileSystem, FilePath(file.bytes() + ".lock"));
     return std::make_unique<QSettings>(QString::fromStdString(place.bytes()), QSettings::NativeFormat);

@@ -8,11 +8,11 @@
 
 namespace lumeo {
 
-/// The file of the user's preferences, which the window and the command line share.
+/// The file of the user's preferences. The window and the command line share it.
 FilePath settingsFile();
 
-/// Opens it. What would hold the toolkit up for long is seen to first: the lock that a crash left behind
-/// goes, and where something stands that is no file the preferences live only as long as the program.
+/// Opens the file, after removing what would make Qt wait for long. A lock that a crash left behind is
+/// deleted. If the path is not a file, the preferences live only as long as the program.
 std::unique_ptr<QSettings> openSettings(FileSystem& fileSystem, const FilePath& file);
 
 } // namespace lumeo

@@ -31,7 +31,7 @@ CLI::Option* addChoice(CLI::App& app, const std::string& name, Enum& value, cons
     return option;
 }
 
-/// Refuses an empty path: what a script has nothing for must not pass for "none" or for the current folder.
+/// Refuses an empty path. An unset variable of a script must not mean "none" or the current folder.
 std::string pathProblem(const std::string& text) {
     return text.empty() ? "the path is empty" : "";
 }
@@ -99,7 +99,7 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
 
     CLI::App app("Turns scattered photos and videos into a dated archive, verified file by file.",
                  "lumeo-cli");
-    // Seen wherever it stands: the version is told as soon as it is asked for.
+    // The version is printed as soon as the option is read, so --verbose must count wherever it stands.
     bool isVerbose = std::find(argv, argv + argc, std::string_view("--verbose")) != argv + argc;
     app.set_version_flag("--version", [&isVerbose] { return versionText(isVerbose); });
     app.add_flag("--verbose", isVerbose, "With --version: tell how the helpers that decode are locked in");

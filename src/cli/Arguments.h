@@ -10,26 +10,26 @@
 
 namespace lumeo::cli {
 
-/// How the program ends.
+/// The exit status of the program.
 enum class ExitStatus {
     success = 0,
     someFailed = 1, ///< at least one file failed
     wrongUsage = 2,
     noSpace = 3,
     archiveInUse = 4,  ///< another run works in the archive
-    interrupted = 130, ///< as after Ctrl-C
+    interrupted = 130, ///< the same as after Ctrl-C
 };
 
 enum class Command { scan, plan, organize, duplicates, undo, runs };
 
-/// What was asked for on the command line.
+/// The request on the command line.
 struct Arguments {
     Command command = Command::scan;
     std::vector<FilePath> sources; ///< absolute, in the order given; none for undo and runs
     OrganizationPlan plan;         ///< with its destination, for plan and organize
     bool analyzeDuplicates = false;
-    /// organize: where the journal goes as a document of its own; undo: the journal to take back, absent for
-    /// that of the last run.
+    /// organize: where to write the journal as a separate document. undo: the journal of the run to undo;
+    /// absent means that of the last run.
     std::optional<FilePath> manifestFile;
     std::optional<FilePath> csvFile;
     std::optional<FilePath> reportFile;
@@ -38,8 +38,8 @@ struct Arguments {
     bool quiet = false;
 };
 
-/// Reads the command line. When there is nothing to run (help, version, wrong usage) the texts have
-/// been printed and the status says how to end.
+/// Reads the command line. If there is nothing to run (help, version, wrong usage), the texts have been
+/// printed and the result is the exit status.
 std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* argv);
 
 } // namespace lumeo::cli

@@ -25,7 +25,7 @@ std::string_view kindName(MediaType type) {
 }
 
 void printLine(const Json& json) {
-    // Whatever text slipped through that is not UTF-8 shows as a replacement character.
+    // Text that is not UTF-8 should not get this far. If it does, it shows as a replacement character.
     std::cout << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 

@@ -8,19 +8,19 @@
 
 namespace lumeo::cli {
 
-/// What a scan has come to, for the status line.
+/// The current result of a scan, for the status line.
 std::string scanFacts(const ScanProgress& progress);
 
-/// One line a counter on stdout.
+/// Prints one counter on each line of stdout.
 void printCounters(const ScanProgress& progress);
 
-/// A row an item on stdout: date, where it comes from, kind, size, name.
+/// Prints one row for each item on stdout: date, source of the date, kind, size, name.
 void printItems(const std::vector<MediaItem>& items);
 
-/// A row an item on stdout: where it lies and where it would go.
+/// Prints one row for each item on stdout: where it is and where it would go.
 void printPlan(const std::vector<MediaItem>& items);
 
-/// One coded item a line on stdout, then {"scanProgress": …}.
+/// Prints one coded item on each line of stdout, then {"scanProgress": …}.
 void printJson(const std::vector<MediaItem>& items, const ScanProgress& progress);
 
 } // namespace lumeo::cli

@@ -20,7 +20,7 @@
 namespace lumeo::cli {
 namespace {
 
-/// Why a document could not be written there once the run is over.
+/// Why a document could not be written to `file` after the run.
 std::optional<std::string> documentProblem(const FilePath& file, const Environment& environment) {
     const FileResult<FileStatus> folder = environment.fileSystem.targetStatus(file.parent());
     if (!folder || folder->kind != FileKind::folder) {
@@ -30,7 +30,7 @@ std::optional<std::string> documentProblem(const FilePath& file, const Environme
     return tried ? std::nullopt : std::optional(tried.error().message());
 }
 
-/// What is wrong with the places of the run's documents, of which none may take another's.
+/// What is wrong with the places of the run's documents. No two documents may have the same place.
 std::optional<std::string> documentsProblem(const Arguments& arguments, const Environment& environment) {
     if (arguments.command != Command::organize) {
         return std::nullopt;
@@ -57,7 +57,7 @@ std::optional<std::string> documentsProblem(const Arguments& arguments, const En
     return std::nullopt;
 }
 
-/// What is wrong with what was asked for, found before anything is done.
+/// What is wrong with the request. This is checked before anything is done.
 std::optional<std::string> usageProblem(const Arguments& arguments, const Environment& environment) {
     for (const FilePath& source : arguments.sources) {
         if (const FileResult<FileStatus> status = environment.fileSystem.targetStatus(source); !status) {
@@ -65,7 +65,7 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
         }
     }
     if (arguments.plan.destinationURL) {
-        // The run makes the folders that are missing, but not through a file.
+        // The run creates missing folders, but it cannot create one below a file.
         const FilePath nearest = environment.fileSystem.nearestExisting(*arguments.plan.destinationURL);
         const FileResult<FileStatus> status = environment.fileSystem.targetStatus(nearest);
         if (!status) {
@@ -106,7 +106,7 @@ void printReport(const Arguments& arguments, const AppState& state) {
     }
 }
 
-/// Fills the catalogue, with its duplicates where they are wanted; false after an interrupt.
+/// Fills the catalogue, and finds duplicates if they are wanted. False after an interrupt.
 bool takeCatalogue(const Arguments& arguments, const Environment& environment, Session& session) {
     session.scan();
     const ScanProgress& progress = session.state().scanProgress();
@@ -162,7 +162,7 @@ ExitStatus runWithOutput(const Arguments& arguments, const Environment& environm
         return ExitStatus::interrupted;
     }
     const ExitStatus status = useCatalogue(arguments, environment, session);
-    // An unread folder may hold photos that the archive now lacks: that is not "all well".
+    // A folder that could not be read may hold photos that the archive now lacks, so this is not a success.
     const bool isIncomplete = session.state().scanProgress().errorsCount > 0;
     return status == ExitStatus::success && isIncomplete ? ExitStatus::someFailed : status;
 }

@@ -8,7 +8,7 @@
 
 namespace lumeo::cli {
 
-/// What every command works with.
+/// What every command needs.
 struct Environment {
     FileSystem& fileSystem;
     const Clock& clock;
@@ -16,7 +16,7 @@ struct Environment {
     const RunJournals& journals;
 };
 
-/// Runs the command that was asked for, after a look at whether its sources and destination can be used.
+/// Checks that the sources and the destination can be used, then runs the command.
 ExitStatus runCommand(const Arguments& arguments, const Environment& environment);
 
 } // namespace lumeo::cli

@@ -7,8 +7,8 @@
 
 namespace lumeo::cli {
 
-/// The groups on stdout with their files, and the bytes that could be saved: as text, or with --json as
-/// {"groups": [{"id", "size", "reclaimableBytes", "files": [file URL…]}…], "reclaimableBytes"}.
+/// Prints the groups with their files, and the bytes that could be saved, on stdout. The form is text, or
+/// with --json {"groups": [{"id", "size", "reclaimableBytes", "files": [file URL…]}…], "reclaimableBytes"}.
 void printDuplicates(const Arguments& arguments, const std::vector<MediaItem>& items);
 
 } // namespace lumeo::cli

@@ -13,7 +13,7 @@
 namespace lumeo::cli {
 namespace {
 
-/// Hours, minutes and seconds as a clock shows them: "1:02:03", "4:05".
+/// Hours, minutes and seconds in the form of a clock: "1:02:03", "4:05".
 std::string clockText(double seconds) {
     const auto whole = static_cast<long long>(std::ceil(std::fmin(seconds, 359999.0)));
     const auto twoDigits = [](long long number) { return (number < 10 ? "0" : "") + std::to_string(number); };
@@ -23,7 +23,7 @@ std::string clockText(double seconds) {
                         : std::to_string(minutes / 60) + ":" + twoDigits(minutes % 60) + end;
 }
 
-/// The same, with hundredths of a second below ten: "0.02 s".
+/// The same, but with hundredths of a second below ten seconds: "0.02 s".
 std::string spanText(double seconds) {
     if (seconds >= 10) {
         return clockText(seconds);
@@ -72,7 +72,7 @@ void printSummary(const OperationManifest& manifest, const OperationProgress& pr
     std::cout << ".\n";
 }
 
-/// False when something could not be written, after saying so.
+/// Prints an error and returns false when something could not be written.
 bool writeDocuments(const Arguments& arguments, const Environment& environment, const Session& session,
                     const OperationManifest& manifest, const std::string& journal) {
     bool allWritten = true;
@@ -130,12 +130,12 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
         printError("nothing was moved");
         return ExitStatus::interrupted;
     }
-    if (environment.interrupt.requested()) { // while it was asked
+    if (environment.interrupt.requested()) { // while the question was open
         printError("interrupted before anything was written");
         return ExitStatus::interrupted;
     }
     const RunOutcome outcome = session.organize();
-    if (!outcome.journal && environment.interrupt.requested()) { // while the room was measured
+    if (!outcome.journal && environment.interrupt.requested()) { // while the free space was measured
         printError("interrupted before anything was written");
         return ExitStatus::interrupted;
     }
@@ -153,7 +153,7 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
     }
     const OperationManifest& manifest = *outcome.journal;
     const std::string journal = encode(manifest).dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-    // Before anything is printed, since whoever reads that may be gone.
+    // The documents come before the output, because the reader of the output may be gone.
     const bool allWritten = writeDocuments(arguments, environment, session, manifest, journal);
     printFailures(manifest);
     if (arguments.json) {

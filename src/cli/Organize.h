@@ -4,11 +4,11 @@
 
 namespace lumeo::cli {
 
-/// What a run has come to, for the status line.
+/// The current result of a run, for the status line.
 std::string runFacts(const OperationProgress& progress);
 
-/// The run itself: asks before a move, says so when there is no room, transfers with a status line, says what
-/// was done and writes the journal where it was asked for.
+/// Does the run. Asks before a move, reports when there is not enough space, transfers with a status line,
+/// prints what was done, and writes the journal to the requested file.
 ExitStatus organize(const Arguments& arguments, const Environment& environment, Session& session);
 
 } // namespace lumeo::cli

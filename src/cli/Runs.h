@@ -4,8 +4,8 @@
 
 namespace lumeo::cli {
 
-/// The latest runs on stdout, the newest first: when, which, where to, how many files and how it ended. With
-/// --json an object a line, with the path of the journal.
+/// Prints the latest runs on stdout, the newest first: time, identifier, destination, number of files, and
+/// how each run ended. With --json it prints one object on each line, with the path of the journal.
 ExitStatus listRuns(const Arguments& arguments, const Environment& environment);
 
 } // namespace lumeo::cli

@@ -24,9 +24,9 @@ std::string planFacts(const PlanningProgress& progress) {
 Session::Session(const Arguments& arguments, const Environment& environment)
     : arguments_(arguments),
       environment_(environment),
-      // The window's file. Its wishes are overwritten below by the command line's, so that a script does the
-      // same whatever the window is set to. Only the summary of a completed run is written into it: the
-      // window shows the last run, and a run is one wherever it was started.
+      // This is the window's settings file. The command line overwrites its choices below, so that a script
+      // does the same whatever is set in the window. Only the summary of a completed run is written to the
+      // file: the window shows the last run, wherever that run was started.
       settings_(openSettings(environment.fileSystem, settingsFile())),
       preferences_(*settings_),
       state_({environment.fileSystem,
@@ -43,7 +43,7 @@ Session::Session(const Arguments& arguments, const Environment& environment)
 
 void Session::run(QEventLoop& loop, void (AppState::*cancel)()) {
     const std::stop_callback interrupting(environment_.interrupt.token(), [this, &loop, cancel] {
-        // Within the loop, and only as long as it stands.
+        // The call is queued to the loop, and is dropped when the loop is gone.
         QMetaObject::invokeMethod(
             &loop, [this, cancel] { (state_.*cancel)(); }, Qt::QueuedConnection);
     });
@@ -90,7 +90,7 @@ void Session::plan() {
 RunOutcome Session::organize() {
     RunOutcome outcome;
     if (items().empty()) {
-        // The state runs nothing for nothing; a script still gets its journal.
+        // The state starts no run without files, but a script still gets its journal.
         OperationManifest nothing;
         nothing.id = Uuid::random();
         nothing.timestamp = environment_.clock.now();
@@ -115,7 +115,7 @@ RunOutcome Session::organize() {
                      });
     const auto quitUnlessItRuns = [this, &loop] {
         if (!state_.isStartingOperation() && !state_.isProcessing()) {
-            loop.quit(); // refused, or interrupted before it began
+            loop.quit(); // refused, or interrupted before the start
         }
     };
     QObject::connect(&state_, &AppState::isStartingOperationChanged, &loop, quitUnlessItRuns);

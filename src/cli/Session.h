@@ -14,7 +14,7 @@ class QEventLoop;
 
 namespace lumeo::cli {
 
-/// Nobody sits in front of a desktop here.
+/// Answers every question of the desktop with nothing, because nobody sits in front of one.
 class NoDesktop final : public FolderChooser, public SavePanel, public FileBrowser {
 public:
     void choose(const FolderRequest& /*request*/, FolderChooser::Answer answer) override { answer({}); }
@@ -22,16 +22,16 @@ public:
     void reveal(const FilePath& /*folder*/) override {}
 };
 
-/// A run that has come back.
+/// A finished run.
 struct RunOutcome {
-    /// Null when the run was refused, for want of room or as the state tells, or interrupted before it began.
+    /// Null when the run was refused or was interrupted before the start. The state tells why it was refused.
     std::shared_ptr<const OperationManifest> journal;
     bool isCancelled = false;
 };
 
-/// The program's state without a window: takes the user's choices from the command line and drives one
-/// job after the other, each with a status line. An interrupt cancels the job that runs, or the next
-/// one as it starts. Needs an application object; main thread only.
+/// The program's state without a window. It takes the user's choices from the command line and runs one job
+/// after the other, each with a status line. An interrupt cancels the current job, or the next one when it
+/// starts. Needs an application object. Main thread only.
 class Session {
 public:
     Session(const Arguments& arguments, const Environment& environment);
@@ -41,11 +41,11 @@ public:
 
     void scan();
     void findDuplicates();
-    void plan(); ///< a cancelled one leaves the items without places
+    void plan(); ///< after a cancelled one the items have no destinations
     RunOutcome organize();
 
 private:
-    /// Runs the event loop until somebody quits it; an interrupt calls `cancel` from within.
+    /// Runs the event loop until it is quit. An interrupt calls `cancel` from inside the loop.
     void run(QEventLoop& loop, void (AppState::*cancel)());
 
     const Arguments& arguments_;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::chrono::milliseconds refreshInterval{100};
 
-/// Columns that the text takes, near enough for lining up: one for each character.
+/// Columns that the text takes: one for each character. This is precise enough for lining up.
 std::size_t width(std::string_view utf8) {
     return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char byte) {
         return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
@@ -26,7 +26,7 @@ std::size_t terminalColumns(int descriptor) {
     return 80;
 }
 
-/// As many of the facts, which two spaces part, as one line holds: a line that wraps cannot be rewritten.
+/// As many of the facts as fit on one line; two spaces separate them. A line that wraps cannot be rewritten.
 std::string fittedFacts(std::string facts, std::size_t columns) {
     while (width(facts) >= columns) {
         const std::size_t gap = facts.rfind("  ");
@@ -38,7 +38,7 @@ std::string fittedFacts(std::string facts, std::size_t columns) {
     return facts;
 }
 
-/// The end of `text` that fits into `columns`, behind an ellipsis where something was cut.
+/// The end of `text` that fits into `columns`. If something was cut, an ellipsis stands before it.
 std::string fittedEnd(const std::string& text, std::size_t columns) {
     if (width(text) <= columns) {
         return text;
@@ -111,7 +111,7 @@ void Table::addRow(std::vector<std::string> cells) {
 }
 
 void Table::print() const {
-    // The last column, which is not lined up, wants some room of its own.
+    // The last column is not lined up and needs some space of its own.
     constexpr std::size_t leastForLast = 24;
     std::size_t linedUp = 0;
     for (std::size_t column = 0; column + 1 < widths_.size(); ++column) {

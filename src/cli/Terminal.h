@@ -16,11 +16,11 @@ bool isTerminal(int descriptor);
 /// Writes one line to stderr, prefixed with the program's name.
 void printError(std::string_view sentence);
 
-/// Asks a yes-or-no question on the terminal; anything but a yes is a no.
+/// Asks a yes-or-no question on the terminal. Any answer but a yes means no.
 bool confirm(std::string_view question);
 
-/// A status line on stderr that is rewritten in place; silent when stderr is no terminal or quiet is
-/// asked for. Used by one thread.
+/// A status line on stderr that is rewritten in place. It is silent with `quiet`, and when stderr is not a
+/// terminal. Used by one thread.
 class StatusLine {
 public:
     StatusLine(const Clock& clock, bool quiet);
@@ -28,10 +28,11 @@ public:
     StatusLine(const StatusLine&) = delete;
     StatusLine& operator=(const StatusLine&) = delete;
 
-    /// True when the line may be shown again: not more than ten times a second.
+    /// True when the line may be shown again. This is at most ten times a second.
     [[nodiscard]] bool isDue() const;
 
-    /// Shows of `facts`, which two spaces part, and then of `name` as much as fits on one line.
+    /// Shows as much of `facts` as fits on one line, and then as much of `name`. Two spaces separate the
+    /// facts.
     void show(const std::string& facts, std::string_view name);
     void clear();
 
@@ -42,8 +43,8 @@ private:
     std::chrono::nanoseconds lastShown_{0};
 };
 
-/// Lines up columns of text on stdout, each as wide as its widest cell but the last. On a terminal too
-/// narrow for that, each row takes as many lines as its cells need.
+/// Lines up columns of text on stdout. Each column but the last is as wide as its widest cell. On a terminal
+/// that is too narrow, each row takes as many lines as its cells need.
 class Table {
 public:
     explicit Table(std::vector<std::string> headings) { addRow(std::move(headings)); }

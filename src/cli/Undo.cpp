@@ -12,7 +12,8 @@
 namespace lumeo::cli {
 namespace {
 
-/// The journal to take back: the one that was named, else that of the last run of which that is possible.
+/// The journal of the run to undo: the one that was named, else the journal of the last run that can be
+/// undone.
 std::optional<FilePath> chosenJournal(const Arguments& arguments, const Environment& environment) {
     if (arguments.manifestFile) {
         return arguments.manifestFile;

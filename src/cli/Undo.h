@@ -4,8 +4,8 @@
 
 namespace lumeo::cli {
 
-/// Takes back the run whose journal was named, or else the last one: says what it will do, asks, and tells
-/// what was left alone.
+/// Undoes the run whose journal was named, or else the last run. Says what it will do, asks, and tells which
+/// files it left alone.
 ExitStatus undo(const Arguments& arguments, const Environment& environment);
 
 } // namespace lumeo::cli

@@ -4,7 +4,8 @@
 
 namespace lumeo::cli {
 
-/// The version and, where more is asked for, what the processes that decode media are locked in by here.
+/// The version. With `isVerbose` it also tells which means of this system confine the processes that decode
+/// media.
 std::string versionText(bool isVerbose);
 
 } // namespace lumeo::cli

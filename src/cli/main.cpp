@@ -9,20 +9,20 @@
 int main(int argc, char** argv) {
     using namespace lumeo;
     std::ios::sync_with_stdio(false);
-    // A reader that goes away, as `head` does, must not end a run.
+    // A reader that exits early, as `head` does, must not end a run.
     turnWriteSignalsIntoErrors();
 
     const auto parsed = cli::parseArguments(argc, argv);
     if (const auto* status = std::get_if<cli::ExitStatus>(&parsed)) {
         return static_cast<int>(*status);
     }
-    // An application object adopts the user's locale and complains of one that is not UTF-8. Numbers and
-    // messages are to be the same for every script.
+    // The application object adopts the user's locale and warns when it is not UTF-8. Numbers and messages
+    // must be the same for every script.
     setenv("LC_ALL", "C.UTF-8", 1);
     PosixFileSystem fileSystem;
     const SystemClock clock;
     const Interrupt interrupt;
-    const QCoreApplication application(argc, argv); // whose event loop the jobs come back through
+    const QCoreApplication application(argc, argv); // the jobs report through its event loop
     const RunJournals journals(fileSystem, RunJournals::userFolder());
     const cli::ExitStatus status =
         cli::runCommand(std::get<cli::Arguments>(parsed), {fileSystem, clock, interrupt, journals});

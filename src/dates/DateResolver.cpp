@@ -18,7 +18,7 @@ std::optional<std::string> plausibilityWarning(Instant date, const Clock& clock)
     constexpr int firstPlausibleYear = 1981;
     constexpr std::chrono::hours tolerance(48);
     const WallTime wall = LocalCalendar::components(date);
-    // Cameras that lost their battery begin again at 1970, 1980 or 1 January 2000.
+    // A camera whose battery was empty starts again at 1970, 1980 or 1 January 2000.
     const bool isNewYear2000 = wall.year == 2000 && wall.month == 1 && wall.day == 1;
     if (wall.year < firstPlausibleYear || isNewYear2000) {
         return "Possible incorrect camera clock (" + std::to_string(wall.year) + ")";

@@ -8,36 +8,36 @@
 
 namespace lumeo {
 
-/// Whether file-system dates may serve as a last resort.
+/// Whether file-system dates may be used as a last resort.
 struct DateResolverOptions {
     bool allowFilesystemCreationDate = false;
     bool allowFilesystemModificationDate = false;
     friend bool operator==(const DateResolverOptions&, const DateResolverOptions&) = default;
 };
 
-/// The dates that a file offers; each absent when it offers none.
+/// The dates that a file offers. A date is absent when the file does not offer it.
 struct CandidateDates {
     std::optional<Instant> metadataCaptureDate;
     std::optional<Instant> metadataCreateDate;
     std::optional<Instant> videoCreationDate;
     std::optional<Instant> tiffDateTime;
-    std::optional<Instant> filenameDate; ///< FilenameDateParser's, which the caller keeps as well
+    std::optional<Instant> filenameDate; ///< from FilenameDateParser; the caller keeps it as well
     std::optional<Instant> filesystemCreationDate;
     std::optional<Instant> filesystemModificationDate;
 };
 
 struct ResolvedDateResult {
     std::optional<Instant> date;
-    DateSourceType source = DateSourceType::unknown; ///< `unknown` exactly when there is no date
+    DateSourceType source = DateSourceType::unknown; ///< `unknown` when there is no date
     DateConfidence confidence = DateConfidence::unknown;
-    std::optional<std::string> warning; ///< English; the date looks like a wrong camera clock
+    std::optional<std::string> warning; ///< in English; set when the date looks like a wrong camera clock
     friend bool operator==(const ResolvedDateResult&, const ResolvedDateResult&) = default;
 };
 
 /// Chooses a media file's capture date among its candidates. Any thread may call.
 struct DateResolver {
-    /// Candidates that do not belong to `mediaType` are not looked at, even when present; `clock` tells
-    /// what lies in the future.
+    /// Ignores candidates that do not belong to `mediaType`, even when they are present. `clock` tells which
+    /// dates are in the future.
     static ResolvedDateResult resolveDate(MediaType mediaType, const CandidateDates& candidates,
                                           const DateResolverOptions& options, const Clock& clock);
 };

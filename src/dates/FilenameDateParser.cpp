@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t dateAndTimeCount = 4;
 constexpr std::size_t patternCount = dateAndTimeCount + 1;
 
-/// In the order in which they are tried; the last one finds a date alone.
+/// In the order in which they are tried. The last pattern finds a date without a time.
 constexpr std::array<const char16_t*, patternCount> patternTexts{
     // 2021-03-14_15-30-45, PXL 2021.03.14T15:30:45
     uR"((?i)(?:^|[\D])(\d{4})[-_.](\d{2})[-_.](\d{2})[\sT_](\d{2})[-_.:](\d{2})[-_.:](\d{2})(?:[\D]|$))",
@@ -33,7 +33,8 @@ constexpr std::array<const char16_t*, patternCount> patternTexts{
 
 using Patterns = std::array<std::unique_ptr<const icu::RegexPattern>, patternCount>;
 
-/// Compiled once for the process. Never destroyed, since threads that end late still refer to them.
+/// The patterns are compiled once for the process. They are never destroyed, because threads that end late
+/// still use them.
 const Patterns& patterns() {
     static const Patterns& compiled = *new Patterns([] {
         Patterns result;
@@ -48,7 +49,7 @@ const Patterns& patterns() {
     return compiled;
 }
 
-/// Looks through one name at a time; one a thread, since matchers cannot be shared.
+/// Searches one name at a time. Each thread has its own, because matchers cannot be shared.
 class NameSearch {
 public:
     NameSearch() {
@@ -59,12 +60,12 @@ public:
     }
 
     void setName(std::string_view name) {
-        // Bytes that are not UTF-8 become U+FFFD, which is no digit and may well stand beside a date.
+        // Bytes that are not UTF-8 become U+FFFD. It is not a digit, so it may stand beside a date.
         name_ =
             icu::UnicodeString::fromUTF8(icu::StringPiece(name.data(), static_cast<int32_t>(name.size())));
     }
 
-    /// The leftmost match of one pattern, ready for number(); null when there is none.
+    /// The leftmost match of one pattern, ready for number(). Null when there is none.
     icu::RegexMatcher* find(std::size_t pattern) {
         icu::RegexMatcher& matcher = *matchers_[pattern];
         matcher.reset(name_);
@@ -72,7 +73,7 @@ public:
         return matcher.find(status) && U_SUCCESS(status) ? &matcher : nullptr;
     }
 
-    /// What a capture group of a match says. Digits of other scripts match a pattern but are no number.
+    /// The number in a capture group of a match. Digits of other scripts match a pattern but give no number.
     [[nodiscard]] std::optional<int> number(const icu::RegexMatcher& match, int group) const {
         UErrorCode status = U_ZERO_ERROR;
         const int32_t end = match.end(group, status);
@@ -100,7 +101,7 @@ bool isPlausible(const WallTime& time) {
            within(time.hour, 0, 23) && within(time.minute, 0, 59) && within(time.second, 0, 59);
 }
 
-/// The first match of one pattern as an instant; absent when it makes none.
+/// The first match of one pattern as an instant. Absent when there is no match or it gives no date.
 std::optional<Instant> dateByPattern(NameSearch& search, std::size_t pattern) {
     const icu::RegexMatcher* const match = search.find(pattern);
     if (match == nullptr) {
@@ -121,7 +122,7 @@ std::optional<Instant> dateByPattern(NameSearch& search, std::size_t pattern) {
     return isPlausible(time) ? LocalCalendar::compose(time) : std::nullopt;
 }
 
-/// Takes `count` ASCII digits off the front of `text`; false when fewer stand there.
+/// Removes `count` ASCII digits from the front of `text`. False when there are fewer.
 bool takeDigits(std::string_view& text, std::size_t count) {
     const std::string_view digits = text.substr(0, count);
     text.remove_prefix(digits.size());
@@ -135,8 +136,8 @@ void skipSeparator(std::string_view& text) {
     }
 }
 
-/// Whether the digits of a plausible year, a month and a day stand together anywhere, which every
-/// pattern takes to give a date. Most names are told by this, in a hundredth of the time of a search.
+/// Whether the digits of a plausible year, a month and a day stand together anywhere. No pattern gives a date
+/// without them. This check decides for most names and takes a hundredth of the time of a search.
 bool mayHoldDate(std::string_view name) {
     for (; name.size() >= 8; name.remove_prefix(1)) {
         if (!name.starts_with("19") && !name.starts_with("20")) {

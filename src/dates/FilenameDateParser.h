@@ -7,12 +7,12 @@
 
 namespace lumeo {
 
-/// Recovers a capture date from a file's name, as cameras, phones, screen captures and messaging apps
-/// write it. Any thread may call.
+/// Recovers a capture date from a file's name. It knows the forms that cameras, phones, screen captures and
+/// messaging apps write. Any thread may call.
 struct FilenameDateParser {
-    /// The first plausible date in `fileName` (last path component, extension included), read in the
-    /// user's time zone; noon when the name tells the day alone. A day beyond its month's end carries
-    /// over. Bytes that are not UTF-8 count as characters that are no digits.
+    /// The first plausible date in `fileName` (last path component, extension included), in the user's time
+    /// zone. The time is noon when the name has only the day. A day after the end of its month carries over.
+    /// Bytes that are not UTF-8 count as characters that are not digits.
     static std::optional<Instant> parseDate(std::string_view fileName);
 };
 

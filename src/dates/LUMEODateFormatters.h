@@ -7,8 +7,8 @@
 
 namespace lumeo {
 
-/// Dates as texts for people, the same everywhere they are shown. They follow the user's system
-/// locale and time zone, not the language chosen inside the program. Any thread may call.
+/// Dates as texts for people, in the same form wherever they are shown. They follow the user's system locale
+/// and time zone, not the language that is chosen inside the program. Any thread may call.
 struct LUMEODateFormatters {
     static std::string formattedFully(std::optional<Instant> date);  ///< medium date and time, or "Unknown"
     static std::string formattedMedium(std::optional<Instant> date); ///< medium date, or "Unknown"

@@ -13,7 +13,7 @@ namespace lumeo {
 class FileSystem;
 struct PhotoProperties;
 
-/// What the program keeps of a photo's metadata.
+/// The part of a photo's metadata that the program keeps.
 struct PhotoMetadataResult {
     std::optional<Instant> dateTimeOriginal;
     std::optional<Instant> dateTimeDigitized;
@@ -29,13 +29,14 @@ struct PhotoMetadataResult {
     friend bool operator==(const PhotoMetadataResult&, const PhotoMetadataResult&) = default;
 };
 
-/// Reads the facts of one image file that dating and cataloguing need. Any thread may call.
+/// Reads the facts of one image file that dating and the catalogue need. Any thread may call.
 struct PhotoMetadataExtractor {
-    /// Never fails: an unreadable file gives the empty result, one that is stopped what was read before.
+    /// Never fails. An unreadable file gives the empty result. A read that is stopped gives what was read
+    /// before.
     static PhotoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path,
                                                const std::stop_token& stop = {});
 
-    /// The same from properties already read.
+    /// The same from properties that have been read already.
     static PhotoMetadataResult fromProperties(const PhotoProperties& properties);
 };
 

@@ -48,9 +48,9 @@ std::optional<Instant> creationDate(const MovieProperties& movie) {
     return std::nullopt;
 }
 
-/// The whole part; absent for what no 64-bit integer holds.
+/// The whole part. Absent for a value that does not fit a 64-bit integer.
 std::optional<std::int64_t> truncated(double value) {
-    constexpr double limit = 9223372036854775808.0; // 2 to the 63rd
+    constexpr double limit = 9223372036854775808.0; // 2 to the power of 63
     if (!(value >= -limit && value < limit)) {
         return std::nullopt;
     }

@@ -13,7 +13,7 @@ class FileSystem;
 class MediaHelper;
 struct MovieProperties;
 
-/// What the program keeps of a movie's metadata.
+/// The part of a movie's metadata that the program keeps.
 struct VideoMetadataResult {
     std::optional<Instant> creationDate;    ///< recording date
     std::optional<double> durationSeconds;  ///< above 0 when present
@@ -24,12 +24,12 @@ struct VideoMetadataResult {
 
 /// Reads the recording date, duration and displayed size of one movie file. Any thread may call.
 struct VideoMetadataExtractor {
-    /// Never fails: an unreadable file gives the empty result. `helper` is asked about the containers that
-    /// no reader of ours is for.
+    /// Never fails. An unreadable file gives the empty result. `helper` is asked about containers that our
+    /// own readers do not know.
     static VideoMetadataResult extractMetadata(const FileSystem& fileSystem, const FilePath& path,
                                                MediaHelper& helper, const std::stop_token& stop = {});
 
-    /// The same from properties already read.
+    /// The same from properties that have been read already.
     static VideoMetadataResult fromProperties(const MovieProperties& properties);
 };
 

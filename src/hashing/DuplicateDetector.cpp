@@ -12,7 +12,7 @@ namespace {
 
 using Positions = std::vector<std::size_t>;
 
-/// Calls `each` with the bounds of every run of at least two neighbours that `same` says are alike.
+/// Calls `each` with the bounds of every run of at least two neighbours that are alike according to `same`.
 template<class Same, class Each>
 void forEachRun(const Positions& positions, Same same, Each each) {
     for (auto begin = positions.begin(); begin != positions.end();) {
@@ -25,7 +25,7 @@ void forEachRun(const Positions& positions, Same same, Each each) {
     }
 }
 
-/// The items that share their size with another, in input order.
+/// The items that have the same size as another item, in input order.
 Positions candidates(const std::vector<MediaItem>& items) {
     Positions bySize;
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -47,7 +47,7 @@ Positions candidates(const std::vector<MediaItem>& items) {
 std::vector<MediaItem> DuplicateDetector::detectDuplicates(std::vector<MediaItem> items,
                                                            std::stop_token stop) {
     Positions hashed = candidates(items);
-    // In the order of the scan, not by size: neighbours in a folder tend to be neighbours on the disk.
+    // Follows the order of the scan, not of size. Neighbours in a folder are often neighbours on the disk.
     for (const std::size_t position : hashed) {
         if (stop.stop_requested()) {
             break;

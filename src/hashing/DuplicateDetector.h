@@ -14,9 +14,10 @@ public:
     /// `fileSystem` must outlive the detector.
     explicit DuplicateDetector(const FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
-    /// The same items in the same order, with `sha256Hash` set on those that share their size with
-    /// another and could be read, and `exactDuplicateGroupID` on those that have a twin. Empty files
-    /// take no part. Once `stop` is requested, no further digest is made; what was found stays.
+    /// Returns the same items in the same order. `sha256Hash` is set on items that share their size with
+    /// another item and could be read. `exactDuplicateGroupID` is set on items that have an identical copy.
+    /// Empty files are never duplicates. Once `stop` is requested, no further digest is made, and what was
+    /// found stays.
     std::vector<MediaItem> detectDuplicates(std::vector<MediaItem> items, std::stop_token stop = {});
 
 private:

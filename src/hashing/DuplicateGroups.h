@@ -9,16 +9,16 @@
 
 namespace lumeo {
 
-/// A set of byte-identical files. Its first member is the one that a run would keep.
+/// A set of byte-identical files. Its first member is the one that a run keeps.
 struct DuplicateGroup {
     Uuid id;
-    std::vector<std::size_t> members;  ///< at least two positions in the list of items, rising
-    std::int64_t reclaimableBytes = 0; ///< the sizes of all members but the first
+    std::vector<std::size_t> members;  ///< at least two positions in the list of items, in rising order
+    std::int64_t reclaimableBytes = 0; ///< the sizes of all members except the first
     friend bool operator==(const DuplicateGroup&, const DuplicateGroup&) = default;
 };
 
-/// The groups that duplicate detection marked in `items`, in order of their first members. A mark that
-/// only one of `items` carries makes no group. Any thread may call.
+/// The groups that duplicate detection marked in `items`, in the order of their first members. A mark that
+/// only one item carries makes no group. Any thread may call.
 std::vector<DuplicateGroup> duplicateGroups(std::span<const MediaItem> items);
 
 } // namespace lumeo

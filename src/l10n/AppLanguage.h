@@ -9,8 +9,8 @@
 
 namespace lumeo {
 
-/// The languages of the interface, in the order of the language menu. Coded as their language codes,
-/// which also serve as locale identifiers.
+/// The languages of the interface, in the order of the language menu. Their coded texts are their language
+/// codes, which also serve as locale identifiers.
 enum class AppLanguage {
     english,
     turkish,
@@ -51,24 +51,24 @@ struct EnumTexts<AppLanguage> {
 /// The code of a language ("de", "zh-Hans").
 [[nodiscard]] QString languageCode(AppLanguage language);
 
-/// The language that a code names exactly; absent for any other text.
+/// The language with exactly this code. Absent for any other text.
 [[nodiscard]] std::optional<AppLanguage> languageOfCode(const QString& code);
 
-/// A language's own name for itself, never translated.
+/// A language's own name for itself, which is never translated.
 [[nodiscard]] QString displayName(AppLanguage language);
 
 /// A country's flag as text: two regional-indicator symbols.
 [[nodiscard]] QString flag(AppLanguage language);
 
-/// The interface language for somebody who prefers the given languages, best first, written as BCP 47
-/// tags ("de-AT"). Only the first counts; English where it is not one of ours.
+/// The interface language for a user who prefers the given languages, best first, as BCP 47 tags ("de-AT").
+/// Only the first one counts. English when it is not one of our languages.
 [[nodiscard]] AppLanguage languageFor(const QStringList& preferred);
 
-/// What the user prefers by the system's settings, best first. Chinese always names its script, which
-/// the system leaves to be told from the country ("zh-TW").
+/// The user's preferred languages according to the system's settings, best first. A Chinese tag always has
+/// its script, which the system often implies by the country ("zh-TW").
 [[nodiscard]] QStringList systemPreferredLanguages();
 
-/// The given tags, with the usual script of its country written into each Chinese one that has none.
+/// The given tags. A Chinese tag without a script gets the usual script of its country.
 [[nodiscard]] QStringList withChineseScripts(QStringList tags);
 
 } // namespace lumeo

@@ -6,7 +6,7 @@
 
 namespace lumeo {
 
-/// The two lists of one language, as written. A key stands once in a list.
+/// The two lists of one language, in the order of the source. A key occurs once in a list.
 struct LanguageTables {
     std::span<const LocalizedText> supplementary;
     std::span<const LocalizedText> main;
@@ -14,7 +14,7 @@ struct LanguageTables {
 
 namespace tables {
 
-// Each in the file of its name.
+// Each is defined in the file of its name.
 extern const LanguageTables english;
 extern const LanguageTables turkish;
 extern const LanguageTables spanish;

@@ -10,7 +10,7 @@ class QSettings;
 
 namespace lumeo {
 
-/// The language that the interface speaks now, and its texts. The program has one, which every screen
+/// The current language of the interface and its texts. The program has one manager, which every screen
 /// watches. Main thread only.
 class LocalizationManager : public QObject {
     Q_OBJECT
@@ -18,18 +18,19 @@ class LocalizationManager : public QObject {
                    currentLanguageChanged)
 
 public:
-    /// Starts in the language stored in the settings, which must outlive this object; where none of
-    /// ours is stored, in the one for the preferred languages (best first), without storing it.
+    /// Starts in the language stored in the settings, which must outlive this object. If none of our
+    /// languages is stored, it starts in the one for the preferred languages (best first), without storing
+    /// it.
     explicit LocalizationManager(QSettings& settings,
                                  const QStringList& preferredLanguages = systemPreferredLanguages(),
                                  QObject* parent = nullptr);
 
     [[nodiscard]] AppLanguage currentLanguage() const { return currentLanguage_; }
 
-    /// Speaks a language from now on, and stores it as the user's choice, even when it is spoken already.
+    /// Changes the language and stores it as the user's choice, even if it is the current language already.
     void setLanguage(AppLanguage language);
 
-    /// The text for a key in the current language, or what stands in for it.
+    /// The text for a key in the current language; see LocalizationStrings::text() for missing texts.
     [[nodiscard]] Q_INVOKABLE QString localized(const QString& key) const;
 
 signals:

@@ -9,7 +9,7 @@
 
 namespace lumeo {
 
-/// One text of the interface and the key that it is looked up by.
+/// One text of the interface and its key.
 struct LocalizedText {
     QStringView key;
     QStringView text;
@@ -17,14 +17,14 @@ struct LocalizedText {
 
 /// The texts of the interface, compiled into the program. Any thread may call.
 struct LocalizationStrings {
-    /// The supplementary texts: the same keys in every language.
+    /// The supplementary texts. Every language has the same keys.
     [[nodiscard]] static std::span<const LocalizedText> supplementary(AppLanguage language);
 
-    /// The main texts: every key in English and Turkish, the most visible ones in the others.
+    /// The main texts. English and Turkish have every key; the other languages have the most visible ones.
     [[nodiscard]] static std::span<const LocalizedText> main(AppLanguage language);
 
-    /// The text for a key: the language's supplementary or main one, else the English one, else the
-    /// key itself. Case matters.
+    /// The text for a key: the language's supplementary or main text, else the English one, else the key
+    /// itself. Case matters.
     [[nodiscard]] static QString text(const QString& key, AppLanguage language);
 };
 

@@ -10,28 +10,28 @@
 
 namespace lumeo {
 
-/// What reading one file may cost. Whatever is spent first ends it.
+/// How much reading one file may cost. Reading ends when any of these is spent.
 struct ReadLimits {
     std::int64_t bytes = 0;
     std::chrono::nanoseconds work{}; ///< processor time of the reading thread
-    std::chrono::nanoseconds wait{}; ///< time all told, for a slow disk
+    std::chrono::nanoseconds wait{}; ///< elapsed time, for a slow disk
 };
 
-/// A file as handed to a library that may be led about by its content: every read is counted. Made and
-/// used on one thread.
+/// A file for a library that the file's content can mislead into reading without end: every read is counted.
+/// Made and used on one thread.
 class BoundedFile {
 public:
     BoundedFile(ReadableFile& file, ReadLimits limits);
 
-    /// Bytes; 0 when it cannot be told.
+    /// In bytes. 0 when it is unknown.
     [[nodiscard]] std::int64_t size() const { return size_; }
 
-    /// Reads from `offset`; 0 bytes at the end and once the limits are spent.
+    /// Reads from `offset`. Returns 0 bytes at the end of the file and when the limits are spent.
     FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer);
 
     [[nodiscard]] bool isSpent() const;
 
-    /// The file without these limits, for what has its own.
+    /// The file without these limits, for readers that have their own.
     [[nodiscard]] ReadableFile& whole() { return file_; }
 
 private:

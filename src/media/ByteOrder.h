@@ -8,7 +8,7 @@
 
 namespace lumeo {
 
-/// The unsigned number whose bytes stand at `at`, which must lie within `bytes`.
+/// The unsigned number that starts at `at`. It must lie within `bytes`.
 template<std::unsigned_integral Number>
 constexpr Number numberAt(std::string_view bytes, std::size_t at, std::endian order) {
     Number value = 0;
@@ -19,8 +19,8 @@ constexpr Number numberAt(std::string_view bytes, std::size_t at, std::endian or
     return value;
 }
 
-/// An unsigned number of `width` bytes, highest first. One that reaches over the end is 0, which in the
-/// headers of all movie containers means "not set".
+/// A big-endian unsigned number of `width` bytes. A number that goes beyond the end is 0, because 0 means
+/// "not set" in the headers of all movie containers.
 constexpr std::uint64_t bigEndian(std::string_view bytes, std::size_t at, std::size_t width) {
     if (at > bytes.size() || width > bytes.size() - at) {
         return 0;
@@ -32,7 +32,7 @@ constexpr std::uint64_t bigEndian(std::string_view bytes, std::size_t at, std::s
     return number;
 }
 
-/// The same, lowest first.
+/// The same for a little-endian number.
 constexpr std::uint64_t littleEndian(std::string_view bytes, std::size_t at, std::size_t width) {
     if (at > bytes.size() || width > bytes.size() - at) {
         return 0;

@@ -9,7 +9,7 @@
 
 namespace lumeo {
 
-/// Bytes in memory, read like a file: for what stood compressed or as text in one.
+/// Bytes in memory that are read like a file, for parts of a file that were compressed or stored as text.
 class BytesFile final : public ReadableFile {
 public:
     explicit BytesFile(std::string bytes) : bytes_(std::move(bytes)) {}

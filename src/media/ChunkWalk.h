@@ -10,7 +10,7 @@
 
 namespace lumeo {
 
-/// How the files of a family string tagged chunks together. A head is always a tag and a length of four
+/// How a family of file formats stores tagged chunks. A chunk's head always has a tag and a length of four
 /// bytes each.
 struct ChunkLayout {
     std::size_t tagAt = 0; ///< within the head
@@ -29,13 +29,13 @@ struct Chunk {
     FileRange content;
 };
 
-/// Walks the chunks that lie one behind the other in a stretch of the file.
+/// Walks the consecutive chunks in a range of the file.
 class ChunkWalk {
 public:
     ChunkWalk(FileWindow& file, FileRange range, const ChunkLayout& layout)
         : file_(&file), rest_(range), layout_(layout) {}
 
-    /// The next chunk, cut off where the stretch ends; absent behind the last one.
+    /// The next chunk, cut off at the end of the range. Absent after the last one.
     std::optional<Chunk> next();
 
 private:

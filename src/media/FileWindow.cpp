@@ -9,11 +9,12 @@ namespace lumeo {
 
 namespace {
 
-/// What a step away from the beginning reads: a page, the least that the system fetches anyway.
+/// How much a read away from the beginning fetches: one page, which is the least that the system reads
+/// anyway.
 constexpr std::size_t stepSize = 4 * 1024;
 
-/// What a view costs beside its bytes. What lies in a buffer costs no reading, but a file that leads to
-/// the same bytes again and again would be walked for minutes.
+/// What a view costs in addition to its bytes. Bytes in a buffer cost no reading, but without this cost a
+/// file that refers to the same bytes again and again would be walked for minutes.
 constexpr std::size_t viewCost = 128;
 
 } // namespace

@@ -12,12 +12,12 @@
 
 namespace lumeo {
 
-/// The type of a box, named by four characters.
+/// The type of a box, which four characters name.
 constexpr std::uint32_t fourCC(std::string_view name) {
     return numberAt<std::uint32_t>(name, 0, std::endian::big);
 }
 
-/// More boxes in one box, or items in one image, are damage: tiled photos have some hundred.
+/// A box with more boxes, or an image with more items, is damaged. Tiled photos have a few hundred.
 constexpr std::size_t mostBoxes = 4'096;
 
 struct Box {
@@ -25,12 +25,12 @@ struct Box {
     FileRange content;
 };
 
-/// Walks the boxes that lie one behind the other in a stretch of the file.
+/// Walks the consecutive boxes in a range of the file.
 class BoxWalk {
 public:
     BoxWalk(FileWindow& file, FileRange range) : file_(&file), rest_(range) {}
 
-    /// The next box, cut off where the stretch ends; absent behind the last one and after damage.
+    /// The next box, cut off at the end of the range. Absent after the last one and after damage.
     std::optional<Box> next();
 
     /// The content of the next box of a type.

@@ -59,7 +59,7 @@ bool LibavMovie::openInput(const char* formats, const char* codecs) {
     movie_->format_whitelist = av_strdup(formats);
     movie_->protocol_whitelist = av_strdup("none");
     movie_->codec_whitelist = av_strdup(codecs);
-    // On failure the context is freed for us.
+    // On failure this call frees the context.
     return avformat_open_input(&movie_, nullptr, nullptr, nullptr) >= 0;
 }
 

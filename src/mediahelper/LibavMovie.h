@@ -9,12 +9,12 @@ struct AVIOContext;
 
 namespace lumeo {
 
-/// A container opened by libavformat, which reads the one file through its limits and is never led to
-/// another. Used by one thread.
+/// A container that libavformat has opened. The library reads this one file within its limits and can never
+/// open another. Used by one thread.
 class LibavMovie {
 public:
-    /// Absent when the file is none of `formats`. Both lists are libav's names between commas: the
-    /// demuxers that may be tried, and the decoders that may look for what the header leaves open.
+    /// Absent when the file is none of `formats`. Both lists are libav's names, separated by commas: the
+    /// demuxers that may be tried, and the decoders that may look for what the header does not tell.
     static std::unique_ptr<LibavMovie> open(BoundedFile& file, const char* formats, const char* codecs);
     ~LibavMovie();
     LibavMovie(const LibavMovie&) = delete;

@@ -21,7 +21,7 @@ constexpr std::array<const char*, foreignContainerCount> readers{
     "mpegts", "mpeg", "mpegvideo", "dv",   "flv",  "mxf", "ogg", "rm",  "wtv", "wav", "w64",
     "mp3",    "aac",  "ac3",       "flac", "aiff", "amr", "caf", "ape", "wv",  "au"};
 
-/// Whose decoders may look for the size of the pictures; sound is never decoded.
+/// The codecs whose decoders may look for the size of the pictures. Sound is never decoded.
 constexpr std::array sizedCodecs{
     AV_CODEC_ID_H264,    AV_CODEC_ID_HEVC, AV_CODEC_ID_MPEG1VIDEO, AV_CODEC_ID_MPEG2VIDEO, AV_CODEC_ID_MPEG4,
     AV_CODEC_ID_DVVIDEO, AV_CODEC_ID_FLV1, AV_CODEC_ID_VP6,        AV_CODEC_ID_VP6F,       AV_CODEC_ID_VP6A};
@@ -41,7 +41,7 @@ int giveNoRoom(AVCodecContext* /*decoder*/, AVFrame* /*frame*/, int /*flags*/) {
     return AVERROR(ENOMEM);
 }
 
-/// These forget the size when they get no room; their frames are small.
+/// These decoders forget the size when they get no memory for a frame. Their frames are small.
 bool decodesForItsSize(const AVCodec& codec) {
     return codec.id == AV_CODEC_ID_VP6 || codec.id == AV_CODEC_ID_VP6F || codec.id == AV_CODEC_ID_VP6A;
 }
@@ -72,7 +72,7 @@ MovieVideoTrack trackOf(int width, int height, AVRational aspect) {
     return track;
 }
 
-/// Hands a decoder the first packets of a stream until it has seen a head.
+/// Gives a decoder the first packets of a stream until it has seen a header.
 std::optional<MovieVideoTrack> sizeInStream(AVFormatContext& movie, const AVStream& stream) {
     const Decoder decoder = openDecoder(stream);
     const Packet packet(av_packet_alloc());
@@ -81,7 +81,7 @@ std::optional<MovieVideoTrack> sizeInStream(AVFormatContext& movie, const AVStre
     }
     for (int i = 0; i < mostPackets && av_read_frame(&movie, packet.get()) >= 0; ++i) {
         if (packet->stream_index == stream.index) {
-            avcodec_send_packet(decoder.get(), packet.get()); // fails, for lack of room
+            avcodec_send_packet(decoder.get(), packet.get()); // fails, because it gets no memory
         }
         av_packet_unref(packet.get());
         if (decoder->width > 0 && decoder->height > 0) {
@@ -98,7 +98,7 @@ bool isMovingPicture(const AVStream& stream) {
            (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) == 0;
 }
 
-/// Of the first track of moving pictures.
+/// The first track of moving pictures.
 std::optional<MovieVideoTrack> videoTrack(AVFormatContext& movie) {
     const std::span<AVStream* const> streams(movie.streams, movie.nb_streams);
     const auto found =
@@ -119,14 +119,14 @@ std::optional<MovieVideoTrack> videoTrack(AVFormatContext& movie) {
 } // namespace
 
 std::optional<MovieProperties> readOtherMovie(BoundedFile& file, ForeignContainer container) {
-    constexpr const char* noCodec = "none"; // finding out about the streams decodes nothing
+    constexpr const char* noCodec = "none"; // no decoder may run while the streams are examined
     const std::unique_ptr<LibavMovie> movie =
         LibavMovie::open(file, readers.at(static_cast<std::size_t>(container)), noCodec);
     if (!movie) {
         return std::nullopt;
     }
     AVFormatContext& context = movie->context();
-    avformat_find_stream_info(&context, nullptr); // a failure leaves what is known already
+    avformat_find_stream_info(&context, nullptr); // after a failure the known facts remain
     MovieProperties properties;
     if (context.duration != AV_NOPTS_VALUE && context.duration > 0) {
         properties.durationSeconds = static_cast<double>(context.duration) / AV_TIME_BASE;

@@ -8,9 +8,9 @@
 
 namespace lumeo {
 
-/// Duration and size of a movie, by libavformat. Absent when the file is no such container after all.
-/// Pictures are not decoded: a decoder that is given no room for a frame tells the size that stands in the
-/// stream's head.
+/// Duration and size of a movie, read by libavformat. Absent when the file is not of this container after
+/// all. Pictures are not decoded: a decoder that gets no memory for a frame still tells the size in the
+/// stream's header.
 std::optional<MovieProperties> readOtherMovie(BoundedFile& file, ForeignContainer container);
 
 } // namespace lumeo

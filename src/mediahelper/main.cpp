@@ -15,8 +15,8 @@ extern "C" {
 #include <libavutil/mem.h>
 }
 
-// Tells the program what only a decoder library knows of a movie, in a process that can do nothing else: it
-// is handed open files, one at a time, and answers with numbers.
+// Tells the program what only a decoder library knows about a movie. This process can do nothing else: it
+// receives open files, one at a time, and answers with numbers.
 
 namespace {
 
@@ -24,7 +24,7 @@ using namespace lumeo;
 using namespace std::chrono_literals;
 
 constexpr ReadLimits limits{.bytes = 8 * 1024 * 1024, .work = 100ms, .wait = 4s};
-constexpr std::chrono::milliseconds mostWork = 250ms; ///< where the library does not look at the limits
+constexpr std::chrono::milliseconds mostWork = 250ms; ///< for code of the library that ignores the limits
 constexpr std::chrono::seconds workOfALife = 600s;
 constexpr CageLimits cageLimits{
     .addresses = 1024 * 1024 * 1024, .memory = 96 * 1024 * 1024, .work = workOfALife};
@@ -44,7 +44,7 @@ MediaAnswer answerTo(const MediaQuestion& question, Descriptor descriptor) {
     return answer;
 }
 
-/// False when the program has gone.
+/// False when the program has exited.
 bool answerOneQuestion(const CageWalls& walls) {
     MediaQuestion question;
     Descriptor descriptor;
@@ -60,7 +60,7 @@ bool answerOneQuestion(const CageWalls& walls) {
     return sendRecord(STDOUT_FILENO, bytesOf(answer));
 }
 
-/// Before the limit of a life ends it in the middle of a file.
+/// Then it exits before its limit of processor time ends it in the middle of a file.
 bool isOld() {
     return std::clock() / CLOCKS_PER_SEC >= workOfALife.count() / 2;
 }
@@ -72,5 +72,5 @@ int main() {
     const CageWalls walls = enterCage(cageLimits);
     while (answerOneQuestion(walls) && !isOld()) {
     }
-    _exit(0); // what runs at an exit may ask for more than the cage allows
+    _exit(0); // exit handlers may need more than the cage allows
 }

@@ -11,8 +11,8 @@
 
 namespace lumeo {
 
-/// The one value of a type that is given up to stand for "absent". Specialise with `value`, and
-/// `isAbsent` telling it.
+/// The one value of a type that stands for "absent". A specialisation gives `value`, and `isAbsent`, which
+/// recognises it.
 template<class T>
 struct AbsentValue;
 
@@ -40,8 +40,8 @@ struct AbsentValue<SharedText> {
     static constexpr bool isAbsent(SharedText text) noexcept { return text.text_ == nullptr; }
 };
 
-/// An optional value in the room of the bare value, for records that are kept by the million. Used like
-/// std::optional, which it turns into and is made from; the absent value itself cannot be held.
+/// An optional value that needs no more memory than the bare value, for records that are kept by the million.
+/// It is used like std::optional and converts from and to it. It cannot hold the absent value itself.
 template<class T>
 class CompactOptional {
 public:

@@ -8,8 +8,8 @@
 
 namespace lumeo {
 
-/// The coded text ("raw value") of every case of an enumeration, in declaration order. Specialise for
-/// each enumeration that is written down:
+/// The coded text ("raw value") of every case of an enumeration, in declaration order. Each enumeration that
+/// is written to a file has a specialisation:
 ///
 ///     template<> struct EnumTexts<Colour> {
 ///         static constexpr std::array texts{std::pair{Colour::red, std::string_view("red")}, …};
@@ -17,7 +17,7 @@ namespace lumeo {
 template<class Enum>
 struct EnumTexts;
 
-/// The text a case is coded as.
+/// The text that stands for a case.
 template<class Enum>
 constexpr std::string_view rawValue(Enum value) {
     for (const auto& [candidate, text] : EnumTexts<Enum>::texts) {
@@ -28,7 +28,7 @@ constexpr std::string_view rawValue(Enum value) {
     return {};
 }
 
-/// The case that a coded text names; absent for any other text, however similar.
+/// The case that a coded text names. Absent for any other text, however similar.
 template<class Enum>
 constexpr std::optional<Enum> fromRawValue(std::string_view text) {
     for (const auto& [value, candidate] : EnumTexts<Enum>::texts) {

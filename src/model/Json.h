@@ -20,11 +20,11 @@
 
 namespace lumeo {
 
-/// Keys in the order in which they were written, as in the record's declaration.
+/// Keeps keys in the order in which they were written, which is the order of the record's declaration.
 using Json = nlohmann::ordered_json;
 
-/// Why a coded record could not be read: which key, and what is wrong with it. An empty key means the
-/// record as a whole.
+/// Why a coded record could not be read: the key, and what is wrong with it. An empty key means the record as
+/// a whole.
 struct DecodingError {
     std::string key;
     std::string problem;
@@ -35,16 +35,17 @@ struct DecodingError {
 template<class Value>
 using Decoded = Result<Value, DecodingError>;
 
-/// Anything that is text by itself; a Json value is not, though it converts to nearly everything.
+/// Anything that is text by itself. A Json value does not count as text, although it converts to nearly
+/// everything.
 template<class Text>
 concept TextLike = std::is_convertible_v<const Text&, std::string_view> && !std::is_same_v<Text, Json>;
 
-/// Writes a record's fields in turn. Absent optionals leave no key, nor does a number that is not
-/// finite, which has no coded form. Text that is not UTF-8 is written with replacement characters;
-/// paths that must survive go as file URLs.
+/// Writes the fields of a record one after another. An absent optional leaves no key. A number that is not
+/// finite has no coded form and leaves no key either. Text that is not UTF-8 is written with replacement
+/// characters, so paths that must survive are written as file URLs.
 ///
-/// Every overload takes its own type exactly, so that no text becomes a boolean and no value becomes
-/// a Json by way of its many implicit conversions.
+/// Every overload takes exactly its own type. Otherwise the many implicit conversions would turn text into a
+/// boolean, or any value into a Json.
 class JsonWriter {
 public:
     template<TextLike Text>
@@ -105,10 +106,11 @@ private:
     Json object_ = Json::object();
 };
 
-/// Reads a record's fields in turn and remembers the first thing wrong, after which it reads no more.
-/// A required key that is missing or null, a wrong type or an unknown enumeration text fails the
-/// record; an optional key may be missing or null, but not of another type. A whole number may be
-/// written with a fraction of zero (3.0), as some encoders do; one beyond 64 bits fails.
+/// Reads the fields of a record one after another. It remembers the first error and reads nothing after it.
+///
+/// A required key must be there and not be null. An optional key may be missing or null, but must not have
+/// another type. A wrong type or an unknown enumeration text is an error. A whole number may be written with
+/// a fraction of zero (3.0), as some encoders do; a number beyond 64 bits is an error.
 ///
 ///     JsonReader reader(json);
 ///     reader.require("id", item.id);
@@ -116,7 +118,7 @@ private:
 ///     if (reader.error()) return *reader.error();
 class JsonReader {
 public:
-    /// `object` must outlive the reader; anything but a keyed object is an error.
+    /// `object` must outlive the reader. Anything but a keyed object is an error.
     explicit JsonReader(const Json& object);
 
     void require(std::string_view key, std::string& text);
@@ -154,7 +156,7 @@ public:
     }
     void readFileUrl(std::string_view key, std::optional<FilePath>& path);
 
-    /// The value under `key`, for nested records; null when the key is missing, which is then the error.
+    /// The value under `key`, for nested records. Null when the key is missing; this is then the error.
     const Json* require(std::string_view key);
 
     /// True when the key is there and not null.
@@ -175,7 +177,7 @@ private:
         return error_ ? std::nullopt : std::optional(std::move(present));
     }
 
-    /// The value under `key`; null when there is none, or once something was wrong.
+    /// The value under `key`. Null when there is none, or after an error.
     [[nodiscard]] const Json* find(std::string_view key) const;
 
     const Json& object_;

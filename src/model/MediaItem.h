@@ -15,7 +15,7 @@
 
 namespace lumeo {
 
-/// What kind of media a file is. The scanner never produces `other`; counters and filters carry it.
+/// What kind of media a file is. The scanner never produces `other`, but counters and filters have it.
 enum class MediaType : std::uint8_t { photo, video, rawPhoto, other };
 
 /// Where a capture date came from: photo metadata, video metadata, the name, the file system, nowhere.
@@ -33,26 +33,25 @@ enum class DateSourceType : std::uint8_t {
     unknown,
 };
 
-/// How far a capture date can be trusted, in rising order.
+/// How far a capture date can be trusted, from the least to the most.
 enum class DateConfidence : std::uint8_t { unknown, low, medium, high };
 
-/// The texts shown to the user and written into journals, reports and names of folders, in English.
+/// English texts that are shown to the user and written into journals, reports and names of folders.
 std::string_view userFriendlyLabel(MediaType type);
 std::string_view userFriendlyLabel(DateSourceType source);
 std::string_view userFriendlyLabel(DateConfidence confidence);
 
 /// The catalogue record of one scanned media file.
 ///
-/// Everything above `sha256Hash` is set once by the scanner; what follows is filled in by later passes
-/// on copies. A record is kept lean, since catalogues hold a million of them: the file's name and
-/// extension are read off `sourceURL`, camera texts share their storage, and what is absent takes no
-/// room of its own.
+/// The scanner sets everything above `sha256Hash` once. Later passes fill in the rest on copies. A record is
+/// kept small, because a catalogue can hold a million of them: the file's name and extension are read from
+/// `sourceURL`, equal camera texts share their storage, and absent values take no extra room.
 struct MediaItem {
     Uuid id;                            ///< random, new for every scan
     FilePath sourceURL;                 ///< absolute, as the walk gave it
     CompactOptional<SharedText> utType; ///< uniform type identifier
     MediaType mediaType = MediaType::other;
-    DateSourceType dateSource = DateSourceType::unknown; ///< `unknown` exactly when there is no resolvedDate
+    DateSourceType dateSource = DateSourceType::unknown; ///< `unknown` when there is no resolvedDate
     DateConfidence dateConfidence = DateConfidence::unknown;
     bool hasGPS = false;
     std::int64_t fileSize = 0; ///< bytes; 0 when it could not be read
@@ -74,7 +73,7 @@ struct MediaItem {
     CompactOptional<double> gpsLongitude;         ///< degrees, west negative
     std::optional<std::string> sha256Hash;        ///< 64 lower-case hex digits, once the file was hashed
     std::optional<Uuid> exactDuplicateGroupID;    ///< shared by byte-identical files
-    std::optional<Uuid> probableDuplicateGroupID; ///< kept and coded; nothing fills it
+    std::optional<Uuid> probableDuplicateGroupID; ///< kept and coded, but nothing sets it
     std::optional<FilePath> plannedDestinationURL;
     std::vector<std::string> scanWarnings;
     std::vector<std::string> scanErrors;

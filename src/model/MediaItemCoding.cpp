@@ -41,8 +41,8 @@ Json encode(const MediaItem& item) {
 
 Decoded<MediaItem> decodeMediaItem(const Json& json) {
     MediaItem item;
-    // Required like any other key, but the location is what the names are read off: their texts may
-    // have lost bytes that are not UTF-8.
+    // These keys are required like any other. But the names are read from the location, because their texts
+    // may have lost bytes that are not UTF-8.
     std::string nameAsText;
     JsonReader reader(json);
     reader.require("id", item.id);

@@ -5,8 +5,8 @@
 
 namespace lumeo {
 
-/// A media item as a keyed object: file locations as percent-encoded file URLs, identifiers as text,
-/// instants as seconds since 2001-01-01 UTC.
+/// A media item as a keyed object. File locations are percent-encoded file URLs, identifiers are text, and
+/// instants are seconds since 2001-01-01 UTC.
 Json encode(const MediaItem& item);
 Decoded<MediaItem> decodeMediaItem(const Json& json);
 

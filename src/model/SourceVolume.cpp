@@ -7,8 +7,8 @@
 namespace lumeo {
 namespace {
 
-/// The volume's and the file system's figures often differ in what they leave out; the largest that
-/// promises room is taken. None promising means none, which is not the same as unknown.
+/// The figures of the volume and of the file system often leave out different things. The largest figure
+/// above zero is taken. If none is above zero, nothing is available; this is not the same as unknown.
 std::optional<std::int64_t> availableBytes(const VolumeFacts& facts) {
     std::optional<std::int64_t> largest;
     for (const std::optional<std::int64_t> figure :

@@ -10,8 +10,6 @@
 namespace lumeo {
 namespace {
 
-/// What file systems allow a single name, in bytes.
-
 constexpr std::array<std::string_view, 12> monthNames{
     "January", "February", "March",     "April",   "May",      "June",
     "July",    "August",   "September", "October", "November", "December",
@@ -28,12 +26,13 @@ std::string padded(int number, int width) {
 }
 
 std::string cameraText(const std::optional<SharedText>& text, std::string_view otherwise) {
-    // Clipped first: texts from a file may hold tokens in turn, and must not multiply without bound.
+    // The text is clipped first. A text from a file may itself hold tokens, and replacing them must not make
+    // it grow without bound.
     return PathTemplateEngine::sanitizedComponent(text ? clippedToBytes(text->view(), longestFileName)
                                                        : otherwise);
 }
 
-/// Replaces every `token` in `text`; `value` is asked once, and only if there is one.
+/// Replaces every `token` in `text`. `value` is called once, and only if the token occurs.
 template<class Value>
 void replaceToken(std::string& text, std::string_view token, Value value) {
     std::size_t found = text.find(token);
@@ -47,15 +46,15 @@ void replaceToken(std::string& text, std::string_view token, Value value) {
     } while (found != std::string::npos);
 }
 
-/// Appends one folder level to `path`, unless nothing but white space would name it.
+/// Appends one folder level to `path`, unless its name is only white space.
 void appendFolder(std::string& path, std::string_view piece) {
     std::string name(trimmingWhitespace(clippedToBytes(trimmingWhitespace(piece), longestFileName)));
     if (name.empty()) {
         return;
     }
-    // To the system a NUL would end the path in its middle.
+    // A NUL would end the path there for the system.
     std::replace(name.begin(), name.end(), '\0', '_');
-    // These two name no folder of their own; ".." would lead out of the archive.
+    // These two do not name a folder of their own, and ".." would lead out of the archive.
     if (name == "." || name == "..") {
         std::replace(name.begin(), name.end(), '.', '_');
     }
@@ -81,7 +80,8 @@ std::string folderPath(std::string_view text) {
 std::string PathTemplateEngine::render(std::string_view folderTemplate, Instant date, const MediaItem& item) {
     const WallTime wall = LocalCalendar::components(date);
     std::string text(folderTemplate);
-    // The order is part of what a template means: a value may complete a token that comes later.
+    // The order is part of what a template means: an inserted value may complete a token that is replaced
+    // later.
     replaceToken(text, "{YYYY}", [&] { return padded(wall.year, 4); });
     replaceToken(text, "{YY}", [&] { return padded(wall.year % 100, 2); });
     replaceToken(text, "{MM}", [&] { return padded(wall.month, 2); });

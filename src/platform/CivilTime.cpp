@@ -10,8 +10,8 @@ using std::chrono::seconds;
 
 constexpr std::int64_t secondsPerDay = 86'400;
 
-/// The calendar repeats itself to the day after so many years: std::chrono, whose years end at 32,767,
-/// need only look at one such cycle.
+/// The calendar repeats to the day after 400 years. The years of std::chrono end at 32,767, so it is asked
+/// about one such cycle only.
 constexpr std::int64_t yearsPerCycle = 400;
 constexpr std::int64_t daysPerCycle = 146'097;
 
@@ -25,7 +25,7 @@ constexpr FloorDivision floorDivide(std::int64_t value, std::int64_t by) {
     return {(value - remainder) / by, remainder};
 }
 
-/// Wall time as if the zone were UTC, in seconds since 1970. Fields of any size cannot overflow it.
+/// The wall time in seconds since 1970, as if the zone were UTC. Fields of any size cannot overflow it.
 std::int64_t flatSeconds(const WallTime& time) {
     const auto [yearsCarried, month] = floorDivide(std::int64_t{time.month} - 1, 12);
     const auto [cycles, year] = floorDivide(time.year + yearsCarried, yearsPerCycle);
@@ -61,7 +61,8 @@ std::int64_t wholeSeconds(Instant instant) {
     return std::chrono::floor<seconds>(instant).time_since_epoch().count();
 }
 
-/// What the zone's clocks are ahead of UTC; `isLocal` tells that the seconds count its own wall time.
+/// How far the zone's clocks are ahead of UTC. `isLocal` means that the seconds count the zone's own wall
+/// time.
 std::int64_t offsetSeconds(const icu::TimeZone& zone, std::int64_t secondsSince1970, bool isLocal) {
     std::int32_t standard = 0;
     std::int32_t daylightSaving = 0;
@@ -76,7 +77,7 @@ std::int64_t offsetSeconds(const icu::TimeZone& zone, std::int64_t secondsSince1
 bool isRealTime(const WallTime& time) {
     const auto isWithin = [](int value, int first, int last) { return value >= first && value <= last; };
     if (!isWithin(time.year, 1, 9999) || !isWithin(time.month, 1, 12) || !isWithin(time.day, 1, 31)) {
-        return false; // a calendar's types would drop what they have no room for
+        return false; // a calendar's types would cut off values that are too large for them
     }
     const std::chrono::year_month_day date(std::chrono::year(time.year),
                                            std::chrono::month(static_cast<unsigned>(time.month)),

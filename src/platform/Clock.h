@@ -14,7 +14,7 @@ public:
     /// The time of day, as the system believes it to be.
     [[nodiscard]] virtual Instant now() const = 0;
 
-    /// Time that only moves forward, for measuring; its zero means nothing.
+    /// Time that only moves forward, for measuring. Its zero has no meaning.
     [[nodiscard]] virtual std::chrono::nanoseconds elapsed() const = 0;
 };
 

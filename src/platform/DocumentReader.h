@@ -6,8 +6,8 @@
 
 namespace lumeo {
 
-/// The whole content of a document of the program's own, such as a journal. Fails with EFBIG beyond
-/// 4 GiB, which no journal reaches. Blocks; any thread may call.
+/// Reads a whole document of the program's own, such as a journal. Fails with EFBIG above 4 GiB; no journal
+/// gets that large. Blocks. Any thread may call.
 FileResult<std::string> readDocument(const FileSystem& fileSystem, const FilePath& path);
 
 } // namespace lumeo

@@ -51,7 +51,7 @@ bool FileSystem::exists(const FilePath& path) const {
         return true;
     }
     const int reason = found.error().errnoValue;
-    // Nothing can have a name too long for the file system.
+    // Nothing can exist under a name that is too long for the file system.
     return reason != ENOENT && reason != ENOTDIR && reason != ENAMETOOLONG;
 }
 

@@ -9,7 +9,8 @@ double secondsSinceCodedEpoch(Instant instant) {
 }
 
 Instant instantFromCodedSeconds(double seconds) {
-    // Half of what 64 bits of microseconds hold: 146,000 years either way, safe to add to any epoch.
+    // Half of what 64 bits of microseconds can hold. That is 146,000 years in each direction and safe to add
+    // to any epoch.
     constexpr double limit = 4.6e12;
     if (std::isnan(seconds)) {
         return codedEpoch;

@@ -18,12 +18,12 @@ namespace {
 constexpr std::array watchedSignals{SIGINT, SIGTERM, SIGHUP};
 constexpr std::chrono::seconds patience{2};
 
-// What the handler tells the watcher, in one counter: Ctrl-C apart from all else.
+// The handler tells the watcher through one counter, which counts Ctrl-C apart from all other signals.
 constexpr std::uint64_t interruptKey = std::uint64_t{1} << 32U;
 constexpr std::uint64_t otherSignal = 1;
 constexpr std::uint64_t end = std::uint64_t{1} << 48U;
 
-std::atomic<int> messages = -1; // an event counter: all that a handler may do is to write to it
+std::atomic<int> messages = -1; // an event counter: a handler may do nothing but write to it
 
 void send(std::uint64_t message) {
     const int kept = errno;
@@ -81,8 +81,9 @@ void Interrupt::watch() {
         if (message < interruptKey) {
             continue;
         }
-        // A dying disk may hold the stop up for minutes. A run may be killed at any moment without losing a
-        // file, but only somebody who insists should do it: a closing terminal sends signals in pairs.
+        // A dying disk can delay the stop for minutes. Killing a run loses no file at any moment, but only a
+        // user who insists should do it. A closing terminal sends its signals in pairs, and those must not
+        // count as insisting.
         if (firstKey && now - *firstKey >= patience) {
             _exit(128 + SIGINT);
         }

@@ -5,11 +5,11 @@
 
 namespace lumeo {
 
-/// Turns Ctrl-C, a closed terminal, the end of a session and a polite kill into a stop request, whichever
-/// comes first and however often. Only a second Ctrl-C, two seconds or more after the first, ends the program
-/// at once. A signal that was ignored when the program started stays ignored, as nohup wants it.
+/// Turns Ctrl-C, a closed terminal, the end of a session and SIGTERM into one stop request, however many of
+/// them come. A second Ctrl-C ends the program at once if it comes two seconds or more after the first. A
+/// signal that was ignored when the program started stays ignored, which nohup needs.
 ///
-/// One at a time; main thread.
+/// Only one may exist at a time. Main thread only.
 class Interrupt {
 public:
     Interrupt();
@@ -17,7 +17,7 @@ public:
     Interrupt(const Interrupt&) = delete;
     Interrupt& operator=(const Interrupt&) = delete;
 
-    /// Requested on a thread of its own.
+    /// The stop is requested on a separate thread.
     [[nodiscard]] std::stop_token token() const { return source_.get_token(); }
     [[nodiscard]] bool requested() const { return source_.stop_requested(); }
 
@@ -28,8 +28,8 @@ private:
     std::jthread watcher_;
 };
 
-/// Makes a write beyond the allowed file size, or to a reader that went away, an error of that write instead
-/// of the end of the program.
+/// A write beyond the allowed file size, or to a reader that is gone, then fails as a write and does not end
+/// the program.
 void turnWriteSignalsIntoErrors();
 
 } // namespace lumeo

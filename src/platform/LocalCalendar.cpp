@@ -7,8 +7,8 @@
 namespace lumeo {
 namespace {
 
-/// A copy of the default zone shares its tables: cheaper than keeping one and telling whether it is
-/// still the default, which takes a copy as well.
+/// A copy of the default zone shares its tables. Keeping our own zone would not be cheaper: to see whether it
+/// is still the default, we would have to copy the default as well.
 std::unique_ptr<const icu::TimeZone> currentZone() {
     return std::unique_ptr<const icu::TimeZone>(icu::TimeZone::createDefault());
 }

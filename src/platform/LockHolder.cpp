@@ -10,7 +10,7 @@
 namespace lumeo {
 namespace {
 
-/// A file as the kernel's table of locks names it: "08:01:131090".
+/// The name of a file in the kernel's table of locks, such as "08:01:131090".
 std::string placeInTable(const FileIdentity& file) {
     std::ostringstream text;
     text << std::hex << std::setfill('0') << std::setw(2) << major(file.device) << ':' << std::setw(2)
@@ -24,7 +24,8 @@ std::optional<std::string> lockHolder(const FileIdentity& locked, const FilePath
     const std::string wanted = placeInTable(locked);
     std::istringstream table(contentOfSystemFile(systemRoot.appending("proc/locks")));
     for (std::string row; std::getline(table, row);) {
-        // "1: FLOCK  ADVISORY  WRITE 4711 08:01:131090 0 EOF"; one who waits has "->" behind the number.
+        // A row is "1: FLOCK  ADVISORY  WRITE 4711 08:01:131090 0 EOF". A process that waits for the lock has
+        // "->" after the number.
         std::istringstream fields(row);
         std::string number;
         std::string type;

@@ -7,10 +7,10 @@
 namespace lumeo {
 namespace {
 
-/// More than the depth of nearly every photo library, far fewer than a process may have open.
+/// Deeper than nearly every photo library, and far below the number of files that a process may have open.
 constexpr std::size_t openFoldersLimit = 32;
 
-/// Opens a folder as a place to reach its entries from, if it is the one expected there.
+/// Opens a folder only to reach its entries, and only if it is the expected folder.
 Descriptor reopen(int from, const char* name, const FileIdentity& expected) {
     Descriptor place(retrying([&] { return openat(from, name, O_PATH | O_DIRECTORY | O_CLOEXEC); }));
     const FileResult<FileStatus> status = statusAt(place.get(), "", AT_EMPTY_PATH, {});
@@ -43,7 +43,7 @@ std::optional<DirectoryEntry> PosixDirectoryEnumerator::next() {
             continue;
         }
         FilePath path = level.folder.appending(*name);
-        // What the system knows from listing the folder will do: no server need be asked again.
+        // What the system already knows from listing the folder is enough. This saves asking a server again.
         FileResult<FileStatus> status =
             statusAt(level.descriptor(), name->c_str(), AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC, path);
         if (status && status->kind == FileKind::folder) {
@@ -73,9 +73,9 @@ void PosixDirectoryEnumerator::enterFolderGivenLast() {
     }
     FilePath folder = std::move(*folderGivenLast_);
     folderGivenLast_.reset();
-    // The path ends with the name, so the name ends with the path's NUL.
+    // The name is the end of the path, so the path's NUL also ends the name.
     const char* const name = folder.lastComponent().data();
-    // A link may have taken the folder's place since.
+    // A link may have replaced the folder in the meantime.
     Descriptor descriptor(openWithoutTrace(levels_.back().descriptor(), name, O_DIRECTORY | O_NOFOLLOW));
     if (const FileResult<void> entered = enter(std::move(folder), std::move(descriptor)); !entered) {
         report(entered.error().path, entered.error().errnoValue);
@@ -88,7 +88,8 @@ void PosixDirectoryEnumerator::leaveInnermost() {
     if (levels_.empty() || levels_.back().descriptor() >= 0) {
         return;
     }
-    // Up from below costs the same at any depth; the path is for when the folder below was moved.
+    // Opening ".." from below costs the same at any depth. The path is used only when the folder below was
+    // moved.
     Level& level = levels_.back();
     level.place = reopen(left.descriptor(), "..", level.identity);
     if (level.place.isOpen() || level.waitingNames.empty()) {

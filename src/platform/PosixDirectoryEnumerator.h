@@ -10,8 +10,8 @@
 
 namespace lumeo {
 
-/// Walks with a bounded number of open folders, however deep the tree: of a long chain of folders only
-/// the innermost stay open; the others keep the names that they had still to give.
+/// Walks with a bounded number of open folders, however deep the tree is. In a long chain of folders only the
+/// innermost ones stay open. The others keep the names that are still to come.
 class PosixDirectoryEnumerator final : public DirectoryEnumerator {
 public:
     static FileResult<std::unique_ptr<DirectoryEnumerator>>
@@ -26,22 +26,22 @@ private:
     };
     using Stream = std::unique_ptr<DIR, CloseStream>;
 
-    /// One folder of the chain from the root of the walk down to where it stands: being read (stream),
-    /// or laid aside with the names still to come (waitingNames). The innermost one is always open, one
-    /// that was laid aside as a mere place to reach its entries from.
+    /// One folder of the chain from the root of the walk to its current place. It is either being read
+    /// (stream), or laid aside with the names that are still to come (waitingNames). The innermost folder is
+    /// always open. If it was laid aside before, it is open only as a place to reach its entries from.
     struct Level {
         FilePath folder;
         Stream stream;
         Descriptor place;
-        std::vector<std::string> waitingNames; ///< last one first
-        FileIdentity identity;                 ///< set when laid aside
+        std::vector<std::string> waitingNames; ///< in reverse order
+        FileIdentity identity;                 ///< set when the folder is laid aside
 
         [[nodiscard]] int descriptor() const { return stream ? dirfd(stream.get()) : place.get(); }
     };
 
     explicit PosixDirectoryEnumerator(std::function<void(const FileError&)> onError);
 
-    /// Takes over `descriptor`, which may be closed with errno telling why.
+    /// Takes over `descriptor`. If it is not open, errno tells why.
     FileResult<void> enter(FilePath folder, Descriptor descriptor);
     void enterFolderGivenLast();
     void leaveInnermost();
@@ -52,7 +52,7 @@ private:
 
     std::function<void(const FileError&)> onError_;
     std::vector<Level> levels_;
-    std::optional<FilePath> folderGivenLast_; ///< to be entered by the next call
+    std::optional<FilePath> folderGivenLast_; ///< the next call enters it
 };
 
 } // namespace lumeo

@@ -12,7 +12,7 @@
 namespace lumeo {
 namespace {
 
-/// Damaged inodes hold times that no Instant can.
+/// Damaged inodes hold times that an Instant cannot hold.
 constexpr std::int64_t secondsLimit = 4'600'000'000'000;
 
 std::optional<Instant> instantFrom(const statx_timestamp& time, bool known) {
@@ -44,7 +44,7 @@ Descriptor::~Descriptor() {
 
 ReachedPath::ReachedPath(const FilePath& path) {
     if (path.bytes().find('\0') != std::string::npos) {
-        errno = EINVAL; // the system would take the part before it for the name of another file
+        errno = EINVAL; // the system would read the part before it as the name of another file
         return;
     }
     const std::string& bytes = path.bytes();
@@ -55,7 +55,7 @@ ReachedPath::ReachedPath(const FilePath& path) {
             errno = ENAMETOOLONG;
             return;
         }
-        // With its slash, so that a path that begins with one stays absolute.
+        // The piece keeps its slash, so that an absolute path stays absolute.
         std::array<char, PATH_MAX> piece{};
         std::memcpy(piece.data(), bytes.data() + start, slash + 1 - start);
         const int from = folder();
@@ -84,7 +84,7 @@ int openWithoutTrace(int folder, const char* name, int flags) {
     if (number >= 0 || errno != EPERM) {
         return number;
     }
-    return retrying([&] { return openat(folder, name, flags); }); // the file is somebody else's
+    return retrying([&] { return openat(folder, name, flags); }); // the file belongs to another user
 }
 
 FileResult<FileStatus> statusAt(int folder, const char* name, int flags, const FilePath& path) {

@@ -7,7 +7,7 @@
 
 namespace lumeo {
 
-/// An open file descriptor, closed by its destructor, which leaves errno alone.
+/// An open file descriptor. Its destructor closes it and leaves errno unchanged.
 class Descriptor {
 public:
     Descriptor() = default;
@@ -29,7 +29,7 @@ private:
     int number_ = -1;
 };
 
-/// Makes a system call, again for as long as signals interrupt it.
+/// Makes a system call and repeats it while signals interrupt it.
 template<class Call>
 auto retrying(Call call) {
     auto result = call();
@@ -39,11 +39,11 @@ auto retrying(Call call) {
     return result;
 }
 
-/// A path as the *at() family of calls takes it. The system refuses path texts of PATH_MAX bytes, not
-/// files that lie that deep: of a longer path, all but the end is opened piece by piece here.
+/// A path in the form that the *at() calls take. The system refuses path texts of PATH_MAX bytes, although
+/// files may lie that deep. For a longer path, all but the end is opened here piece by piece.
 class ReachedPath {
 public:
-    /// Keeps a pointer into `path`, which must outlive it. Sets errno where the path cannot be reached.
+    /// Keeps a pointer into `path`, which must outlive it. Sets errno when the path cannot be reached.
     explicit ReachedPath(const FilePath& path);
 
     [[nodiscard]] bool isReached() const noexcept { return name_ != nullptr; }
@@ -62,12 +62,12 @@ int callAt(const FilePath& path, Call call) {
     return reached.isReached() ? retrying([&] { return call(reached.folder(), reached.name()); }) : -1;
 }
 
-/// Opens for reading without moving the access time, where the system lets us: a scan should leave no
-/// trace, and a card is spared the writes. -1 with errno set when it cannot be opened.
+/// Opens for reading without changing the access time, where the system allows it. A scan should leave no
+/// trace, and cards wear out by writes. -1 with errno set when the file cannot be opened.
 int openWithoutTrace(int folder, const char* name, int flags);
 
-/// What one statx() tells. `flags` are its AT_ flags; an empty name with AT_EMPTY_PATH asks about
-/// `folder` itself. `path` is for the error.
+/// Calls statx() once. `flags` are its AT_ flags. An empty name with AT_EMPTY_PATH asks about `folder`
+/// itself. `path` is only used in the error.
 FileResult<FileStatus> statusAt(int folder, const char* name, int flags, const FilePath& path);
 
 } // namespace lumeo

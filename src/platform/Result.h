@@ -6,8 +6,8 @@
 
 namespace lumeo {
 
-/// A value, or the reason why there is none. Failures are values here: nothing that happens to one
-/// file leaves a function as an exception.
+/// A value, or the reason why there is none. Failures are values: what happens to one file never leaves a
+/// function as an exception.
 ///
 ///     Result<FileStatus, FileError> status = fileSystem.status(path);
 ///     if (!status) return status.error();
@@ -52,7 +52,7 @@ private:
     std::variant<Value, Error> state_;
 };
 
-/// The outcome of an action that gives nothing back: done, or the reason why not.
+/// The outcome of an action that returns nothing: done, or the reason why not.
 template<class Error>
 class [[nodiscard]] Result<void, Error> {
 public:

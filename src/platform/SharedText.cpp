@@ -9,7 +9,7 @@ namespace lumeo {
 namespace {
 
 const std::string* sharedCopy(std::string_view text) {
-    // Never destroyed: values may outlive every static object.
+    // These are never destroyed, because values may outlive every static object.
     struct Copies {
         Mutex mutex;
         std::unordered_set<std::string, TextHash, std::equal_to<>> texts LUMEO_GUARDED_BY(mutex);

@@ -9,9 +9,9 @@ namespace lumeo {
 template<class T>
 struct AbsentValue;
 
-/// Text of which few distinct values occur many times, such as camera names: all equal values share
-/// one copy for the life of the program, and a value is the size of a pointer. Not for texts that
-/// differ from file to file, since nothing is ever given back. Any thread may make one.
+/// Text with few distinct values that occur many times, such as camera names. All equal values share one copy
+/// for the life of the program, and a value is as large as a pointer. It does not suit texts that differ from
+/// file to file, because the memory is never freed. Any thread may make one.
 class SharedText {
 public:
     SharedText() noexcept;
@@ -24,11 +24,11 @@ public:
     friend bool operator==(SharedText a, std::string_view b) noexcept { return *a.text_ == b; }
 
 private:
-    /// Lets an optional text do with the room of the pointer: a null one, which no text has.
+    /// A null pointer stands for the absent text, so an optional text is no larger than a pointer.
     friend struct AbsentValue<SharedText>;
     constexpr explicit SharedText(const std::string* text) noexcept : text_(text) {}
 
-    const std::string* text_; ///< one per distinct text, so equality is identity
+    const std::string* text_; ///< one pointer for each distinct text, so equal texts have equal pointers
 };
 
 } // namespace lumeo

@@ -18,7 +18,7 @@
 namespace lumeo {
 namespace {
 
-/// The locale's name that the environment gives for one category, as it stands there.
+/// The locale's name for one category as the environment gives it, unchanged.
 std::string_view environmentLocale(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"}) {
         const char* const value = std::getenv(variable);
@@ -35,7 +35,7 @@ icu::Locale localeNamed(std::string_view name) {
         return icu::Locale::getUS();
     }
     const icu::Locale locale = icu::Locale::createCanonical(std::string(name).c_str());
-    // What names no language would crash the formatters.
+    // The formatters would crash on a name that stands for no language.
     return *locale.getISO3Language() != '\0' ? locale : icu::Locale::getUS();
 }
 
@@ -68,10 +68,10 @@ std::string formatted(const icu::DateFormat& format, Instant instant) {
     return utf8(format.format(static_cast<UDate>(milliseconds.count()), text));
 }
 
-/// One thread's date formatters, made as they are asked for.
+/// The date formatters of one thread. Each is made when it is first needed.
 class DateFormats {
 public:
-    /// Absent when neither a date nor a time is asked for.
+    /// Absent when both styles are `none`.
     const icu::DateFormat* get(DateStyle dateStyle, DateStyle timeStyle) {
         if (dateStyle == DateStyle::none && timeStyle == DateStyle::none) {
             return nullptr;
@@ -85,7 +85,7 @@ public:
     }
 
 private:
-    /// Drops the formatters when the user's locale or zone is no longer the one they were made for.
+    /// Drops the formatters when the user's locale or zone has changed since they were made.
     void follow(std::string_view localeName) {
         std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
         if (zone_ && *zone_ == *zone && localeName_ == localeName) {
@@ -110,7 +110,8 @@ struct ByteUnit {
     LibraryUnit unit;
 };
 
-/// In rising order. The library knows no unit above the petabyte; 64 bits of bytes are 9,223 of them.
+/// In rising order. The library has no unit above the petabyte, and 64 bits of bytes are only 9,223
+/// petabytes.
 constexpr std::array byteUnits{
     ByteUnit{1, 1, icu::MeasureUnit::getByte},
     ByteUnit{1'000, 1, icu::MeasureUnit::getKilobyte},
@@ -121,10 +122,10 @@ constexpr std::array byteUnits{
 };
 constexpr std::size_t kilobyteIndex = 1;
 
-/// One thread's number formatters.
+/// The number formatters of one thread.
 class NumberFormats {
 public:
-    /// The formatters for the user's present locale.
+    /// The formatters for the user's current locale.
     NumberFormats& current() {
         const std::string_view name = environmentLocale("LC_NUMERIC");
         if (!localeName_ || *localeName_ != name) {
@@ -141,14 +142,14 @@ public:
         return utf8(number_.formatInt(value, status).toString(status));
     }
 
-    /// `amount` of the unit at `unitIndex`, its symbol written with a capital K as file sizes have it.
+    /// `amount` of the unit at `unitIndex`. Its symbol has a capital K, as is usual for file sizes.
     [[nodiscard]] std::string quantity(double amount, std::size_t unitIndex) const {
         UErrorCode status = U_ZERO_ERROR;
         icu::UnicodeString text = quantities_[unitIndex].formatDouble(amount, status).toString(status);
         return utf8(text.findAndReplace(u"kB", u"KB"));
     }
 
-    /// Two units, largest first, or the one of them that is not zero.
+    /// Two units, the larger one first. A unit that is zero is left out.
     [[nodiscard]] std::string duration(std::int64_t larger, LibraryUnit largerUnit, std::int64_t smaller,
                                        LibraryUnit smallerUnit) const {
         UErrorCode status = U_ZERO_ERROR;
@@ -170,7 +171,7 @@ private:
         UErrorCode status = U_ZERO_ERROR;
         durations_ = std::make_unique<icu::MeasureFormat>(locale, UMEASFMT_WIDTH_NARROW, status);
         for (std::size_t i = 0; i < byteUnits.size(); ++i) {
-            // Only the whole word has a plural for "999 bytes".
+            // Only the long form of the unit has a plural, as in "999 bytes".
             const UNumberUnitWidth width = i == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT;
             quantities_[i] = number_.unit(byteUnits[i].unit())
                                  .unitWidth(width)
@@ -229,7 +230,7 @@ std::string TextFormat::byteCount(std::int64_t bytes) {
     const std::uint64_t magnitude = bytes < 0 ? 0 - unsignedBytes : unsignedBytes;
     std::size_t index = 0;
     std::uint64_t steps = magnitude;
-    // What rounds up to a thousand of one unit is shown as one of the next.
+    // A size that rounds up to 1000 of one unit is shown in the next unit.
     while (index + 1 < byteUnits.size() && steps >= 1000 * byteUnits[index].stepsPerUnit) {
         ++index;
         const std::uint64_t step = byteUnits[index].bytes / byteUnits[index].stepsPerUnit;

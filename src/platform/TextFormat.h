@@ -10,24 +10,24 @@ namespace lumeo {
 
 enum class DateStyle { none, shortStyle, mediumStyle };
 
-/// Numbers and dates as the user's system writes them: its time zone and its locale (LC_ALL, else
-/// LC_TIME for dates and LC_NUMERIC for numbers, else LANG; American English when that names no
-/// language), not the language chosen inside the program. Any thread may call; formatters are made once
-/// per thread and again only when the settings have changed.
+/// Numbers and dates as the user's system writes them, in its time zone and its locale. The locale is LC_ALL,
+/// else LC_TIME for dates and LC_NUMERIC for numbers, else LANG; it is American English when that names no
+/// language. The language that is chosen inside the program plays no role. Any thread may call. Each thread
+/// makes its formatters once and again only when the settings have changed.
 struct TextFormat {
-    /// The instant in the given styles; `none` leaves that half out. Both `none` gives no text.
+    /// The instant in the given styles. `none` leaves that half out; `none` for both gives no text.
     static std::string date(Instant instant, DateStyle dateStyle, DateStyle timeStyle);
 
-    /// The same in the words and order of another locale ("tr", "zh-Hans"), the zone staying the user's.
+    /// The same in the words and order of another locale ("tr", "zh-Hans"). The zone is still the user's.
     static std::string date(Instant instant, DateStyle dateStyle, DateStyle timeStyle,
                             std::string_view localeTag);
 
-    /// A span of time in whole hours and minutes from an hour on, else in whole minutes and seconds,
-    /// abbreviated; a unit of which there are none is left out, and nothing at all is "0s".
+    /// A span of time, abbreviated. From one hour on it is in whole hours and minutes, below that in whole
+    /// minutes and seconds. A unit that is zero is left out. No time at all is "0s".
     static std::string duration(double seconds);
 
-    /// A file's size in decimal units: whole bytes below 1 KB, whole KB below 1 MB, at most one decimal
-    /// for MB and two from GB on, halves rounded up. 0 is "Zero KB" in English, "0 KB" elsewhere.
+    /// A file's size in decimal units: whole bytes below 1 KB, whole KB below 1 MB, at most one decimal for
+    /// MB and two from GB on. Halves are rounded up. 0 is "Zero KB" in English and "0 KB" in other languages.
     static std::string byteCount(std::int64_t bytes);
 
     /// A whole number with the locale's grouping.

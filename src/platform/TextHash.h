@@ -6,7 +6,7 @@
 
 namespace lumeo {
 
-/// Lets unordered containers keyed by std::string be searched by a view, without making a string.
+/// Allows searching unordered containers with std::string keys by a view, without making a string.
 struct TextHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const noexcept {

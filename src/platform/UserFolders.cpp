@@ -10,7 +10,7 @@
 namespace lumeo {
 namespace {
 
-/// The value of a variable that holds an absolute path; empty otherwise, as the convention says.
+/// The value of a variable if it is an absolute path. Empty otherwise, as the XDG convention demands.
 FilePath folderFrom(const char* variable) {
     const char* const value = std::getenv(variable);
     return value != nullptr && *value == '/' ? FilePath::standardized(value) : FilePath();
@@ -29,7 +29,7 @@ FilePath homeFolder() {
     return FilePath(entry.pw_dir);
 }
 
-/// What the variable says, else a folder of the user's home.
+/// The folder that the variable names, else a folder in the user's home.
 FilePath folderOf(const char* variable, std::string_view inHome) {
     if (FilePath folder = folderFrom(variable); !folder.empty()) {
         return folder;

@@ -4,11 +4,11 @@
 
 namespace lumeo {
 
-/// Where programs keep what should survive a restart but is of no interest to others: $XDG_STATE_HOME, else
-/// ~/.local/state. Empty when the user has no home. It need not exist yet. Any thread may call.
+/// The folder for data that should survive a restart but that users do not need to see: $XDG_STATE_HOME, else
+/// ~/.local/state. Empty when the user has no home. It may not exist yet. Any thread may call.
 FilePath userStateFolder();
 
-/// Where programs keep what the user has set: $XDG_CONFIG_HOME, else ~/.config. The same otherwise.
+/// The folder for settings: $XDG_CONFIG_HOME, else ~/.config. Otherwise as userStateFolder().
 FilePath userConfigFolder();
 
 } // namespace lumeo

@@ -14,7 +14,7 @@ bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// Where the character that holds the byte at `position` begins.
+/// The start of the character that holds the byte at `position`.
 std::size_t characterStart(std::string_view text, std::size_t position) {
     std::size_t start = position;
     while (start > 0 && position - start < longestCharacter - 1 && isContinuation(text[start])) {
@@ -23,7 +23,8 @@ std::size_t characterStart(std::string_view text, std::size_t position) {
     return start;
 }
 
-/// The number of bytes of the white-space character that `text` begins with; 0 if it is another one.
+/// The length in bytes of the white-space character at the start of `text`. 0 if `text` starts with another
+/// character.
 std::size_t leadingWhitespace(std::string_view text) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     const auto length = static_cast<std::int64_t>(text.size());

@@ -13,12 +13,12 @@ struct ScanProgress {
     std::int64_t videosCount = 0;
     std::int64_t rawCount = 0;
     std::int64_t otherCount = 0;
-    std::int64_t totalScannedCount = 0; ///< regular files of walked folders that were examined
-    std::int64_t unsupportedCount = 0;  ///< examined files of no supported type
+    std::int64_t totalScannedCount = 0; ///< regular files of the walked folders that were examined
+    std::int64_t unsupportedCount = 0;  ///< examined files that are not of a supported type
     std::int64_t errorsCount = 0;       ///< entries that the walk could not read
     std::int64_t totalBytesScanned = 0; ///< sizes of all items produced
-    std::string currentItemName;        ///< name of the file being examined, bytes as on disk
-    bool isPaused = false;              ///< set by whoever shows the progress
+    std::string currentItemName;        ///< the file that is being examined, bytes as on disk
+    bool isPaused = false;              ///< set by the code that shows the progress
     bool isCancelled = false;           ///< set at the end
     bool isCompleted = false;           ///< set at the end
     double scanDurationSeconds = 0;

@@ -7,7 +7,7 @@
 namespace lumeo {
 namespace {
 
-/// What leads from `folder` down to `path`, both real; absent when it does not lie below.
+/// The part of `path` below `folder`; both are real paths. Absent when `path` is not below `folder`.
 std::optional<std::string_view> wayDown(const FilePath& folder, const FilePath& path) {
     std::string_view rest = path.bytes();
     const std::string_view start = folder.bytes() == "/" ? std::string_view() : folder.bytes();

@@ -16,10 +16,10 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// Decoding a JPEG of several passes holds all of its coefficients, six bytes a pixel, at once.
+/// Decoding a JPEG of several passes holds all of its coefficients in memory, six bytes for each pixel.
 constexpr std::int64_t mostProgressivePixels = 60'000'000;
 
-/// For formats that cannot be decoded smaller than they are.
+/// For formats that can only be decoded at full size.
 constexpr int mostMegabytes = 512;
 
 struct Signature {
@@ -42,7 +42,7 @@ constexpr std::array signatures{
     Signature{"icns"sv, 0, "icns"},
 };
 
-/// Told by the content alone: names lie, and some of Qt's readers take anything for theirs.
+/// Only the content tells the format. Names can be wrong, and some of Qt's readers accept any content.
 QByteArray formatOf(std::string_view head) {
     const auto* const found = std::ranges::find_if(signatures, [head](const Signature& signature) {
         return head.size() > signature.offset && head.substr(signature.offset).starts_with(signature.bytes);
@@ -50,7 +50,7 @@ QByteArray formatOf(std::string_view head) {
     return found != signatures.end() ? QByteArray(found->format) : QByteArray();
 }
 
-/// The file as Qt's readers take it.
+/// The file in the form that Qt's readers need.
 class FileDevice final : public QIODevice {
 public:
     explicit FileDevice(BoundedFile& file) : file_(file) { open(ReadOnly); }

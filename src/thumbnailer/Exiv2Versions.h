@@ -5,7 +5,7 @@
 
 #include <exiv2/exiv2.hpp>
 
-/// What Exiv2 0.28 names or counts otherwise than 0.27, so that nothing else asks for its version.
+/// What Exiv2 0.28 names or counts differently from 0.27. Only this header asks for the version.
 namespace lumeo::exiv2 {
 
 #if EXIV2_TEST_VERSION(0, 28, 0)
@@ -16,7 +16,7 @@ inline std::int64_t integer(const Exiv2::Exifdatum& datum) {
     return datum.toInt64();
 }
 
-/// Lets it read the containers of CR3 and HEIF, which 0.28 always does.
+/// Allows reading the containers of CR3 and HEIF, which 0.28 always does.
 inline void enableBoxes() {}
 
 #else

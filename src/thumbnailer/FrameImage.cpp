@@ -24,7 +24,7 @@ struct FreeScaler {
     void operator()(SwsContext* scaler) const { sws_freeContext(scaler); }
 };
 
-/// The quarter turn or mirroring that the track's matrix comes nearest to; its scale is not followed.
+/// The quarter turn or mirroring that is nearest to the track's matrix. Its scale is ignored.
 QTransform turnOf(const AVStream& track) {
     const std::span<const std::uint8_t> data = sideData(track, AV_PKT_DATA_DISPLAYMATRIX);
     std::array<std::int32_t, 9> matrix{};
@@ -40,7 +40,7 @@ QTransform turnOf(const AVStream& track) {
 
 /// The frame's size with square pixels.
 QSize shownSize(const AVFrame& frame, const AVStream& track) {
-    constexpr double mostStretched = 8; // more is damage
+    constexpr double mostStretched = 8; // more means damage
     AVRational aspect = frame.sample_aspect_ratio;
     if (aspect.num <= 0) {
         aspect = track.sample_aspect_ratio;
@@ -52,7 +52,7 @@ QSize shownSize(const AVFrame& frame, const AVStream& track) {
     return {static_cast<int>(std::lround(frame.width * stretch)), frame.height};
 }
 
-/// Without the right matrix, greens and reds of small and large movies come out differently.
+/// With the wrong matrix, greens and reds would look different in small and large movies.
 void setColours(SwsContext& scaler, const AVFrame& frame) {
     constexpr int highDefinition = 720;
     constexpr int neutral = 1 << 16;
@@ -74,7 +74,7 @@ QImage frameImage(const AVFrame& frame, const AVStream& track, QSize pixels) {
     const std::unique_ptr<SwsContext, FreeScaler> scaler(
         sws_getContext(frame.width, frame.height, static_cast<AVPixelFormat>(frame.format), target.width(),
                        target.height(), AV_PIX_FMT_RGB32, SWS_AREA, nullptr, nullptr, nullptr));
-    // The scaler writes in steps of many pixels, beyond the end of a line and of the last one.
+    // The scaler writes in steps of many pixels, beyond the end of each line and of the last line.
     constexpr int step = 64;
     QImage image((target.width() / step + 2) * step, target.height() + 1, QImage::Format_ARGB32);
     if (!scaler || image.isNull()) {

@@ -11,7 +11,7 @@
 namespace lumeo {
 namespace {
 
-/// A photo is decoded whole, at up to four bytes for a pixel in several copies.
+/// A photo is decoded as a whole, with up to four bytes for each pixel in several copies.
 constexpr std::int64_t mostDecodedPixels = 100'000'000;
 
 template<class Type, void (*release)(Type*)>
@@ -32,7 +32,7 @@ using DecodedImage = std::unique_ptr<heif_image, Release<heif_image, releaseImag
 using Options =
     std::unique_ptr<heif_decoding_options, Release<heif_decoding_options, heif_decoding_options_free>>;
 
-/// The file as the library reads it.
+/// The file in the form that the library reads.
 struct Reader {
     BoundedFile& file;
     std::int64_t position = 0;
@@ -64,7 +64,7 @@ struct Reader {
     }
 };
 
-/// Of the first version: later ones have more members, which stay empty.
+/// Uses the first version of the table. Later versions have more members, which stay empty.
 heif_reader readerTable() {
     heif_reader table{};
     table.reader_api_version = 1;
@@ -93,12 +93,12 @@ QSize sizeOf(const heif_image_handle& handle) {
     return {heif_image_handle_get_width(&handle), heif_image_handle_get_height(&handle)};
 }
 
-/// Some writers turn the picture and forget its thumbnail.
+/// Some writers turn the picture but not its thumbnail.
 bool isOfOneShape(QSize one, QSize other) {
     return (one.width() > one.height()) == (other.width() > other.height());
 }
 
-/// The first thumbnail that fills the space and lies as the picture does.
+/// The first thumbnail that fills the space and has the same orientation as the picture.
 Handle thumbnailOf(const heif_image_handle& picture, QSize pixels) {
     std::array<heif_item_id, 8> ids{};
     const int count =
@@ -144,7 +144,7 @@ QImage decode(const heif_image_handle& handle, QSize pixels) {
     }
     const QImage whole(plane, width, height, stride,
                        hasAlpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
-    // The copy matters: the pixels are the library's, and go with it.
+    // The copy is needed: the library owns the pixels and frees them.
     const QSize target = fitted(whole.size(), pixels);
     return target == whole.size() ? whole.copy()
                                   : whole.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -26,7 +26,7 @@ constexpr std::int64_t mostFramePixels = 36'000'000; // 8K has 33 million
 /// otherwise keep the processor busy for as long as it has packets.
 constexpr std::int64_t mostDecodedPixels = 100'000'000;
 
-/// No playlists, which name other files, and no readers of texts or devices.
+/// No playlists, because they name other files, and no readers of texts or devices.
 constexpr const char* formats = "mov,mp4,matroska,webm,avi,asf,flv,mpeg,mpegts,mpegvideo,dv,mxf,ogg,rm,wtv,"
                                 "j2k_pipe,jpegxl_pipe,psd_pipe,exr_pipe,sgi_pipe,qdraw_pipe";
 
@@ -62,20 +62,20 @@ Decoder openDecoder(const AVStream& stream) {
     decoder->codec_whitelist = av_strdup(codecs);
     decoder->max_pixels = mostFramePixels;
     decoder->thread_count = threads;
-    decoder->skip_loop_filter = AVDISCARD_ALL; // not to be seen at this size
+    decoder->skip_loop_filter = AVDISCARD_ALL; // its effect is not visible at this size
     if (av_q2d(stream.avg_frame_rate) >= fluentFrameRate) {
-        decoder->skip_frame = AVDISCARD_NONREF; // the frame beside the wanted one does as well
+        decoder->skip_frame = AVDISCARD_NONREF; // the frame beside the wanted one is good enough
     }
     return avcodec_open2(decoder.get(), codec, nullptr) >= 0 ? std::move(decoder) : nullptr;
 }
 
-/// Goes through a movie's frames to the one that it shows at `frameTime`.
+/// Goes through a movie's frames to the one that is shown at `frameTime`.
 class FrameSearch {
 public:
     FrameSearch(AVFormatContext& movie, AVStream& stream, const BoundedFile& file)
         : movie_(movie), stream_(stream), file_(file), decoder_(openDecoder(stream)) {}
 
-    /// Null when the movie ends before.
+    /// Null when the movie ends earlier.
     Frame find() {
         const Packet packet(av_packet_alloc());
         if (!decoder_ || !packet || !next_) {
@@ -99,7 +99,7 @@ public:
     }
 
 private:
-    /// Where each frame stands alone, or a late key frame can be found, nothing before it is decoded.
+    /// Skips the frames before a key frame that is near `frameTime`, if the container has an index.
     void goNear() {
         if (avformat_index_get_entries_count(&stream_) > 0) {
             const auto offset = static_cast<std::int64_t>(frameTime / av_q2d(stream_.time_base));
@@ -120,7 +120,7 @@ private:
         }
     }
 
-    /// True when the last frame that could be had is still shown at `frameTime`.
+    /// True when the last available frame is still shown at `frameTime`.
     [[nodiscard]] bool lasts() const {
         if (!shown_) {
             return false;
@@ -152,13 +152,13 @@ private:
     const BoundedFile& file_;
     Decoder decoder_;
     Frame next_{av_frame_alloc()};
-    Frame shown_; ///< the latest that has come
+    Frame shown_; ///< the latest frame so far
     double shownTime_ = 0;
     std::int64_t decodedPixels_ = 0;
     bool isFound_ = false;
 };
 
-/// The first video track; a picture on a sound's sleeve where there is none.
+/// The first video track. Without one, the cover picture of a sound file.
 AVStream* pictureStream(AVFormatContext& movie) {
     const int index = av_find_best_stream(&movie, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     const std::span<AVStream* const> streams(movie.streams, movie.nb_streams);
@@ -171,7 +171,7 @@ AVStream* pictureStream(AVFormatContext& movie) {
 } // namespace
 
 void prepareMovieFrames() {
-    constexpr std::size_t largestAllocation = 160 * 1024 * 1024; // a frame of 8K in four bytes a pixel
+    constexpr std::size_t largestAllocation = 160 * 1024 * 1024; // a frame of 8K, four bytes a pixel
     av_max_alloc(largestAllocation);
 }
 
@@ -181,7 +181,7 @@ QImage movieFrame(BoundedFile& file, QSize pixels) {
         return {};
     }
     AVFormatContext& context = movie->context();
-    avformat_find_stream_info(&context, nullptr); // a failure leaves what the header says
+    avformat_find_stream_info(&context, nullptr); // after a failure the facts of the header remain
     AVStream* const stream = pictureStream(context);
     if (stream == nullptr) {
         return {};

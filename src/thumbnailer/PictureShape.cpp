@@ -21,9 +21,9 @@ QImage upright(const QImage& picture, int orientation) {
         QTransform(-1, 0, 0, -1, 0, 0), // 3: upside down
         QTransform(1, 0, 0, -1, 0, 0),  // 4: mirrored top to bottom
         QTransform(0, 1, 1, 0, 0, 0),   // 5: mirrored along the diagonal
-        QTransform(0, 1, -1, 0, 0, 0),  // 6: to be turned right
+        QTransform(0, 1, -1, 0, 0, 0),  // 6: needs a turn to the right
         QTransform(0, -1, -1, 0, 0, 0), // 7: mirrored along the other diagonal
-        QTransform(0, -1, 1, 0, 0, 0),  // 8: to be turned left
+        QTransform(0, -1, 1, 0, 0, 0),  // 8: needs a turn to the left
     };
     if (orientation <= 1 || orientation > static_cast<int>(turns.size())) {
         return picture;

@@ -7,13 +7,14 @@
 
 namespace lumeo {
 
-/// More is not decoded, however small the result: a gigabyte of memory is not spent on one preview.
+/// A larger picture is not decoded, however small the result would be: one preview must not take a gigabyte
+/// of memory.
 inline constexpr std::int64_t mostPixels = 200'000'000;
 
-/// The size of a picture in a space, shape kept, never larger than it is.
+/// The size of a picture that is scaled to fit a space. The shape is kept, and the picture is never enlarged.
 QSize fitted(QSize picture, QSize space);
 
-/// The picture turned upright, `orientation` being Exif's number from 1 to 8; any other leaves it.
+/// The picture turned upright. `orientation` is Exif's number from 1 to 8; any other number changes nothing.
 QImage upright(const QImage& picture, int orientation);
 
 } // namespace lumeo

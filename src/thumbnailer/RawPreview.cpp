@@ -14,12 +14,13 @@
 namespace lumeo {
 namespace {
 
-/// The library takes the file as a whole. It is read, not mapped: a card pulled out would end the
-/// program with a signal.
+/// The library needs the whole file. The file is read and not mapped, because pulling out a card would
+/// otherwise end the program with a signal.
 constexpr std::int64_t largestFile = 256 * 1024 * 1024;
 constexpr std::size_t chunkSize = 1024 * 1024;
 
-/// What came before the limits were spent; zeros behind it, for the library looks for ends of texts there.
+/// The bytes that were read before the limits were spent. Zeros follow, because the library looks for ends of
+/// texts beyond the end.
 std::string wholeFile(BoundedFile& file) {
     constexpr std::size_t guard = 16;
     const std::int64_t size = file.size() <= largestFile ? file.size() : 0;
@@ -38,7 +39,8 @@ std::string wholeFile(BoundedFile& file) {
     return bytes;
 }
 
-/// The library knows many more kinds by their content, movies among them, which it reads without bounds.
+/// The library recognises many more kinds by their content. It reads some of them, such as movies, without
+/// bounds.
 bool isOfARawPhoto(const Exiv2::Image& image) {
     using namespace Exiv2;
     return image.imageType() == ImageType::tiff || image.imageType() == ImageType::cr2 ||
@@ -78,7 +80,7 @@ QImage bestPreview(const Exiv2::Image& image, QSize pixels) {
 
 } // namespace
 
-/// Our own reader finds it: the library's walk through the heaps of such a file has no bounds.
+/// Our own reader finds the preview, because the library walks through such a file without bounds.
 QImage previewOfCrw(BoundedFile& file, FileWindow& window, QSize pixels) {
     constexpr std::uint64_t largest = 16 * 1024 * 1024;
     const std::optional<FileRange> jpeg = readCrw(window).embeddedJpeg;

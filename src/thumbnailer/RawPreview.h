@@ -10,8 +10,8 @@ namespace lumeo {
 /// Sets the library up; see ThumbnailMaker::prepare().
 void prepareRawPreviews();
 
-/// The smallest preview that a camera's raw file carries and that fills `pixels`, else its largest,
-/// upright and fitted. Null when there is none.
+/// The smallest preview in a camera's raw file that fills `pixels`, else its largest, upright and scaled to
+/// fit. Null when there is none.
 QImage rawPreview(BoundedFile& file, QSize pixels);
 
 } // namespace lumeo

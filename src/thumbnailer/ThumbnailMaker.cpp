@@ -16,8 +16,9 @@ using namespace std::chrono_literals;
 
 constexpr ReadLimits limits{.bytes = 512 * 1024 * 1024, .work = 5s, .wait = 8s};
 
-/// Raw files begin like TIFF ones, whose reader would give the smallest of their pictures or the raw
-/// one; all others know their own by the content, which is more to be trusted than a name.
+/// Raw files start like TIFF files, and the TIFF reader would give their smallest picture or the undeveloped
+/// one. So raw files are recognised by their name. The other readers recognise their format by the content,
+/// which is more reliable than a name.
 QImage pictureOf(BoundedFile& file, bool isRaw, QSize pixels) {
     if (isRaw) {
         if (QImage preview = rawPreview(file, pixels); !preview.isNull()) {

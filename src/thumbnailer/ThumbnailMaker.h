@@ -7,14 +7,14 @@ namespace lumeo {
 
 class ReadableFile;
 
-/// Makes a small picture of a photo, raw photo or movie. It blocks. What one file may cost is bounded in
-/// bytes, time and pixels, whatever it holds; nothing is written.
+/// Makes a small picture of a photo, raw photo or movie. Blocks. The cost of one file is bounded in bytes,
+/// time and pixels, whatever the file holds. Nothing is written.
 struct ThumbnailMaker {
-    /// Loads what the decoders would load when they are first needed: within a cage it is too late.
+    /// Loads what the decoders would otherwise load on first use, which is too late inside the cage.
     static void prepare();
 
-    /// An upright picture fitted into `pixels`, never enlarged; null when none can be made. Of a file whose
-    /// name says that it is a camera's raw one, the preview that the camera made.
+    /// An upright picture that fits `pixels`, never enlarged. Null when none can be made. With `isRaw`, which
+    /// is decided by the file's name, the result is the preview that the camera made.
     static QImage make(ReadableFile& file, bool isRaw, QSize pixels);
 };
 

@@ -11,7 +11,7 @@ extern "C" {
 
 namespace lumeo {
 
-/// What a track says beside its frames, empty when it does not. FFmpeg 6.1 keeps it elsewhere than 5.1.
+/// The additional data of a track. Empty when there is none. FFmpeg 6.1 keeps it in another place than 5.1.
 inline std::span<const std::uint8_t> sideData(const AVStream& track, AVPacketSideDataType type) {
 #if LIBAVFORMAT_VERSION_INT >= AV_VERSION_INT(60, 15, 100)
     const AVCodecParameters& codec = *track.codecpar;

@@ -11,9 +11,9 @@
 
 #include <unistd.h>
 
-// Makes small pictures for the program, in a process that can do nothing else: it is handed open files, one
-// at a time, and answers with pixels. A file that brings a decoder down, or makes it eat memory, costs one
-// picture; one that takes it over gains nothing.
+// Makes small pictures for the program. This process can do nothing else: it receives open files, one at a
+// time, and answers with pixels. A file that crashes a decoder, or makes it fill the memory, costs one
+// picture. A file that takes over the process gains nothing.
 
 namespace {
 
@@ -21,10 +21,10 @@ using namespace lumeo;
 using namespace std::chrono_literals;
 
 constexpr std::uint64_t mostMemory = std::uint64_t{2} * 1024 * 1024 * 1024;
-constexpr std::chrono::seconds mostWork = 6s; ///< where a decoder does not look at the limits
+constexpr std::chrono::seconds mostWork = 6s; ///< for decoders that ignore the limits
 constexpr std::chrono::seconds workOfALife = 3'600s;
 
-/// False when the program has gone.
+/// False when the program has exited.
 bool answerOneQuestion() {
     ThumbnailQuestion question;
     Descriptor descriptor;
@@ -39,7 +39,7 @@ bool answerOneQuestion() {
     return sendRecord(STDOUT_FILENO, std::as_bytes(std::span(answer)));
 }
 
-/// Before the limit of a life ends it in the middle of a file.
+/// Then it exits before its limit of processor time ends it in the middle of a file.
 bool isOld() {
     return std::clock() / CLOCKS_PER_SEC >= workOfALife.count() / 2;
 }
@@ -47,10 +47,10 @@ bool isOld() {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    const QCoreApplication application(argc, argv); // Qt's readers are found through it
+    const QCoreApplication application(argc, argv); // Qt finds its readers through it
     ThumbnailMaker::prepare();
     enterCage({.addresses = mostMemory, .memory = mostMemory, .work = workOfALife});
     while (answerOneQuestion() && !isOld()) {
     }
-    _exit(0); // what runs at an exit may ask for more than the cage allows
+    _exit(0); // exit handlers may need more than the cage allows
 }

@@ -50,7 +50,7 @@ void FolderFlusher::note(const FilePath& folder) {
 FileResult<void> FolderFlusher::flush(const FilePath& folder, Pending& pending) {
     if (!pending.refusal) {
         const FileResult<void> flushed = fileSystem_.flushFolder(folder);
-        // A folder high above the archive need not be open to everybody.
+        // The user may lack access to a folder high above the archive.
         if (flushed || (!pending.isOurs && flushed.error().errnoValue == EACCES)) {
             return {};
         }

@@ -9,40 +9,41 @@
 
 namespace lumeo {
 
-/// A folder whose names the device refused to take.
+/// A folder whose names the device refused to store.
 struct UnflushedFolder {
     FilePath folder;
     FileError error;
 
-    /// True when `path` lies in the folder or deeper, and may thus be lost with its names.
+    /// True when `path` lies in the folder or deeper. Such a path may be lost together with its name.
     [[nodiscard]] bool endangers(const FilePath& path) const;
 };
 
-/// Remembers in which folders names were made or removed and brings those names to the device, so that
-/// they survive a loss of power. Used by one thread.
+/// Remembers the folders in which names were created or removed, and flushes those folders to the device, so
+/// that the names survive a loss of power. Used by one thread.
 class FolderFlusher {
 public:
     /// `fileSystem` must outlive the flusher.
     explicit FolderFlusher(FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
-    /// Creates `folder` and what is missing above it, and notes where their names stand: also of folders
-    /// that were there, up to the root of the file system, since they may be as young as those created.
+    /// Creates `folder` and the missing folders above it, and notes the folders that hold their names.
+    /// Folders that existed before are noted as well, up to the root of the file system, because they may be
+    /// as new as those created here.
     FileResult<void> createFolders(const FilePath& folder);
 
-    /// Notes that a name in `folder` was made or removed.
+    /// Notes that a name in `folder` was created or removed.
     void note(const FilePath& folder);
 
-    /// Flushes what was noted in `folder` and in the folders above it: once this succeeds, what has a
-    /// name in `folder` can be found after a loss of power. A folder that the device has refused once
-    /// is refused for good, since a later success may only mean that the lost write was forgotten.
+    /// Flushes what was noted in `folder` and in the folders above it. After a success, every name in
+    /// `folder` survives a loss of power. When the device has refused a folder once, the refusal is final: a
+    /// later success could only mean that the system forgot the lost write.
     FileResult<void> flushPathTo(const FilePath& folder);
 
-    /// Flushes all that was noted. Gives each folder that the device refused, now or before.
+    /// Flushes everything that was noted. Returns each folder that the device refused, now or before.
     std::vector<UnflushedFolder> flushAll();
 
 private:
     struct Pending {
-        bool isOurs = false; ///< a name in it was made or removed here, and must be durable
+        bool isOurs = false; ///< a name in it was created or removed here and must be durable
         std::optional<FileError> refusal;
     };
 
@@ -51,7 +52,7 @@ private:
 
     FileSystem& fileSystem_;
     std::map<FilePath, Pending> pending_;
-    std::set<FilePath> waysNoted_; ///< folders whose own name, and all above it, were noted
+    std::set<FilePath> waysNoted_; ///< folders whose own names, and all above, were noted
 };
 
 } // namespace lumeo

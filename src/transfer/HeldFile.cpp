@@ -24,7 +24,7 @@ FileResult<bool> HeldFile::isUnchanged() const {
 }
 
 TransferResult<void> HeldFile::remove() {
-    // What a writer adds after this look changes the dates, which are looked at next.
+    // A write after this check changes the dates, and those are checked next.
     if (file_->isOpenForWriting()) {
         return TransferError(TransferFault::sourceInUse);
     }
@@ -35,7 +35,7 @@ TransferResult<void> HeldFile::remove() {
     if (!*unchanged) {
         return TransferError(TransferFault::sourceChanged);
     }
-    // Network file systems only hide, under another name, what is removed while open.
+    // Network file systems do not delete an open file. They only hide it under another name.
     file_.reset();
     if (const FileResult<void> removed = fileSystem_->removeFile(path_); !removed) {
         return TransferError(removed.error());

@@ -7,24 +7,24 @@
 
 namespace lumeo {
 
-/// A file that is to lose its name once its content has been proven to be elsewhere. It stays open
-/// until then, which keeps its identity known: file systems that make up inode numbers, as those of
-/// most memory cards do, may give a closed file another one at any time.
+/// A file that will lose its name when its content has been proven to be elsewhere. It stays open until then,
+/// which keeps its identity reliable: some file systems, such as those of most memory cards, invent inode
+/// numbers and can give a closed file another number at any time.
 class HeldFile {
 public:
-    /// Opens the file; what it is at this moment is what it must still be when it is removed.
+    /// Opens the file and remembers its state. The file must still have this state when it is removed.
     static FileResult<HeldFile> open(FileSystem& fileSystem, const FilePath& path);
 
     [[nodiscard]] ReadableFile& content() noexcept { return *file_; }
     [[nodiscard]] const FilePath& path() const noexcept { return path_; }
     [[nodiscard]] const FileIdentity& identity() const noexcept { return status_.identity; }
 
-    /// True while the path, no link followed, still leads to this file, and neither its size nor its
-    /// dates have changed.
+    /// True while the path still leads to this file, without following a link, and while its size and dates
+    /// are unchanged.
     FileResult<bool> isUnchanged() const;
 
-    /// Removes the file, unless it has changed or another has taken its place: that is `sourceChanged`; or
-    /// somebody has it open for writing: that is `sourceInUse`.
+    /// Removes the file. Fails with `sourceChanged` when the file has changed or another file has taken its
+    /// place. Fails with `sourceInUse` when somebody has it open for writing.
     TransferResult<void> remove();
 
 private:
@@ -33,7 +33,7 @@ private:
 
     FileSystem* fileSystem_;
     FilePath path_;
-    std::unique_ptr<ReadableFile> file_; ///< null once closed for removal
+    std::unique_ptr<ReadableFile> file_; ///< null after it was closed for the removal
     FileStatus status_;
 };
 

@@ -9,7 +9,7 @@
 
 namespace lumeo {
 
-/// What the last run did that was not cancelled; outlives the program.
+/// What the last run did that was not cancelled. It is kept when the program ends.
 struct LastOperationSummary {
     std::string operationType; ///< "copy" or "move"
     std::int64_t processedCount = 0;
@@ -25,7 +25,7 @@ struct LastOperationSummary {
     friend bool operator==(const LastOperationSummary&, const LastOperationSummary&) = default;
 };
 
-/// One JSON object with the field names as keys; the date in seconds since the start of 2001 UTC.
+/// One JSON object with the field names as keys. The date is in seconds since the start of 2001 UTC.
 std::string encode(const LastOperationSummary& summary);
 
 /// Absent when the text is not such an object.

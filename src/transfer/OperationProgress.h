@@ -8,7 +8,7 @@ namespace lumeo {
 /// The live counters of a run.
 struct OperationProgress {
     std::int64_t totalFiles = 0;
-    std::int64_t processedCount = 0; ///< whatever the outcome
+    std::int64_t processedCount = 0; ///< files with any outcome
     std::int64_t verifiedCount = 0;
     std::int64_t skippedCount = 0;
     std::int64_t warningsCount = 0;          ///< always 0 in a run
@@ -16,7 +16,7 @@ struct OperationProgress {
     std::int64_t transferredBytes = 0;       ///< sizes of the verified items
     std::int64_t totalBytes = 0;             ///< sizes of all items, duplicates included
     std::string currentItemName;             ///< bytes as on disk
-    double currentThroughputBytesPerSec = 0; ///< recent
+    double currentThroughputBytesPerSec = 0; ///< over the last moments
     double averageThroughputBytesPerSec = 0; ///< since the start
     double estimatedSecondsRemaining = 0;    ///< at the average rate
     bool isPaused = false;

@@ -46,7 +46,8 @@ void OperationRun::addMissingDestination() {
 
 const FileTransactionItem& OperationRun::addTransferred(const MediaItem& item, FileTransactionItem record) {
     ++progress_.processedCount;
-    // Only then may its twins be left out: of a file that failed they may be the last whole ones.
+    // Its identical copies may be left out only now. If this file had failed, they could be the last whole
+    // ones.
     if (item.exactDuplicateGroupID && record.status != TransactionStatus::failed) {
         archivedGroups_.insert(*item.exactDuplicateGroupID);
     }

@@ -28,15 +28,15 @@ std::string upperCased(std::string_view ascii) {
     return upper;
 }
 
-/// With a point whatever the C locale says.
+/// The decimal separator is a point in every C locale.
 std::string withOneDecimal(double value) {
-    std::array<char, 320> digits{}; // the largest double has 309 before its point
+    std::array<char, 320> digits{}; // the largest double has 309 digits before its point
     const auto end =
         std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 1);
     return {digits.data(), end.ptr};
 }
 
-/// Rows of comma-separated fields, quoted where a reader would otherwise split them.
+/// Rows of fields separated by commas. A field is quoted where a reader would otherwise split it.
 class CsvRow {
 public:
     explicit CsvRow(std::string& document) : document_(document) {}
@@ -95,7 +95,7 @@ void appendRow(std::string& document, const FileTransactionItem& record, const M
         .end();
 }
 
-/// Lines of a label and its text. A file's name may hold line feeds, and must not write records of its own.
+/// Lines of a label and its text. Line feeds in a file's name must not start records of their own.
 class TextLines {
 public:
     TextLines& line(std::string_view label, std::string_view text = {}) {
@@ -149,7 +149,8 @@ std::string ReportExporter::generateCSV(const OperationManifest& manifest, std::
         const auto found = byPath.find(record.originalPath.bytes());
         appendRow(document, record, found == byPath.end() ? nullptr : found->second, manifest.operationType);
     }
-    // As a whole: all separators are ASCII, so no ill-formed sequence can swallow one.
+    // The whole document is repaired at once. All separators are ASCII, so no ill-formed sequence can swallow
+    // one.
     return replacingInvalidUtf8(document);
 }
 

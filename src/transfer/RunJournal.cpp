@@ -15,8 +15,8 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::nanoseconds flushInterval = 1s;
 
-/// "2026-11-23T20-31-05.000123Z_<run>.journal": in the order of time, also of runs within one second, and a
-/// name on every file system.
+/// "2026-11-23T20-31-05.000123Z_<run>.journal". Such names sort by time, even for runs within one second, and
+/// every file system accepts them.
 std::string nameOf(const OperationManifest& head) {
     const auto second = std::chrono::floor<std::chrono::seconds>(head.timestamp);
     const std::string micros = std::to_string((head.timestamp - second).count());
@@ -62,7 +62,7 @@ FileResult<std::unique_ptr<RunJournal>> RunJournal::begin(FileSystem& fileSystem
     if (!file) {
         return file.error();
     }
-    // Without the lock the run would only look cut off to others while it works.
+    // The lock is not needed for safety. Without it, the working run only looks cut off to others.
     static_cast<void>((*file)->lock());
     std::unique_ptr<RunJournal> journal(new RunJournal(clock, std::move(path), *std::move(file)));
     journal->write(headLine(head, files));
@@ -110,7 +110,7 @@ void RunJournal::end(const OperationProgress& progress) {
     flush();
 }
 
-/// After a failure nothing more is written: what follows half a line could not be read.
+/// Nothing is written after a failure, because nothing after half a line could be read.
 void RunJournal::write(const Json& line) {
     if (problem_) {
         return;

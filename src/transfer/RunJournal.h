@@ -13,36 +13,37 @@
 
 namespace lumeo {
 
-/// The journal of one run on disk, written while it runs: a line of JSON for the run, one for each file
-/// that was handled, one for the end. A run that is cut off leaves the last one out, and perhaps part of a
-/// record. A later record of the same file replaces the earlier one. JournalReader reads it back.
+/// The journal of one run on disk, written during the run. It has one line of JSON for the run, one for each
+/// file that was handled, and one for the end. When a run is cut off, the last line is missing, and a record
+/// may be incomplete. A later record of the same file replaces the earlier one. JournalReader reads the
+/// journal.
 ///
-/// Used by the thread that runs. The file is locked until this object goes out of scope, so that others can
-/// tell a run that works from one that was cut off.
+/// Used by the thread of the run. The file is locked as long as this object exists, so that others can tell a
+/// working run from one that was cut off.
 class RunJournal {
 public:
-    /// Makes the file, which only its owner may read, and brings the first line and the file's name to the
-    /// device. `files` is how many the run is to handle. `fileSystem` and `clock` must outlive the journal.
+    /// Creates the file, which only its owner may read. Flushes the first line and the file's name to the
+    /// device. `files` is the number of files that the run is to handle. `fileSystem` and `clock` must
+    /// outlive the journal.
     static FileResult<std::unique_ptr<RunJournal>> begin(FileSystem& fileSystem, const Clock& clock,
                                                          const FilePath& folder,
                                                          const OperationManifest& head, std::int64_t files);
 
     [[nodiscard]] const FilePath& path() const noexcept { return path_; }
 
-    /// Why nothing more can be written, once that is so. What was flushed before stays.
+    /// Why nothing more can be written, after a failure. What was flushed before stays.
     [[nodiscard]] const std::optional<FileError>& problem() const noexcept { return problem_; }
 
-    /// Writes a record down, unless it is the very one that was written last. It is flushed once a second
-    /// has passed since the last flush.
+    /// Writes a record, unless it equals the last one. Flushes when a second has passed since the last flush.
     void add(const FileTransactionItem& record);
 
-    /// Writes a record down and returns when it is on the device.
+    /// Writes a record and returns when it is on the device.
     FileResult<void> addDurably(const FileTransactionItem& record);
 
-    /// Brings what was written to the device before something that may take a while.
+    /// Flushes everything to the device, before something that may take long.
     void flush();
 
-    /// Writes the end down. The journal takes no further calls.
+    /// Writes the end. No other call may follow.
     void end(const OperationProgress& progress);
 
 private:
@@ -60,14 +61,14 @@ private:
     bool isFlushed_ = false;
 };
 
-/// What the lines of a journal are told apart by.
+/// The keys that distinguish the lines of a journal.
 struct JournalKeys {
     static constexpr std::string_view version = "lumeoJournal"; ///< first key of the first line
     static constexpr std::string_view files = "files";
     static constexpr std::string_view foreignRoots = "foreignRootURLs";
-    static constexpr std::string_view end = "end"; ///< of the last line of a run: "finished" or "cancelled"
-    static constexpr std::string_view undone = "undone"; ///< of a line added when the run was taken back
-    static constexpr std::string_view dismissed = "dismissed"; ///< of a line added when the user has seen it
+    static constexpr std::string_view end = "end"; ///< in the last line of a run: "finished" or "cancelled"
+    static constexpr std::string_view undone = "undone";       ///< in a line added when the run was undone
+    static constexpr std::string_view dismissed = "dismissed"; ///< in a line added when the user has seen it
 };
 
 inline constexpr std::int64_t journalVersion = 1;

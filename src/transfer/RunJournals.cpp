@@ -28,7 +28,7 @@ FileResult<std::unique_ptr<RunJournal>> RunJournals::begin(const Clock& clock, c
         RunJournal::begin(fileSystem_, clock, folder_, head, files);
     const std::vector<FilePath> all = newestFirst();
     for (std::size_t i = journalsKept; journal && i < all.size(); ++i) {
-        static_cast<void>(fileSystem_.removeFile(all[i])); // one too many does no harm
+        static_cast<void>(fileSystem_.removeFile(all[i])); // an extra journal does no harm
     }
     return journal;
 }
@@ -76,7 +76,7 @@ std::optional<RunEntry> RunJournals::entry(const FilePath& journal) const {
     entry.isComplete = summary->head.isCancelled == false;
     entry.isDismissed = summary->isDismissed;
     if (entry.state == RunState::unfinished) {
-        const auto lock = fileSystem_.lock(journal); // which the run itself holds as long as it works
+        const auto lock = fileSystem_.lock(journal); // the run itself holds this lock while it works
         entry.isRunning = !lock && lock.error().errnoValue == EWOULDBLOCK;
     }
     const bool isBegun = entry.state != RunState::unfinished || entry.isRunning || summary->hasRecords;
@@ -99,7 +99,7 @@ FileResult<void> RunJournals::mark(const FilePath& journal, std::string_view key
     if (!file) {
         return file.error();
     }
-    // On a line of its own, even behind one that was cut short.
+    // The line starts with a line feed, because the line before it may be cut short.
     const std::string line = "\n{\"" + std::string(key) + "\":true}\n";
     if (FileResult<void> written = (*file)->write(std::as_bytes(std::span(line))); !written) {
         return written;

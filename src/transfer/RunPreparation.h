@@ -15,16 +15,16 @@
 
 namespace lumeo {
 
-/// What a run needs before its first file: its archive, and the journal that it keeps on disk.
+/// What a run needs before its first file: its archive, and its journal on disk.
 struct PreparedRun {
     ArchiveHold archive;
     OperationManifest head;              ///< the journal without records
-    std::unique_ptr<RunJournal> journal; ///< null in a copy that has to do without
-    std::string journalProblem;          ///< why, for a person; empty when there is one
+    std::unique_ptr<RunJournal> journal; ///< null for a copy without a journal
+    std::string journalProblem;          ///< why there is no journal, for a person; empty when there is one
 };
 
-/// Takes hold of the plan's archive and begins the journal of a run over `files` files. `device` is what
-/// deviceUnder() gave when the destination was chosen. The plan must have a destination.
+/// Takes hold of the plan's archive and starts the journal of a run over `files` files. `device` is the
+/// result of deviceUnder() when the destination was chosen. The plan must have a destination.
 Result<PreparedRun, RunRefusal> prepareRun(FileSystem& fileSystem, const Clock& clock,
                                            const RunJournals& journals, const OrganizationPlan& plan,
                                            std::span<const FilePath> sourceRoots, std::int64_t files,

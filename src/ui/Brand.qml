@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// The program's sign and name; the slogan where there is room.
+/// The program's logo and name, and the slogan where there is space.
 RowLayout {
     id: brand
 

@@ -23,7 +23,7 @@ class QSettings;
 
 namespace lumeo {
 
-/// What the program stands on; all must outlive it.
+/// What the program needs from the machine. Everything must outlive it.
 struct Machine {
     FileSystem& fileSystem;
     const Clock& clock;
@@ -33,8 +33,8 @@ struct Machine {
     const RunJournals& journals;
 };
 
-/// The whole program behind its main window: state, models, texts. Main thread only. Destroying it
-/// takes the window away, then stops what is running.
+/// The whole program behind its main window: state, models, texts. Main thread only. The destructor removes
+/// the window first and then stops the running jobs.
 class Program {
 public:
     /// `engine` must outlive the program.
@@ -43,7 +43,8 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    /// Makes the main window, not yet shown; null, with the reasons logged, when its files are broken.
+    /// Creates the main window without showing it. Null, with the reasons in the log, when its files are
+    /// broken.
     [[nodiscard]] QQuickWindow* makeWindow();
 
     [[nodiscard]] AppState& state() { return state_; }

@@ -21,7 +21,7 @@ ButtonBase {
     text: qsTrId(labelKey)
     symbol: symbolName
     enabled: isReachable
-    // A step that lies ahead is quiet by its colours; its name is to be read all the same.
+    // A later step looks quiet by its colours. It stays fully opaque, because its name must be readable.
     opacity: 1
     padding: Theme.s4
     horizontalPadding: 2
@@ -78,7 +78,7 @@ ButtonBase {
                 Symbol {
                     anchors.centerIn: parent
                     name: button.showsCheckmark ? "checkmark" : button.symbol
-                    // The check mark fills three quarters of its square: 11 to be seen.
+                    // The check mark fills three quarters of its square, so a size of 15 looks like 11.
                     size: button.showsCheckmark ? 15 : 16
                     bold: button.showsCheckmark
                     color: button.isCurrent || button.isCompleted ? Theme.onFilled : Theme.tint(button.tint)

@@ -9,7 +9,7 @@
 namespace lumeo {
 namespace {
 
-/// In a folder that no other user can write to.
+/// The folder is one that no other user can write to.
 QString socketAddress(const QString& name) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     return folder.isEmpty() ? QString() : folder + u'/' + name;
@@ -23,7 +23,7 @@ int millisecondsLeft(const QDeadlineTimer& deadline) {
 
 SingleInstance::SingleInstance(const QString& name, QObject* parent)
     : QObject(parent), address_(socketAddress(name)), lock_(address_ + QStringLiteral(".lock")) {
-    lock_.setStaleLockTime(0); // held as long as its program runs
+    lock_.setStaleLockTime(0); // held as long as the program runs
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, [this] {
         while (auto* visitor = server_.nextPendingConnection()) {
@@ -42,7 +42,8 @@ bool SingleInstance::claim(const Start& start, std::chrono::milliseconds patienc
         const bool isAnotherOneThere = lock_.error() == QLockFile::LockFailedError;
         return !isAnotherOneThere || !tell(start, patience);
     }
-    // What is left there belongs to a program that has ended. Where no address can be had, two may run.
+    // A socket that exists now was left by a program that has ended. If listening fails, a second instance
+    // may start.
     QLocalServer::removeServer(address_);
     std::ignore = server_.listen(address_);
     return true;
@@ -56,11 +57,11 @@ bool SingleInstance::tell(const Start& start, std::chrono::milliseconds patience
         if (deadline.hasExpired()) {
             return false;
         }
-        QThread::msleep(20); // it has the lock, and will listen in a moment
+        QThread::msleep(20); // it has the lock and will listen soon
         first.connectToServer(address_);
     }
     QDataStream(&first) << start.showsSettings << start.activationToken;
-    // A program that hangs can be connected to: only its answer shows that it has heard.
+    // A hanging program still accepts connections. Only its answer shows that it has received the message.
     return first.waitForBytesWritten(millisecondsLeft(deadline)) &&
            first.waitForReadyRead(millisecondsLeft(deadline));
 }

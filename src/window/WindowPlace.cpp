@@ -24,7 +24,7 @@ WindowPlace::WindowPlace(QWindow& window, QSettings& settings, QObject* parent)
     : QObject(parent), window_(window), settings_(settings) {
     restore();
     place_ = window_.geometry();
-    // The window system may tell of the new size before it tells that the window fills the screen.
+    // The window system may report the new size before it reports that the window fills the screen.
     settled_.setSingleShot(true);
     settled_.setInterval(300);
     connect(&settled_, &QTimer::timeout, this, &WindowPlace::note);
@@ -46,7 +46,7 @@ void WindowPlace::restore() {
     const QRect place = settings_.value(placeKey()).toRect();
     const auto screens = QGuiApplication::screens();
     const bool isInSight = std::ranges::any_of(screens, [&](const QScreen* screen) {
-        // Enough of the title bar to take hold of it.
+        // Enough of the title bar must be visible to drag the window by it.
         return screen->availableGeometry().intersects(place.adjusted(40, 0, -40, 40 - place.height()));
     });
     if (place.isValid() && isInSight) {

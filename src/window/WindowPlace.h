@@ -9,12 +9,12 @@ class QWindow;
 
 namespace lumeo {
 
-/// Remembers from one start to the next where a window stood and how large it was.
+/// Remembers the position and size of a window between starts.
 class WindowPlace : public QObject {
     Q_OBJECT
 
 public:
-    /// Puts the window where it was, if a screen is there still. Both must outlive this object.
+    /// Puts the window where it was, if a screen is still there. Both must outlive this object.
     WindowPlace(QWindow& window, QSettings& settings, QObject* parent = nullptr);
     ~WindowPlace() override; ///< stores the place
 

@@ -17,7 +17,7 @@
 namespace lumeo {
 namespace {
 
-/// A settings file of its own; restart() is the next life of the program.
+/// Each test has its own settings file. restart() stands for the next start of the program.
 class PreferencesTest : public testing::Test {
 protected:
     void restart() {

@@ -17,18 +17,18 @@
 namespace lumeo {
 namespace {
 
-/// A file as it was: its content and all that the system says of it.
+/// The content of a file and everything that the system tells about it.
 struct Snapshot {
     FileStatus status;
     std::string digest;
     friend bool operator==(const Snapshot&, const Snapshot&) = default;
 };
 
-/// A made library taken through a scan, a plan and a run, and looked at in between.
+/// Takes a made library through a scan, a plan and a run, and checks the files after each step.
 class ArchiveTest : public testing::Test {
 protected:
-    /// The suite makes do with a library that shows every kind of file many times over; by hand more can be
-    /// asked for.
+    /// The suite uses a library that has every kind of file many times. A larger one can be requested by
+    /// hand.
     static int fileCount() {
         const char* const wanted = std::getenv("LUMEO_ARCHIVE_FILES");
         return wanted == nullptr ? 2000 : std::atoi(wanted);
@@ -89,7 +89,7 @@ protected:
         return files;
     }
 
-    /// Each item against what is known of its file; every file must have its item.
+    /// Compares each item with what is known about its file. Every file must have its item.
     void expectItemsAsMade() const {
         std::map<FilePath, MadeMedia> missing = library_->media;
         for (const MediaItem& item : items_) {
@@ -106,8 +106,8 @@ protected:
                                      << missing.begin()->first.displayText();
     }
 
-    /// Each destination against the rules of the archive, told once more in the plainest way: the first
-    /// to come gets the name, the next ones a number from 2.
+    /// Compares each destination with the rules of the archive, written here in their simplest form: the
+    /// first file gets the name, and the next ones get a number from 2.
     void expectDestinationsAsKnown(std::set<FilePath> taken) const {
         for (const MediaItem& item : items_) {
             const FilePath folder =

@@ -20,7 +20,7 @@ std::string digits(int value, int width = 2) {
            plain;
 }
 
-/// "20210314", each field parted from the next by `separator`.
+/// "20210314", with `separator` between the fields.
 std::string dayText(const WallTime& time, const std::string& separator) {
     return digits(time.year) + separator + digits(time.month) + separator + digits(time.day);
 }
@@ -33,7 +33,7 @@ std::string exifText(const WallTime& time) {
     return dayText(time, ":") + " " + clockText(time, ":");
 }
 
-/// As cameras count: "IMG_0042.JPG".
+/// A name as cameras number their files: "IMG_0042.JPG".
 std::string counted(const std::string& prefix, int number, const std::string& extension) {
     return prefix + digits(number % filesAFolder, 4) + extension;
 }
@@ -76,7 +76,7 @@ MadeLibrary::MadeLibrary(FileSystem& fileSystem, const FilePath& root, int fileC
         folder_ = source.appending("DCIM/" + std::to_string(100 + number / filesAFolder) + "MEDIA");
         addMember(number);
     }
-    // Deeper than any path that the system takes in one piece, with a name that leaves room for "_2" alone.
+    // The path is longer than the system accepts in one call. The name leaves room only for "_2".
     folder_ = disk;
     for (char level = 'a'; level < 'z'; ++level) {
         folder_ = folder_.appending(std::string(200, level));
@@ -84,7 +84,7 @@ MadeLibrary::MadeLibrary(FileSystem& fileSystem, const FilePath& root, int fileC
     addDatedPhoto(std::string(249, 'x').append(".JPG"));
     folder_ = lone.parent();
     addDatedPhoto(std::string(lone.lastComponent()));
-    --counters.totalScannedCount; // no part of a walked folder
+    --counters.totalScannedCount; // not part of a walked folder
     counters.isCompleted = true;
 }
 
@@ -101,7 +101,7 @@ void MadeLibrary::addMember(int number) {
                     tinyJpeg(), fact(MediaType::photo, DateSourceType::filename, time));
     case 1:
         return keep(counted("scan ", number, ".png.jpg"), tinyJpeg(), {});
-    case 2: // a day alone stands for its noon
+    case 2: // a date without a time means noon
         time = {time.year, time.month, time.day, 12, 0, 0};
         return keepWhole(dayText(time, "-") + counted(" ", number, ".heic"),
                          number % 40 == 2 ? "" : padded("no picture"),
@@ -145,7 +145,7 @@ void MadeLibrary::addDatedPhoto(const std::string& name) {
     const WallTime time = someTime();
     TinyPhoto photo;
     photo.dateTimeOriginal = exifText(time);
-    photo.dateTime = "2024:12:24 18:00:00"; // edited later: not when it was taken
+    photo.dateTime = "2024:12:24 18:00:00"; // the date of an edit, not of the photo
     photo.make = "Maker";
     photo.model = "Model " + std::to_string(upTo(5));
     lastPhoto_ = padded(tinyJpeg(photo));
@@ -179,14 +179,14 @@ void MadeLibrary::keepWhole(const std::string& name, const std::string& content,
 void MadeLibrary::write(const std::string& name, const std::string& content) {
     const FilePath path = folder_.appending(name);
     static_cast<void>(fileSystem_.createFolders(path.parent()));
-    auto file = fileSystem_.createFile(path, FileAccess::everyone); // a name must not come twice
+    auto file = fileSystem_.createFile(path, FileAccess::everyone); // no name may occur twice
     if (!file || !(*file)->write(std::as_bytes(std::span(content)))) {
         throw std::runtime_error("a file of the library cannot be made: " + path.displayText());
     }
 }
 
-/// Bytes that no reader looks at, so that sizes and contents differ from file to file; now and then more
-/// than is copied in one piece.
+/// Adds bytes that no reader looks at, so that sizes and contents differ from file to file. Some files are
+/// larger than the chunk of a copy.
 std::string MadeLibrary::padded(std::string content) {
     const std::size_t padding = upTo(400) == 0 ? (1U << 20U) + upTo(1U << 20U) : upTo(4096);
     while (content.size() % 4 != 0 || content.size() < padding) {

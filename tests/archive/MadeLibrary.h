@@ -13,7 +13,7 @@
 
 namespace lumeo {
 
-/// What a scan is to say of one file of a made library, and where the file belongs.
+/// What a scan should report about one file of a made library, and the folder where the file belongs.
 struct MadeMedia {
     MediaType mediaType = MediaType::photo;
     DateSourceType dateSource = DateSourceType::unknown;
@@ -22,10 +22,11 @@ struct MadeMedia {
     std::int64_t size = 0;
 };
 
-/// A library as people have them, with the answers known beforehand: dates in metadata, in names and
-/// nowhere; what is no media; housekeeping, hidden files and links; names of any bytes; counters of
-/// cameras that began anew in each folder, so that names meet in the archive; copies of the same file.
-/// The same count makes the same library. Keep the time zone as it was when it was made.
+/// A library as people have them, whose correct results are known. It has dates in metadata, dates in names,
+/// and files without a date. It has files that are not media, system files, hidden files and links, and names
+/// with any bytes. Camera counters that start again in each folder make names collide in the archive. Some
+/// files are copies of others. The same count makes the same library. The time zone must stay what it was
+/// when the library was made.
 class MadeLibrary {
 public:
     /// Makes about `fileCount` files below `root`.
@@ -34,10 +35,10 @@ public:
     /// A folder, a link to a folder, and a single file.
     std::vector<FilePath> sources;
 
-    /// By location, as a walk from its source gives it.
+    /// By location, as a walk from the source gives it.
     std::map<FilePath, MadeMedia> media;
 
-    /// Counters alone: no name, no duration, as at the end.
+    /// Only the counters, as at the end: no name, no duration.
     ScanProgress counters;
 
 private:
@@ -45,10 +46,10 @@ private:
     void addDatedPhoto(const std::string& name);
     void addLink(const std::string& name, const char* target);
 
-    /// A file whose content begins with `content` counts as media; it differs from all others.
+    /// Writes a media file whose content starts with `content`. It differs from all other files.
     void keep(const std::string& name, const std::string& content, MadeMedia fact);
     void keepWhole(const std::string& name, const std::string& content, MadeMedia fact);
-    /// A file that is no media.
+    /// Writes a file that is not media.
     void write(const std::string& name, const std::string& content);
     std::string padded(std::string content);
     WallTime someTime();

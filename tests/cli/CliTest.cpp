@@ -35,8 +35,8 @@ struct Outcome {
 
 enum class Reader : std::uint8_t { reads, isGone, hasNoRoom };
 
-/// A run of the real program, its standard input closed, as a script would start it, with preferences and
-/// journals of its own.
+/// A run of the real program as a script would start it: its standard input is closed, and it has its own
+/// preferences and journals.
 class Process {
 public:
     Process(const std::vector<std::string>& arguments, const FilePath& preferences, Reader reader);
@@ -230,7 +230,7 @@ TEST_F(Cli, TakesTheLastRunBackByTheJournalThatItKeptItself) {
     EXPECT_EQ(jsonLines(run({"runs", "--json"}).out)[0].at("state"), "undone");
     EXPECT_EQ(run({"undo", "--yes"}).status, 2) << "nothing is left to undo";
 
-    // A move is not begun without a journal, and a copy says that it has none.
+    // A move does not start without a journal. A copy reports that it has none.
     const FilePath blocked = archive_.write("blocked", "no folder");
     EXPECT_EQ(
         lumeoCli(words({"organize", "SOURCE", "--to", "DEST", "--mode", "move", "--yes"}), blocked).status,
@@ -308,7 +308,7 @@ TEST_F(Cli, AMoveThatALogoutEndsStopsCleanlyAndCanBeTakenBack) {
     }
 }
 
-/// Each of these hung, crashed or starved a decoder library.
+/// Each of these files made a decoder library hang, crash or run out of memory.
 TEST_F(Cli, BringsHomeFilesThatAttackInTheMiddleOfARun) {
     const TempFolder card;
     TinyPhoto dated;
@@ -379,7 +379,7 @@ TEST_F(Cli, WrongUsageIsToldAndTouchesNothing) {
 }
 
 TEST_F(Cli, AFailedFileGivesStatusOneAndItsReason) {
-    // The year's folder cannot be made where a file of that name stands.
+    // The year's folder cannot be created, because a file has its name.
     archive_.write("Archive/2021", "in the way");
     const Outcome outcome = run({"organize", "SOURCE", "--to", "DEST"});
     EXPECT_EQ(outcome.status, 1);

@@ -9,7 +9,7 @@
 namespace lumeo {
 namespace {
 
-/// The wall time that a name's date shows; all zero when the name has no date.
+/// The wall time of a name's date. All fields are zero when the name has no date.
 WallTime wallTimeIn(std::string_view name) {
     const std::optional<Instant> date = FilenameDateParser::parseDate(name);
     return date ? LocalCalendar::components(*date) : WallTime{};
@@ -67,11 +67,11 @@ TEST(FilenameDateParserTest, passesOverWhatIsNoPlausibleDate) {
 }
 
 TEST(FilenameDateParserTest, onlyTheFirstMatchOfAPatternCounts) {
-    // The first match of the separated form is out of range; the compact one comes next.
+    // The first match of the separated form is out of range, so the compact form is tried next.
     EXPECT_EQ(wallTimeIn("2050-01-01_10-00-00 20210314_153045.jpg"), afternoon);
     EXPECT_EQ(wallTimeIn("2050-01-01_10-00-00 2021-03-14_15-30-45.jpg"), none);
     EXPECT_EQ(wallTimeIn("2050-01-01 2021-03-14.jpg"), none);
-    // A time wins over a day that stands before it.
+    // A date with a time wins over a date alone that comes before it.
     EXPECT_EQ(wallTimeIn("2019-01-01 IMG_20210314_153045.jpg"), afternoon);
 }
 
@@ -85,7 +85,7 @@ TEST(FilenameDateParserTest, findsDatesBesideBytesThatAreNoText) {
     EXPECT_EQ(wallTimeIn("\xF0\x9F IMG_20210314_153045\xC3.jpg"), afternoon);
     EXPECT_EQ(wallTimeIn("\xE9\xE8 2021\xE9 03 14 99.jpg"), none);
     EXPECT_EQ(wallTimeIn(std::string(4096, '\xFF').append("20210314_153045.jpg")), afternoon);
-    // Digits of other scripts for the time fall back: noon.
+    // A time in digits of other scripts is ignored, so the time is noon.
     EXPECT_EQ(wallTimeIn("2021-03-14 ١٥.٣٠.٤٥.jpg"), noon);
 }
 

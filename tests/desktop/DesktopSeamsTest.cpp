@@ -19,8 +19,8 @@
 namespace lumeo::testing {
 namespace {
 
-/// Stands for the desktop: a portal that answers as it is told, and a file browser that notes what it
-/// is asked for.
+/// Stands for the desktop: a portal that gives the answer of the test, and a file browser that records its
+/// calls.
 class FakeDesktop : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
@@ -148,7 +148,7 @@ TEST(DesktopFolderChooserTest, SaysNothingMoreOnceItIsGone) {
     EXPECT_EQ(answers.count, 0);
 }
 
-/// Windows over which dialogs of the toolkit can be shown.
+/// Windows that can show Qt's own dialogs.
 class ToolkitDialogTest : public ::testing::Test {
 protected:
     ToolkitDialogTest() {
@@ -156,7 +156,7 @@ protected:
         window_.show();
     }
 
-    /// The dialog that has come up for `asker`; null when there is none after a while.
+    /// The dialog of `asker`. Null when none appears after a while.
     static QObject* dialogOf(const QObject& asker) {
         QObject* dialog = nullptr;
         std::ignore = waitUntil([&] {
@@ -221,7 +221,7 @@ TEST(DesktopSavePanelTest, TakesTheNameThatTheUserConfirmed) {
     EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("current_name")), saving.defaultName);
 }
 
-/// Stands for a dock that listens to the programs whose icons it shows.
+/// Stands for a dock that shows the progress of programs on their icons.
 class FakeDock : public QObject {
     Q_OBJECT
 
@@ -250,7 +250,7 @@ TEST(LauncherProgressTest, TellsTheDockOfEachPercentAndTakesTheBarAway) {
     const FakeDock dock;
     {
         LauncherProgress progress(QStringLiteral("org.lumeo.Lumeo"));
-        progress.show(std::nullopt); // nothing was shown, so nothing is to be taken away
+        progress.show(std::nullopt); // nothing was shown, so nothing is removed
         progress.show(0);
         progress.show(0.254);
         progress.show(0.2599);
@@ -317,7 +317,7 @@ private:
     std::vector<Setting> settings_;
 };
 
-/// What a desktop with these settings says of motion once all are known, and after each change.
+/// What DesktopMotion reports for these settings once all are known, and after each change.
 QList<bool> reductions(const std::vector<Setting>& settings, const std::vector<Setting>& changes) {
     FakeSettings desktop(settings);
     QList<bool> answers;
@@ -339,7 +339,7 @@ TEST(DesktopMotionTest, FollowsTheDesktopsSwitchAndItsFactor) {
               (QList<bool>{true, false, true}));
     EXPECT_EQ(reductions({durationFactor("1")}, {durationFactor("0"), durationFactor("0.5")}),
               (QList<bool>{false, true, false}));
-    // Whichever is asked last, one that wants less motion is enough.
+    // The order of the questions does not matter: one setting that asks for less motion is enough.
     EXPECT_EQ(reductions({animations(true), durationFactor("0")}, {durationFactor("1")}),
               (QList<bool>{true, false}));
     EXPECT_EQ(reductions({animations(false), durationFactor("1")}, {animations(true)}),

@@ -48,7 +48,7 @@ TEST_F(StreamingHashServiceTest, TellsTheFilesOwnErrorWithoutAskingForCancellati
     EXPECT_EQ(std::get<FileError>(hash(folder.path(), fails).error()).errnoValue, EISDIR);
 
     const FilePath file = folder.write("file", std::string(3 * mebibyte, 'x'));
-    disk.failCall(disk.callCount() + 3, EIO); // opened, read, and read on
+    disk.failCall(disk.callCount() + 3, EIO); // opened, read, read again
     EXPECT_EQ(std::get<FileError>(hash(file).error()), (FileError{FileAction::read, file, EIO}));
 }
 
@@ -59,7 +59,7 @@ TEST_F(StreamingHashServiceTest, StopsAtTheNextChunkAndAtTheEnd) {
     const FilePath file = folder.write("file", std::string(3 * mebibyte, 'x'));
     int asked = 0;
     EXPECT_EQ(hash(file, [&] { return ++asked == 2; }).error(), cancelled);
-    EXPECT_EQ(disk.callCount(), 2U + 3U); // both opened, the empty file's end and two chunks read
+    EXPECT_EQ(disk.callCount(), 2U + 3U); // both opened, the end of the empty file and two chunks read
 }
 
 } // namespace

@@ -44,7 +44,7 @@ TEST(AppLanguage, NamesItselfAndItsFlag) {
     EXPECT_EQ(menu.removeDuplicates(), 0);
 }
 
-/// A settings file of its own, opened anew for each life of the program.
+/// Each test has its own settings file, which is opened again for each start of the program.
 class LocalizationManagerTest : public testing::Test {
 protected:
     [[nodiscard]] QString settingsFile() const {

@@ -33,7 +33,7 @@ QString look(const char* key, AppLanguage language) {
     return LocalizationStrings::text(QString::fromLatin1(key), language);
 }
 
-/// Every list of every language.
+/// Runs for every list of every language.
 class EachList : public testing::TestWithParam<std::tuple<AppLanguage, bool>> {
 protected:
     [[nodiscard]] static AppLanguage language() { return std::get<0>(GetParam()); }
@@ -52,8 +52,8 @@ TEST_P(EachList, HasEachKeyOnceAndATextForIt) {
     }
 }
 
-// What a translator must not lose: names, bullets and line feeds, the braces of the tags, and the dots
-// that say that a button asks something before it acts.
+// What a translation must keep: names, bullets and line feeds, the braces of the tags, and the dots on a
+// button that asks something before it acts.
 TEST_P(EachList, KeepsWhatNoLanguageTranslates) {
     static const std::array fixed{
         "LUMEO.",

@@ -21,7 +21,7 @@ using namespace std::string_literals;
 
 constexpr auto big = bigEndianBytes;
 
-/// What `look` finds in a file of these bytes.
+/// What `look` finds in a file with these bytes.
 template<class Look>
 auto in(const std::string& bytes, Look look) {
     BytesFile file(bytes);
@@ -36,7 +36,7 @@ TEST(Bounds, AWindowShowsTheLastByteOfAFileAndNoneBehindIt) {
         bytes.back() = 'z';
         for (const std::size_t from : {std::size_t{0}, size / 2, size - 1}) {
             in(bytes, [&](FileWindow& window) {
-                for (int again = 0; again < 2; ++again) { // read, then from the buffer
+                for (int again = 0; again < 2; ++again) { // from the file, then from the buffer
                     EXPECT_FALSE(window.view(from, size - from + 1)) << size << ' ' << from;
                     const auto rest = window.view(from, size - from);
                     EXPECT_TRUE(rest && rest->back() == 'z') << size << ' ' << from;
@@ -55,8 +55,8 @@ TEST(Bounds, AWindowShowsTheLastByteOfAFileAndNoneBehindIt) {
     });
 }
 
-/// Each structure is found where its last byte is there, and not where that one is missing or its own length
-/// leaves it out.
+/// Each structure is found when its last byte is there. It is not found when this byte is missing, or when
+/// the structure's own length excludes it.
 TEST(Bounds, AStructureIsThereWithItsLastByteAndNotWithoutIt) {
     const auto field = [](std::size_t size, std::size_t within) {
         return [=](FileWindow& window) {
@@ -117,7 +117,7 @@ TEST(Bounds, AStructureIsThereWithItsLastByteAndNotWithoutIt) {
     EXPECT_FALSE(frame(0, 0));
 }
 
-/// The date that stands in the last entry of a directory of so many.
+/// Whether the date is found in the last entry of a directory of this size.
 bool findsDateBehind(std::size_t entries) {
     const TiffMaker tiff;
     std::vector<TiffMaker::Entry> all(entries, tiff.number16(0x0100, 1));
@@ -146,7 +146,7 @@ TEST(Bounds, BoxesAndEntriesHaveCeilings) {
     EXPECT_EQ(walked, mostBoxes);
 }
 
-/// A disk that never fails and never hurries.
+/// A file whose every read succeeds. It counts its reads.
 class SlowFile final : public ReadableFile {
 public:
     FileResult<std::size_t> read(std::span<std::byte> buffer) override { return buffer.size(); }

@@ -28,8 +28,7 @@ constexpr CageLimits limits{.addresses = std::uint64_t{1} << 32U,
                             .memory = std::uint64_t{1} << 30U,
                             .work = std::chrono::seconds(60)};
 
-/// Runs `inside` in a process of its own, behind the walls; what it puts on its standard output is the
-/// result.
+/// Runs `inside` in a process of its own, inside the cage. Returns what it writes to its standard output.
 template<class Inside>
 std::string fromInside(Inside inside) {
     std::array<int, 2> ends{};
@@ -113,7 +112,7 @@ TEST(Cage, EndsWorkThatTakesTooLong) {
     if (child == 0) {
         enterCage(limits);
         limitWork(std::chrono::milliseconds(20));
-        while (std::clock() >= 0) { // for ever
+        while (std::clock() >= 0) { // without end
         }
     }
     int status = 0;

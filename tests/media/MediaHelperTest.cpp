@@ -74,7 +74,7 @@ TEST_F(MediaHelperTest, EndsAHelperThatDiesHangsOrSpeaksUnaskedAndStartsAnother)
     MediaHelper missing(FilePath("/no/such/helper"));
     EXPECT_EQ(durationOf(missing, wave), std::nullopt);
 
-    // The first one speaks before it is asked; the one after it would be right.
+    // The first helper sends something before it is asked. The next one would answer correctly.
     const std::string real = HelperProcess::installed("lumeo-media-helper").value().bytes();
     MediaHelper hasty = scripted("if mkdir '" + (folder() / "once").bytes() +
                                  "'; then head -c 1 /dev/zero; head -c 16 >/dev/null; head -c 64 /dev/zero; "

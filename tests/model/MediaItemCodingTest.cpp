@@ -21,7 +21,7 @@ MediaItem fullItem() {
     item.dateSource = DateSourceType::exifDateTimeOriginal;
     item.dateConfidence = DateConfidence::high;
     item.hasGPS = true;
-    item.fileSize = 9'007'199'254'740'993; // more than a double can hold exactly
+    item.fileSize = 9'007'199'254'740'993; // too large for a double to hold exactly
     item.filesystemCreationDate = day;
     item.filesystemModificationDate = day + std::chrono::microseconds(123'457);
     item.metadataCaptureDate = codedEpoch - std::chrono::hours(100'000);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int64_t gigabyte = 1'000'000'000;
 
-/// One volume, mounted at /media/card, where /link leads too.
+/// One volume, mounted at /media/card. /link leads there too.
 class OneVolume final : public Volumes {
 public:
     FilePath resolved(const FilePath& path) const override {
@@ -78,7 +78,7 @@ TEST_F(SourceVolumeTest, IsNamedAfterItsVolumeElseItsFolderElseItsPathAndKnowsIt
     EXPECT_EQ(measure("/link/DCIM").name, "/link/DCIM");
     EXPECT_TRUE(measure("/link").isVolumeRoot);
     EXPECT_FALSE(measure("/link/DCIM").isVolumeRoot);
-    EXPECT_TRUE(measure("/elsewhere").isVolumeRoot); // nothing is known, so the folder stands for it
+    EXPECT_TRUE(measure("/elsewhere").isVolumeRoot); // nothing is known, so the folder counts as the root
 
     EXPECT_FALSE(measure("/link").isRemovable);
     told().isInternal = false;

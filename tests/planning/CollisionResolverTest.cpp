@@ -59,7 +59,7 @@ protected:
 };
 
 TEST_F(CollisionResolverTest, ShortensANameThatHasNoRoomForItsNumber) {
-    const std::string base = std::string(248, 'a') + "\xC3\xA9"; // two bytes that stay together
+    const std::string base = std::string(248, 'a') + "\xC3\xA9"; // two bytes that must not be separated
     const std::string shorter = std::string(248, 'a');
     EXPECT_THAT(resolveAll({{base + "b.jpg", "one"}, {base + "b.jpg", "two"}, {base + "c.jpg", "three"}}),
                 ElementsAre(base + "b.jpg", shorter + "_2.jpg", base + "c.jpg"));
@@ -119,7 +119,7 @@ TEST_F(CollisionResolverTest, ReadsNothingOnceStopped) {
     EXPECT_THAT(files.opened(), IsEmpty());
 }
 
-/// The rule without any memory: walk the row of names until one is free or identical.
+/// The rule without any memory: try the names one by one until one is free or has the same content.
 std::string resolvePlainly(const MemoryFileSystem& files, const Source& source,
                            std::set<std::string>& planned) {
     std::string candidate = source.name;

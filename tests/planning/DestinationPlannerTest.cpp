@@ -45,7 +45,7 @@ TEST(DestinationPlannerTest, PlacesItemsInOrderAndForgetsTheLastPlan) {
                             "/archive/2025/2025-01 January/2025-01-02/b.jpg"));
 
     plan.preset = OrganizationPreset::custom;
-    plan.customTemplate = "/ /"; // names no folder
+    plan.customTemplate = "/ /"; // does not name a folder
     plan.destinationURL = FilePath("/");
     EXPECT_THAT(planned(),
                 ElementsAre("/_Unknown Date/IMG_1.jpg", "/_Unknown Date/IMG_1_2.jpg", "/b.jpg", "/b_2.jpg"));

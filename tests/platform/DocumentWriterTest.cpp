@@ -31,7 +31,7 @@ TEST(DocumentWriterTest, whicheverCallFailsTheOldDocumentOrTheNewOneIsThereWhole
 
         ASSERT_FALSE(written) << "call " << failing;
         EXPECT_EQ(written.error().errnoValue, EIO);
-        const bool isLastCall = written.error().path == folder.path(); // only the folder's flush was missed
+        const bool isLastCall = written.error().path == folder.path(); // only the folder was not flushed
         EXPECT_EQ(contentOf(path), isLastCall ? "new document" : "old") << "call " << failing;
         EXPECT_EQ(entriesIn(folder.path()), 1U) << "call " << failing;
         calls = isLastCall ? failing : failing + 1;

@@ -29,7 +29,7 @@ TEST(LocalCalendarTest, readsAndComposesInTheZoneOfTheMoment) {
 
 TEST(LocalCalendarTest, givesEveryWallTimeOfAClockChangeAnInstant) {
     const ScopedTimeZone berlin("Europe/Berlin");
-    // On 28 March 2021 02:00 becomes 03:00; on 31 October 03:00 becomes 02:00.
+    // On 28 March 2021 the clock goes from 02:00 to 03:00, and on 31 October from 03:00 back to 02:00.
     const std::optional<Instant> skipped = LocalCalendar::compose({2021, 3, 28, 2, 30, 0});
     ASSERT_TRUE(skipped);
     EXPECT_EQ(LocalCalendar::components(*skipped), (WallTime{2021, 3, 28, 3, 30, 0}));
@@ -65,7 +65,8 @@ TEST(LocalCalendarTest, composesWhatItReadOfAnyInstant) {
             const WallTime wall = LocalCalendar::components(instant);
             const std::optional<Instant> composed = LocalCalendar::compose(wall);
             ASSERT_TRUE(composed) << zone << " " << instant.time_since_epoch().count();
-            // In a repeated hour it may be the other of the two, which shows the same on the wall.
+            // In a repeated hour the result may be the other one of the two instants, which shows the same
+            // wall time.
             EXPECT_TRUE(composed == instant || LocalCalendar::components(*composed) == wall)
                 << zone << " " << instant.time_since_epoch().count();
         }

@@ -20,7 +20,7 @@ std::size_t openDescriptors() {
     return static_cast<std::size_t>(std::distance(first, {}));
 }
 
-/// A walk whose errors are kept, with paths given as they stand below the root.
+/// A walk that keeps its errors. Its paths are relative to the root.
 class Walk {
 public:
     explicit Walk(const FilePath& root) : root_(root) {
@@ -181,7 +181,8 @@ TEST(PosixDirectoryEnumeratorTest, findsItsWayBackUpOrReadsNothingElseInstead) {
         for (; const auto entry = walk.next(); ++rest) {
             EXPECT_NE(entry->first, "planted");
         }
-        // The chain under way to its end; the other one only where it can be reached still.
+        // The walk finishes the chain it is in. It finishes the other chain only if that can still be
+        // reached.
         EXPECT_EQ(rest, rootMovesToo ? 10U : 10U + 61U);
         EXPECT_EQ(walk.errors.size(), rootMovesToo ? 1U : 0U);
     }

@@ -34,7 +34,7 @@ using std::chrono::microseconds;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The reason of a refusal; 0 when there was none.
+/// The errno of a failure. 0 when there was none.
 template<class Value>
 int reasonOf(const FileResult<Value>& result) {
     return result ? 0 : result.error().errnoValue;
@@ -178,7 +178,7 @@ TEST_F(PosixFileSystemTest, aWriterThatComesWhileItIsAskedForEndsNothing) {
     std::atomic<bool> isOver = false;
     std::jthread writer([&] {
         while (!isOver) {
-            static_cast<void>(disk.openForAppending(path)); // breaks a lease that is held this moment
+            static_cast<void>(disk.openForAppending(path)); // breaks a lease that is held at this moment
         }
     });
     for (int asked = 0; asked < 20'000; ++asked) {
@@ -215,7 +215,7 @@ TEST_F(PosixFileSystemTest, createsTheMissingFoldersTellsThemAndRemovesNone) {
     EXPECT_EQ(reasonOf(disk.createFolders(folder / "dangling/a")), EEXIST);
 
     EXPECT_EQ(reasonOf(disk.removeFile(folder.path())), EISDIR);
-    EXPECT_TRUE(disk.flushFolder(FilePath("/proc/self"))); // knows no flush
+    EXPECT_TRUE(disk.flushFolder(FilePath("/proc/self"))); // does not support flushing
     EXPECT_EQ(reasonOf(disk.flushFolder(folder / "none")), ENOENT);
 }
 
@@ -237,13 +237,13 @@ TEST_F(PosixFileSystemTest, doesAllOfItBeyondTheLengthOfAPathText) {
     EXPECT_EQ((*disk.enumerate(deep, {}))->next()->path, to);
     EXPECT_TRUE(disk.removeFile(to));
 
-    // Slashes and single names at the seams of the pieces.
+    // Slashes and single names where the pieces of a path meet.
     EXPECT_TRUE(disk.exists(FilePath(std::string(10'000, '/') + "tmp" + std::string(10'000, '/'))));
     EXPECT_EQ(reasonOf(disk.status(FilePath("/" + std::string(10'000, 'n')))), ENAMETOOLONG);
     EXPECT_EQ(reasonOf(disk.status(folder / (std::string(10'000, 'n') + "/a"))), ENAMETOOLONG);
 }
 
-/// From now on this process cannot make `systemCall`: it fails with `reason`.
+/// Makes `systemCall` fail with `reason` in this process from now on.
 void forbid(unsigned systemCall, unsigned reason) {
     std::array<sock_filter, 4> program{{
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
@@ -258,12 +258,12 @@ void forbid(unsigned systemCall, unsigned reason) {
     }
 }
 
-/// What a file system can do: rename without replacing; else link; else neither.
+/// What a file system supports: renaming without replacing, only links, or neither.
 enum class Ability { all, links, none };
 
 class RenameTest : public PosixFileSystemTest, public testing::WithParamInterface<Ability> {
 protected:
-    /// The reason why a process of its own, with this ability only, could not rename; 0 when it could.
+    /// Renames in a process of its own that has only this ability. Returns the errno of the failure, or 0.
     int reasonOfRename(const FilePath& from, const FilePath& to) {
         const pid_t child = fork();
         if (child == 0) {

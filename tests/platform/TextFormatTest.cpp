@@ -17,7 +17,7 @@ using testing::HasSubstr;
 
 const Instant moment = sys_days(2021y / 3 / 14) + 15h + 30min + 45s;
 
-/// Lets one locale rule, whatever the tests are started with.
+/// Sets one locale, whatever the locale of the test run is.
 struct ScopedLocale {
     explicit ScopedLocale(const char* name) : all("LC_ALL", name) {}
     ScopedEnvironment all;

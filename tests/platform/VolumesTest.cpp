@@ -9,8 +9,8 @@
 namespace lumeo {
 namespace {
 
-/// A machine whose mount table and devices are folders of ours. Its mounts lie below the temporary
-/// folder, under numbers that no kernel has given.
+/// A machine whose mount table and devices are folders of the test. Its mounts are below the temporary folder
+/// and have numbers that no kernel has given.
 class VolumesTest : public testing::Test {
 protected:
     FilePath folder(std::string_view relative) const {
@@ -21,7 +21,7 @@ protected:
         folder(FilePath(std::string(name)).parent().bytes());
         std::filesystem::create_symlink(target, (folder_ / name).bytes());
     }
-    /// A mount at `point`, which stands as the kernel writes it.
+    /// A mount at `point`, in the form in which the kernel writes it.
     void mount(std::string_view device, std::string_view point, std::string_view type,
                std::string_view source) {
         table_ += std::to_string(nextId_++) + " 1 " + std::string(device) + " / " + folder_.path().bytes() +
@@ -29,7 +29,7 @@ protected:
                   std::string(source) + " rw\n";
         folder_.write("proc/self/mountinfo", table_);
     }
-    /// A disk with one partition, `path` below the kernel's folder of devices.
+    /// A disk with one partition. `path` is below the kernel's folder of devices.
     void disk(const std::string& path, std::string_view number, std::string_view partition) {
         const std::string device = "sys/devices/" + path;
         folder_.write(device + "/removable", "0\n");
@@ -113,7 +113,7 @@ TEST_F(VolumesTest, SeesTheDiskBelowEncryptionAndTheLabelAboveIt) {
     link("dev/mapper/luks-1", "../dm-0");
     link("dev/disk/by-label/Fam\\x2filie\\x20\xC3\xA9\\x", "../../dm-0");
     link("dev/disk/by-label/another", "../../sdb1");
-    // btrfs gives no device number, only the name that it was mounted by.
+    // btrfs gives no device number, only the name of the mounted device.
     mount("0:51", "/encrypted", "btrfs", "/dev/mapper/luks-1");
 
     const VolumeFacts facts = factsOf("encrypted/subvolume");

@@ -15,7 +15,8 @@
 namespace lumeo {
 namespace {
 
-/// A scan of files of no supported type, so that each one is published, in a thread of its own.
+/// Scans files of unsupported types in a thread of its own. The scanner publishes its progress after each
+/// such file.
 class MediaScannerControlTest : public testing::Test {
 protected:
     static constexpr int fileCount = 12;
@@ -27,7 +28,7 @@ protected:
         }
     }
 
-    /// Gives the final counters.
+    /// Returns the final counters.
     ScanProgress scan(const OnFile& onFile = {}) {
         ScanProgress last;
         scanner_.scan(
@@ -42,7 +43,7 @@ protected:
         return last;
     }
 
-    /// Starts a scan that pauses itself after three files; returns when it has.
+    /// Starts a scan that pauses itself after three files. Returns when it has paused.
     std::future<ScanProgress> scanPausedAfterThree() {
         return std::async(std::launch::async, [this] {
             return scan([this](std::int64_t files) {
@@ -69,7 +70,7 @@ protected:
 TEST_F(MediaScannerControlTest, KeepsItsPlaceWhilePaused) {
     auto scanning = scanPausedAfterThree();
     hasPaused_->wait();
-    std::this_thread::sleep_for(std::chrono::milliseconds(5)); // room to go wrong
+    std::this_thread::sleep_for(std::chrono::milliseconds(5)); // gives a fault time to show
     mayGoOn_ = true;
     scanner_.resume();
     const ScanProgress end = scanning.get();

@@ -5,8 +5,8 @@
 
 namespace lumeo {
 
-/// Hands `read` what may be left of a file: `whole` cut short at every byte, and with every byte replaced
-/// by each of `wrong` in turn and once by one that differs in a single bit.
+/// Calls `read` with damaged versions of a file. `whole` is cut short at every byte. Every byte is replaced
+/// by each of `wrong`, and once by a byte that differs in a single bit.
 template<class Read>
 void damageEverywhere(std::string_view whole, std::string_view wrong, Read read) {
     for (std::size_t at = 0; at < whole.size(); ++at) {

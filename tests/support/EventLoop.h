@@ -9,8 +9,8 @@
 
 namespace lumeo::testing {
 
-/// Lets the event loop of this thread run until `condition` holds; false when that takes longer than
-/// any healthy program needs.
+/// Runs the event loop of this thread until `condition` holds. False when that takes longer than a healthy
+/// program needs.
 template<class Condition>
 [[nodiscard]] bool waitUntil(Condition condition) {
     const QDeadlineTimer deadline(std::chrono::seconds(60));

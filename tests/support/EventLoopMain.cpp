@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-// Tests of what needs an event loop.
+// Runs tests that need an event loop.
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);

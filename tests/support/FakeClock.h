@@ -6,7 +6,7 @@
 
 namespace lumeo {
 
-/// A clock that stands still until a test moves it. Any thread may move and read it.
+/// A clock that only moves when a test moves it. Any thread may move and read it.
 class FakeClock final : public Clock {
 public:
     explicit FakeClock(Instant start = codedEpoch) : start_(start) {}

@@ -11,7 +11,7 @@
 
 namespace lumeo {
 
-/// Holds the jobs' threads at some of the disk's calls until it is opened or goes out of scope.
+/// Blocks the threads of jobs at certain calls of the disk until it is opened or destroyed.
 class Gate {
 public:
     using Which = std::function<bool(const DiskCall&)>;

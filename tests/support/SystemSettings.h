@@ -8,7 +8,7 @@
 
 namespace lumeo {
 
-/// Makes another time zone the user's while it lives. For tests with one thread.
+/// Sets the user's time zone as long as it exists. For tests with one thread.
 class ScopedTimeZone {
 public:
     explicit ScopedTimeZone(const char* name);
@@ -20,7 +20,7 @@ private:
     std::unique_ptr<icu::TimeZone> before_;
 };
 
-/// Gives an environment variable another value while it lives, or none. For tests with one thread.
+/// Sets or removes an environment variable as long as it exists. For tests with one thread.
 class ScopedEnvironment {
 public:
     ScopedEnvironment(std::string name, const char* value);

@@ -26,7 +26,7 @@ TempFolder::TempFolder(const FilePath& parent) {
 }
 
 TempFolder::~TempFolder() {
-    // std::filesystem runs out of descriptors in the depths that some tests build.
+    // std::filesystem runs out of descriptors in the deep trees that some tests build.
     std::vector<DirectoryEntry> found;
     if (const auto walk = PosixFileSystem().enumerate(path_, {})) {
         while (std::optional<DirectoryEntry> entry = (*walk)->next()) {

@@ -5,7 +5,8 @@
 
 namespace lumeo::testing {
 
-/// Collects what is warned of while it lives, such as QML's complaints about bindings. One at a time.
+/// Collects the warnings that are logged as long as it exists, such as QML's warnings about bindings. Only
+/// one may exist at a time.
 class Warnings {
 public:
     Warnings() {

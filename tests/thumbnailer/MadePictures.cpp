@@ -21,7 +21,7 @@ std::string u16(std::uint64_t value) {
     return bigEndianBytes(value, 2);
 }
 
-/// A box that begins with a version and flags, both 0.
+/// A box that starts with a version and flags, both 0.
 std::string fullBox(std::string_view type, const std::string& content) {
     return movieBox(type, u32(0) + content);
 }

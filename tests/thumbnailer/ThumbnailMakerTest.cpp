@@ -19,7 +19,8 @@ protected:
         const auto file = PosixFileSystem().openForReading(folder_.write(name, content));
         return ThumbnailMaker::make(**file, name.ends_with(".nef"), pixels);
     }
-    /// "red" or "blue", whichever the picture is more of at a point given in shares of its sides.
+    /// "red" or "blue", whichever is stronger at a point. The point is given as shares of the picture's
+    /// sides.
     static std::string_view colourAt(const QImage& picture, double x, double y) {
         const QColor colour =
             picture.pixelColor(static_cast<int>(picture.width() * x), static_cast<int>(picture.height() * y));
@@ -59,7 +60,7 @@ TEST_F(ThumbnailMakerTest, ShowsThePreviewOfARawFileAsTheCameraLay) {
     EXPECT_EQ(turned.size(), QSize(60, 80));
     EXPECT_EQ(colourAt(turned, 0.5, 0.25), "blue");
     EXPECT_EQ(make("heaps.nef", crwFile(crwHeap({{0x2007, jpeg}}))).size(), QSize(80, 60));
-    // A preview that tells its own orientation is not turned twice.
+    // A preview with its own orientation is not turned twice.
     EXPECT_EQ(make("own.nef", rawAround(withOrientation(jpeg, 8), 8)).size(), QSize(60, 80));
 }
 

@@ -3,8 +3,8 @@
 #include <iostream>
 #include <iterator>
 
-/// Prints the CSV of a run over the paths that stand on the input, each ended by a NUL. The path is its
-/// own destination and error text.
+/// Reads paths from the input, each ended by a NUL, and prints the CSV of a run over them. Each path is also
+/// its own destination and error text.
 int main() {
     const std::string input(std::istreambuf_iterator<char>(std::cin), {});
     lumeo::OperationManifest manifest;

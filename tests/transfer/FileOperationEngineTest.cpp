@@ -89,7 +89,7 @@ TEST_F(FileOperationEngineTest, TakesTheFirstOfEachDuplicateGroupUnlessAllAreWan
     EXPECT_EQ(world.archiveFiles(), (std::vector<std::string>{"0.jpg", "1.jpg"}));
 
     plan.duplicatePolicy = DuplicatePolicy::keepAll;
-    EXPECT_EQ(run(plan).items.size(), 3U); // the one without a destination has no record
+    EXPECT_EQ(run(plan).items.size(), 3U); // the item without a destination has no record
     EXPECT_EQ(world.archiveFiles(), (std::vector<std::string>{"0.jpg", "1.jpg", "2.jpg"}));
 }
 
@@ -104,7 +104,7 @@ TEST_F(FileOperationEngineTest, PublishesEveryTenthFileOrAfterAWhileWithRatesAnd
             clock.advance(500ms);
         }
     });
-    engine.cancel(); // of no run
+    engine.cancel(); // when no run is active
     run(world.plan(OperationMode::copy));
     std::vector<std::int64_t> counts;
     for (const OperationProgress& progress : published) {

@@ -29,7 +29,7 @@ void PowerLoss::note(const DiskCall& call) {
             unflushedContents_.insert(call.newPath);
         }
     } else if (call.operation == "removeFile") {
-        // Without its record nobody would know where the file came from.
+        // Without this record nobody would know where the file came from.
         const auto isJournal = [](const FilePath& path) { return path.extension() == "journal"; };
         if (!isKeptElsewhere(call.path) || std::ranges::any_of(unflushedContents_, isJournal)) {
             losses_.push_back(call.path);

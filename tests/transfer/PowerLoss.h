@@ -7,16 +7,16 @@
 
 namespace lumeo {
 
-/// Looks on at a disk whose every call succeeds and remembers what a loss of power would take: contents that
-/// were not flushed, and names in folders that were not flushed since. A removal counts as durable at once,
-/// the worst case. Used by one thread.
+/// Watches a disk whose calls all succeed, and tracks what a loss of power would destroy: contents that were
+/// not flushed, and names in folders that were not flushed since. A removal counts as durable at once, which
+/// is the worst case. Used by one thread.
 class PowerLoss {
 public:
     explicit PowerLoss(FaultyFileSystem& disk) {
         disk.beforeEachCall([this](const DiskCall& call) { note(call); });
     }
 
-    /// The files whose removal might have been the end of their content.
+    /// The files whose content could have been lost by their removal.
     [[nodiscard]] const std::vector<FilePath>& losses() const { return losses_; }
 
     /// True when the content of `path`, its name and the names of the folders above would survive.
@@ -26,7 +26,7 @@ private:
     void note(const DiskCall& call);
     [[nodiscard]] bool isKeptElsewhere(const FilePath& path) const;
 
-    std::set<FilePath> files_; ///< made meanwhile
+    std::set<FilePath> files_; ///< made while this object watched
     std::set<FilePath> unflushedContents_;
     std::set<FilePath> unflushedNames_; ///< of files and folders
     std::vector<FilePath> losses_;

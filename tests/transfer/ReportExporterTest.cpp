@@ -57,7 +57,7 @@ OperationManifest manifestOf(std::vector<FileTransactionItem> items) {
     return manifest;
 }
 
-/// The rows of the CSV below its header.
+/// The rows of the CSV without its header.
 std::string rowsOf(std::vector<FileTransactionItem> records, const std::vector<MediaItem>& items) {
     const std::string csv = ReportExporter::generateCSV(manifestOf(std::move(records)), items);
     const std::size_t header = csv.find('\n') + 1;
@@ -83,7 +83,7 @@ TEST(ReportExporterCsv, HasARowForEachRecordFilledFromJournalAndCatalogue) {
 }
 
 TEST(ReportExporterCsv, FindsItemsByTheirExactBytesAndToleratesTwins) {
-    // Both names show as the same text; only the bytes tell them apart.
+    // Both names show the same text. Only their bytes differ.
     const MediaItem video = mediaItem("/card/\xfe.jpg", MediaType::video, DateConfidence::medium);
     EXPECT_EQ(rowsOf({record("/card/\xfe.jpg", "/archive/\xfe.jpg", TransactionStatus::skipped)},
                      {mediaItem("/card/\xff.jpg", MediaType::photo, DateConfidence::low), video, video}),

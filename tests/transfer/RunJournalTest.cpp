@@ -24,7 +24,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-/// Files whose names and contents try the form: a line end, and bytes that are no text.
+/// Files whose names and contents are difficult for the format: a line feed, and bytes that are not text.
 class RunJournalTest : public ::testing::Test {
 protected:
     RunJournalTest() {
@@ -71,13 +71,13 @@ TEST_F(RunJournalTest, CutAtAnyByteTellsTheWholeRecordsBeforeTheCut) {
         SCOPED_TRACE(size);
         const FilePath cut = write("cut.journal", whole.substr(0, size));
         if (size >= head && size % 7 == 0) {
-            ASSERT_TRUE(journals().dismiss(cut)); // a mark behind half a line
+            ASSERT_TRUE(journals().dismiss(cut)); // a mark after an incomplete line
         }
         const Result<ReadJournal, std::string> read = readJournal(real, cut);
         ASSERT_EQ(read.hasValue(), size >= head);
         if (read) {
             const auto records = std::count(whole.begin(), whole.begin() + std::ptrdiff_t(size), '\n') - 1;
-            // The end of a line may be all that is missing of it.
+            // The line feed may be the only missing byte of a record.
             const auto found = std::ssize(read->manifest.items);
             EXPECT_TRUE(found == std::min<std::ptrdiff_t>(records, 3) ||
                         (found == records + 1 && whole[size] == '\n'));
@@ -168,7 +168,7 @@ TEST_F(RunJournalTest, IsRefusedUnlessItLeadsFromASourceIntoTheArchiveWithProof)
         std::filesystem::remove((*journal)->path().bytes());
     }
     EXPECT_TRUE(readJournal(real, write("good.json", encode(good).dump(2))));
-    // Two records of which one was lost in between.
+    // Two records, and one between them is lost.
     const std::size_t second = lines.find('\n', lines.find('\n') + 1);
     EXPECT_FALSE(
         readJournal(real, write("hole.journal", std::string(lines).replace(second - 5, 5, "xxxxx"))));
@@ -203,7 +203,7 @@ TEST_F(RunJournalTest, RunsAreListedMarkedAndTheNewestFiftyKept) {
     ASSERT_TRUE(journals().markUndone(first));
     EXPECT_EQ(journals().list()[0].state, RunState::undone);
     EXPECT_TRUE(journals().list()[0].isComplete);
-    // Not a journal of this folder: it may be anybody's file.
+    // This is not a journal of the folder. It may be any file.
     const FilePath foreign = world.archived("2021/a.jpg");
     ASSERT_TRUE(journals().markUndone(foreign));
     EXPECT_EQ(contentOf(foreign), "content of a");

@@ -25,7 +25,7 @@ namespace {
 constexpr std::size_t smallMovie = 1'000;
 constexpr std::size_t twoChunkMovie = 1'048'600;
 
-/// Two files and what can make their ways differ: a known digest, new folders.
+/// Two files that make the runs differ: one has a known digest, and both need new folders.
 void fill(TransferWorld& world, std::size_t movieSize = smallMovie) {
     world.add("a.jpg", "content of a", "2021/2021-03 March/a.jpg").sha256Hash = digestOf("content of a");
     world.add("b.mov", std::string(movieSize, 'b'), "2022/b.mov");
@@ -34,7 +34,8 @@ void fill(TransferWorld& world, std::size_t movieSize = smallMovie) {
 OperationManifest run(const TransferWorld& world, OperationMode mode, FileSystem& fileSystem) {
     const FakeClock clock;
     const OrganizationPlan plan = world.plan(mode);
-    // The journal is kept through the same disk; without it there is a refusal, and nothing is done.
+    // The journal is kept through the same disk. If it cannot be kept, the run is refused and nothing is
+    // done.
     Result<PreparedRun, RunRefusal> run = world.prepare(fileSystem, fileSystem, plan);
     return run ? FileOperationEngine(fileSystem, clock).execute(*run, world.items, plan, [](const auto&) {})
                : OperationManifest();
@@ -42,7 +43,7 @@ OperationManifest run(const TransferWorld& world, OperationMode mode, FileSystem
 
 class TransferSafetyTest : public testing::TestWithParam<OperationMode> {
 protected:
-    /// How many calls a run makes that nothing happens to.
+    /// The number of calls of a run without faults.
     std::size_t callsOfARun(std::size_t movieSize = smallMovie) {
         TransferWorld world;
         fill(world, movieSize);
@@ -83,7 +84,7 @@ TEST_P(TransferSafetyTest, AnyCallMayFail) {
             FileAction action{};
             bool isAboveArchive = false;
             bool isOfJournal = false;
-            bool isPreparing = true; // no file was looked at yet
+            bool isPreparing = true; // no file was examined yet
             disk.beforeEachCall([&](const DiskCall& call) {
                 isPreparing = isPreparing && (call.number > number || call.path != world.items[0].sourceURL);
                 if (call.number == number) {
@@ -97,7 +98,7 @@ TEST_P(TransferSafetyTest, AnyCallMayFail) {
             SCOPED_TRACE("call " + std::to_string(number) + " of action " +
                          std::to_string(static_cast<int>(action)));
             world.expectNoPartialFiles();
-            if (manifest.items.empty()) { // it was refused
+            if (manifest.items.empty()) { // the run was refused
                 world.expectSourcesIntact();
                 continue;
             }
@@ -105,10 +106,10 @@ TEST_P(TransferSafetyTest, AnyCallMayFail) {
             for (const FileTransactionItem& record : manifest.items) {
                 expectTellsTheTruth(world, record, GetParam());
             }
-            // The folders above need not be open to whoever fills the archive.
+            // The user may lack access to the folders above the archive.
             const bool mayBeIgnored = (action == FileAction::flush && reason == EACCES && isAboveArchive) ||
                                       (GetParam() == OperationMode::copy && (isOfJournal || isPreparing)) ||
-                                      (isOfJournal && number + 2 > calls); // its end
+                                      (isOfJournal && number + 2 > calls); // the end of the journal
             if (action == FileAction::read || action == FileAction::write || action == FileAction::flush ||
                 action == FileAction::rename || action == FileAction::remove) {
                 const std::string system = std::generic_category().message(reason);
@@ -159,7 +160,7 @@ TEST_P(TransferSafetyTest, ACancelMayComeAtAnyCall) {
         disk.beforeEachCall([&](const DiskCall& call) {
             if (call.number == number) {
                 canceller = std::jthread([&engine] { engine.cancel(); });
-                if (!isBeingRemoved(world, call.path)) { // or else it waits for the end of this very call
+                if (!isBeingRemoved(world, call.path)) { // otherwise it waits for the end of this very call
                     canceller.join();
                 }
             }
@@ -187,7 +188,7 @@ TEST_P(TransferSafetyTest, APowerLossTakesNoContentThatWasMoved) {
     world.add("c.jpg", "content of c", "2022/c.jpg");
     FaultyFileSystem disk(real);
     const PowerLoss power(disk);
-    ASSERT_TRUE(disk.createFolders(world.archived(""))); // a moment ago, by somebody else
+    ASSERT_TRUE(disk.createFolders(world.archived(""))); // somebody else created it a moment ago
     const OperationManifest manifest = run(world, GetParam(), disk);
     EXPECT_EQ(power.losses(), std::vector<FilePath>{});
     EXPECT_TRUE(std::ranges::all_of(manifest.items, [&](const FileTransactionItem& record) {
@@ -195,20 +196,20 @@ TEST_P(TransferSafetyTest, APowerLossTakesNoContentThatWasMoved) {
     }));
 }
 
-/// What the journal of a run that was cut off allows for.
+/// Undoes a run that was cut off, as far as its journal allows.
 void takeBackTheLastRun(const TransferWorld& world) {
     PosixFileSystem real;
     const RunJournals journals(real, world.journalFolder());
     const Result<ReadJournal, std::string> read = readJournal(real, world.journal());
     if (!read) {
-        return; // it was cut off before the journal had begun
+        return; // it was cut off before the journal was started
     }
     const Result<UndoResult, RunRefusal> undone = takeBack(real, read->manifest, journals, world.journal());
     ASSERT_TRUE(undone) << undone.error().sentence;
     EXPECT_TRUE(undone->isComplete()) << testing::PrintToString(undone->warnings);
 }
 
-/// Holds a disk's n-th call up until it is let on.
+/// Blocks the n-th call to a disk until it is released.
 class Turnstile {
 public:
     Turnstile(FaultyFileSystem& disk, std::size_t number) {
@@ -219,7 +220,7 @@ public:
             }
         });
     }
-    /// To be called when the work is over, which may be before that call.
+    /// Must be called when the work is over, because the work may end before that call.
     void end() { arrived_.release(); }
     void await() { arrived_.acquire(); }
     void letOn() { letOn_.release(); }
@@ -229,9 +230,9 @@ private:
     std::binary_semaphore letOn_{0};
 };
 
-/// Two moves of different contents to one place, each into an archive of its own of which one lies in the
-/// other: so no lock on an archive keeps them apart. The first is held up before one of its calls until the
-/// second has come to one of its own.
+/// Two moves of different contents to one place. Each has its own archive, and one archive lies inside the
+/// other, so no lock on an archive keeps them apart. The first move is blocked before one of its calls until
+/// the second has reached one of its own.
 class TwoMoves {
 public:
     TwoMoves() {
@@ -266,7 +267,7 @@ public:
         threads[1].join();
     }
 
-    /// Each content stands whole somewhere, and no final name holds anything else.
+    /// Each content exists somewhere, unchanged, and no final name has other content.
     void expectNothingLost() const {
         std::set<std::string> whole;
         for (const auto& [name, content] : filesBelow(world.source("").parent())) {

@@ -16,14 +16,14 @@
 
 namespace lumeo {
 
-/// A folder with source files and the archive that they are to go to, and an eye on every content.
-/// The contents should all be different, so that each can be told from the others. It stands in memory
-/// where there is such a file system, since the tests that try every call flush a lot.
+/// A folder with source files and an archive for them. It knows every content. All contents should differ, so
+/// that each can be recognised. The folder is in memory where such a file system exists, because the tests
+/// that fail every call flush often.
 class TransferWorld {
 public:
     TransferWorld();
 
-    /// Writes a source file and plans its place in the archive.
+    /// Writes a source file and plans its destination in the archive.
     MediaItem& add(std::string_view name, std::string content, std::string_view destination);
 
     [[nodiscard]] FilePath source(std::string_view name) const;
@@ -35,21 +35,21 @@ public:
     /// All files of the archive, sorted, relative to it.
     [[nodiscard]] std::vector<std::string> archiveFiles() const;
 
-    /// Every content stands whole under its source's or its final name, and no final name of the
-    /// archive holds anything but one of the contents, whole.
+    /// Checks that every content exists, unchanged, under its source's name or its final name. Every final
+    /// name of the archive must have exactly one of the contents.
     void expectNothingLost() const;
     void expectNoPartialFiles() const;
     void expectSourcesIntact() const;
-    /// Every content is in the archive, and its source gone.
+    /// Checks that every content is in the archive and every source is gone.
     void expectAllMoved() const;
 
-    /// The beginning of a run whose journal is kept in a folder of its own, by way of `journalDisk`.
+    /// Prepares a run. Its journal is kept in a separate folder, through `journalDisk`.
     [[nodiscard]] Result<PreparedRun, RunRefusal> prepare(FileSystem& disk, FileSystem& journalDisk,
                                                           const OrganizationPlan& plan) const;
-    /// The same of a journal on a sound disk, for runs that are not refused.
+    /// The same with a journal on a disk without faults. The run must not be refused.
     [[nodiscard]] PreparedRun prepared(FileSystem& disk, const OrganizationPlan& plan) const;
     [[nodiscard]] FilePath journalFolder() const { return folder_ / "journals"; }
-    /// The newest journal there.
+    /// The newest journal of the folder.
     [[nodiscard]] FilePath journal() const;
 
     std::vector<MediaItem> items;
@@ -62,13 +62,13 @@ private:
 /// SHA-256 of `content`, as the journal writes it.
 std::string digestOf(std::string_view content);
 
-/// A folder for temporary files in memory, or else the usual one.
+/// A folder for temporary files in memory, or else the usual temporary folder.
 FilePath memoryFolder();
 
 bool isThere(const FilePath& path);
 
-/// Runs `job` in a process of its own until it ends, or is killed after `patience` at the latest. Gives
-/// whether it was killed.
+/// Runs `job` in a process of its own until it ends. After `patience` it is killed. Returns whether it was
+/// killed.
 bool runInDoomedProcess(const std::function<void()>& job,
                         std::optional<std::chrono::microseconds> patience = std::nullopt);
 

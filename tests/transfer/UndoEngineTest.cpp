@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A file system on which only the renaming of a finished temporary file stays on one device.
+/// Simulates two devices: only the renaming of a finished temporary file stays on one device.
 void spanTwoDevices(FaultyFileSystem& disk) {
     disk.failWhen(
         [](const DiskCall& call) {
@@ -31,7 +31,7 @@ void spanTwoDevices(FaultyFileSystem& disk) {
         EXDEV);
 }
 
-/// A run over three files that is to be taken back.
+/// A finished run over three files, to be undone.
 class FinishedRun : public TransferWorld {
 public:
     explicit FinishedRun(OperationMode mode) {
@@ -44,7 +44,7 @@ public:
         manifest = FileOperationEngine(real, clock).execute(run, items, plan(mode), [](const auto&) {});
     }
 
-    /// Every file is back under its original name, and nowhere else.
+    /// Checks that every file is back under its original name and nowhere else.
     void expectRestored() const {
         expectSourcesIntact();
         EXPECT_EQ(archiveFiles(), std::vector<std::string>{});
@@ -176,7 +176,7 @@ TEST_F(UndoEngineTest, OfACopyKeepsWhateverMayBeTheLastOfItsContent) {
         one.change(run, original, archived);
         OperationManifest manifest = run.manifest;
         manifest.items.resize(1);
-        manifest.timestamp += std::chrono::seconds(10); // the files were made this very moment
+        manifest.timestamp += std::chrono::seconds(10); // the files were made at this moment
         EXPECT_EQ(undo.forecast(manifest), (UndoForecast{1, one.isForeseen ? 1 : 0}));
         const UndoResult result = undo.rollback(manifest);
         EXPECT_EQ(result.failedCount, one.isKept ? 1 : 0);
@@ -212,13 +212,13 @@ TEST_F(UndoEngineTest, MovesNothingToWhereItsSourceIsNot) {
     EXPECT_EQ(undo.rollback(run.manifest).warnings,
               std::vector{"Skipped rolling back " + textOf(run.archived("2021/b.jpg")) +
                           ": Its original folder leads out of its source."});
-    // The drive of the source is gone, and perhaps its mount point was left behind.
+    // The drive of the source is gone. Its mount point may still be there.
     for (const bool isMountPointLeft : {false, true}) {
         FinishedRun moved(OperationMode::move);
         const FilePath root = moved.source("");
         fs::rename(root.bytes(), root.bytes() + ".aside");
         if (isMountPointLeft) {
-            // What stands there now lies on the system's device, which in a test has to be made believe.
+            // An empty mount point is on the system's device. A test can only simulate that.
             fs::create_directory_symlink("/", root.bytes());
             moved.manifest.foreignRoots = {root};
         }
@@ -255,7 +255,7 @@ TEST_F(UndoEngineTest, IsRefusedWithoutItsArchiveOrWhileAnotherWorksThere) {
 TEST_F(UndoEngineTest, TouchesNothingWithoutProof) {
     FinishedRun run(OperationMode::copy);
     run.manifest.items[0].destinationHash.reset();
-    // The link's own name is not what was written, whatever it leads to.
+    // The link's name was not written by the run, whatever it leads to.
     fs::rename(run.archived("2021/b.jpg").bytes(), run.archived("elsewhere").bytes());
     fs::create_symlink(run.archived("elsewhere").bytes(), run.archived("2021/b.jpg").bytes());
     disk.failAction(FileAction::remove, EACCES);
@@ -274,9 +274,9 @@ TEST_F(UndoEngineTest, TouchesNothingWithoutProof) {
 }
 
 TEST_F(UndoEngineTest, AFileEditedDuringOrAfterItsProofStays) {
-    for (const int look : {3, 4}) { // of those that are taken at the file: the proof's last, the removal's
+    for (const int look : {3, 4}) { // the last check of the proof, and the check of the removal
         FinishedRun run(OperationMode::copy);
-        // The edit must not fall into the same tick of the file system's clock as the run.
+        // The edit must not get the same time stamp as the run.
         fs::last_write_time(run.archived("2021/a.jpg").bytes(),
                             fs::file_time_type::clock::now() - std::chrono::hours(1));
         FaultyFileSystem device(real);
@@ -320,7 +320,7 @@ TEST_F(UndoEngineTest, FinishesAMoveBackThatWasCutShort) {
     const auto [a, b, c] = std::tuple(run.manifest.items[0], run.manifest.items[1], run.manifest.items[2]);
     fs::copy_file(a.destinationPath.bytes(), a.originalPath.bytes());
     fs::create_hard_link(b.destinationPath.bytes(), b.originalPath.bytes());
-    // One and the same name by two ways: removing it would remove the content.
+    // Both paths lead to one name, so removing it would remove the content.
     fs::create_symlink(c.destinationPath.parent().bytes(), run.source("linked").bytes());
     run.manifest.items[2].originalPath = run.source("linked/c.mov");
     run.manifest.sourceRoots = {run.source("").parent()};
@@ -336,7 +336,7 @@ TEST_F(UndoEngineTest, FinishesAMoveBackThatWasCutShort) {
 TEST_F(UndoEngineTest, RemovesNothingBeforeTheOriginalIsDurableAndReadBack) {
     FinishedRun run(OperationMode::move);
     const PowerLoss power(disk);
-    FaultyFileSystem device(static_cast<FileSystem&>(disk)); // between the undo and what looks on
+    FaultyFileSystem device(static_cast<FileSystem&>(disk)); // between the undo and the watcher
     spanTwoDevices(device);
     device.flipBitWhenReading([](const FilePath& path) { return path.lastComponent() == "b.jpg.partial"; });
     const UndoResult result = UndoEngine(device).rollback(run.manifest);
@@ -344,7 +344,7 @@ TEST_F(UndoEngineTest, RemovesNothingBeforeTheOriginalIsDurableAndReadBack) {
     EXPECT_EQ(result.warnings,
               std::vector{"Could not restore " + textOf(run.archived("2021/b.jpg")) +
                           " to original location: File verification failed: SHA-256 checksum mismatch."});
-    EXPECT_EQ(power.losses(), std::vector{run.source("folder/b.jpg.partial")}); // of no worth
+    EXPECT_EQ(power.losses(), std::vector{run.source("folder/b.jpg.partial")}); // without value
     EXPECT_EQ(run.archiveFiles(), std::vector<std::string>{"2021/b.jpg"});
 }
 
@@ -363,7 +363,7 @@ TEST_F(UndoEngineTest, TellsOfAFolderThatTheDeviceRefused) {
                           "Input/output error."});
 }
 
-/// On one device and on two.
+/// Runs on one device and on two.
 class UndoSafetyTest : public testing::TestWithParam<int> {
 protected:
     void prepare(FaultyFileSystem& disk) const {

@@ -28,7 +28,7 @@ protected:
         return transfers().transferFile(item, *item.plannedDestinationURL, mode, token);
     }
 
-    /// Made with the first transfer: some tests prepare the place of the archive.
+    /// Created with the first transfer, because some tests first prepare the archive's place.
     VerifiedTransfer& transfers() {
         if (!transfers_) {
             run_.emplace(world.prepared(real, world.plan(OperationMode::move)));
@@ -37,7 +37,7 @@ protected:
         return *transfers_;
     }
 
-    /// Runs `action` before the first call of this kind that comes to the disk.
+    /// Runs `action` before the first call of this kind to the disk.
     void once(std::string_view operation, std::function<void(const DiskCall&)> action) {
         disk.beforeEachCall([=, done = false](const DiskCall& call) mutable {
             if (!done && call.operation == operation) {
@@ -70,7 +70,7 @@ TEST_F(VerifiedTransferTest, CopiesContentAloneAndTellsAllInTheRecord) {
     ASSERT_EQ(chmod(item.sourceURL.c_str(), 0400), 0);
     const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(10'000);
     std::filesystem::last_write_time(item.sourceURL.bytes(), longAgo);
-    // What an earlier, killed attempt may have left.
+    // A file that an earlier, killed attempt may have left.
     std::filesystem::create_directories(world.archived("2021/2021-03 March").bytes());
     std::ofstream(VerifiedCopy::temporaryPath(*item.plannedDestinationURL).bytes()) << "left over";
 
@@ -99,7 +99,7 @@ TEST_F(VerifiedTransferTest, TakesEveryNameThatAFileSystemTakes) {
         EXPECT_EQ(transfer(item, OperationMode::move).status, TransactionStatus::verified);
     }
     world.expectAllMoved();
-    // A numbered name may be too long: that is told before anything is copied.
+    // A numbered name may be too long. This is reported before anything is copied.
     disk.failAction(FileAction::create, EIO);
     expectFailed(transfer(world.add("b.jpg", "b", std::string(256, 'b')), OperationMode::move),
                  "“" + std::string(256, 'b') + "” could not be examined: File name too long.");
@@ -117,7 +117,7 @@ TEST_F(VerifiedTransferTest, LeavesWhatIsThereAlone) {
     std::filesystem::create_directory(world.archived("").bytes());
     std::ofstream(same.plannedDestinationURL->bytes()) << "same";
     std::ofstream(other.plannedDestinationURL->bytes()) << "somebody's";
-    disk.failAction(FileAction::create, EIO); // not even a temporary file is made
+    disk.failAction(FileAction::create, EIO); // not even a temporary file is created
 
     const FileTransactionItem skipped = transfer(same, OperationMode::move);
     EXPECT_EQ(skipped.status, TransactionStatus::skipped);
@@ -149,7 +149,7 @@ TEST_F(VerifiedTransferTest, BuildsNoArchiveWhereItsVolumeWas) {
     EXPECT_EQ(transfer(world.add("a.jpg", "a", "2021/a.jpg"), OperationMode::move).status,
               TransactionStatus::verified);
     std::filesystem::rename(root.bytes(), root.bytes() + ".unmounted");
-    // A disk of another device comes to light under the name, as below a mount point.
+    // Another device appears under the name, as below a mount point.
     if (const TempFolder elsewhere;
         real.status(elsewhere.path())->identity.device != real.status(root.parent())->identity.device) {
         std::filesystem::create_directory_symlink(elsewhere.path().bytes(), root.bytes());
@@ -178,7 +178,7 @@ TEST_F(VerifiedTransferTest, LeavesWhatIsNoLeftOverUnderTheTemporaryName) {
     const MediaItem link = world.add("b.jpg", "b", "b.jpg");
     std::filesystem::create_directories(world.archived("a.jpg.partial").bytes());
     std::filesystem::create_hard_link(link.sourceURL.bytes(), world.archived("b.jpg.partial").bytes());
-    // Somebody else is at work on it.
+    // Another process is writing it.
     const MediaItem live = world.add("c.jpg", "c", "c.jpg");
     const auto writer = *real.createFile(world.archived("c.jpg.partial"), FileAccess::everyone);
     ASSERT_TRUE(writer->lock());
@@ -252,7 +252,7 @@ TEST_F(VerifiedTransferTest, KeepsAnotherFileOfTheSameSizeAndDates) {
     const FilePath twin = world.source("other/a.jpg");
     const MediaItem item = world.add("card/a.jpg", "before", "a.jpg");
     world.add("other/a.jpg", "BEFORE", "none.jpg");
-    // Both written within one tick of the file system's clock.
+    // Both are written within one tick of the file system's clock.
     const auto dates = [this](const FilePath& path) {
         const FileStatus status = *real.status(path);
         return std::pair(status.modificationDate, status.changeDate);
@@ -282,7 +282,7 @@ TEST_F(VerifiedTransferTest, KeepsASourceWhoseDateWasPutBackAfterAnEdit) {
         std::ofstream(item.sourceURL.bytes()) << "EDITED";
         std::filesystem::last_write_time(item.sourceURL.bytes(), date);
     });
-    // The change date must not fall into the tick of the file's making.
+    // The change date must differ from the date of creation.
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     expectFailed(transfer(item, OperationMode::move),
                  "Source file changed after it was copied and was not removed.");
@@ -306,7 +306,7 @@ TEST_F(VerifiedTransferTest, KeepsASourceThatSomebodyIsWriting) {
 TEST_F(VerifiedTransferTest, RemovesNoSourceForACopyThatLostItsName) {
     constexpr std::string_view lost =
         "The copy lost its name to another program; the source was left untouched.";
-    // The name is taken over before the copy gets it, and after.
+    // The name is taken before the copy gets it, and after.
     for (const std::string name : {"before.jpg", "after.jpg"}) {
         const MediaItem& item = world.add(name, "content of " + name, name);
         const FilePath partial = VerifiedCopy::temporaryPath(*item.plannedDestinationURL);

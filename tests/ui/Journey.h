@@ -13,8 +13,8 @@
 
 namespace lumeo::testing {
 
-/// The program in front of a card and a folder of pictures, which hold two different photos of one name,
-/// one photo twice, one without a date, a movie, and a file that is no media.
+/// The program with a memory card and a folder of pictures. They hold two different photos with one name, two
+/// copies of one photo, a photo without a date, a movie, and a file that is not media.
 class Journey : public ::testing::Test {
 protected:
     using Files = std::map<std::string, std::string>; ///< contents by relative path
@@ -37,7 +37,7 @@ protected:
 
     [[nodiscard]] FilePath archive() const { return home / "Archive"; }
 
-    /// Where the files go in an archive by year and month, from `home`.
+    /// The destinations of the files in an archive by year and month, relative to `home`.
     [[nodiscard]] static std::map<std::string, std::string> places() {
         return {{"card/IMG_0001.JPG", "Archive/2021-03/IMG_0001.JPG"},
                 {"card/IMG_0002.JPG", "Archive/2021-03/IMG_0002.JPG"},
@@ -47,7 +47,7 @@ protected:
                 {"Pictures/undated.jpg", "Archive/_Unknown Date/undated.jpg"}};
     }
 
-    /// The originals and all that a copy makes of them, but for one of two that are the same.
+    /// The originals and everything that a copy adds. Of two identical files only one is copied.
     [[nodiscard]] Files copied() const {
         Files files = originals;
         for (const auto& [from, to] : places()) {
@@ -57,7 +57,7 @@ protected:
         return files;
     }
 
-    /// What a move of these files makes of the originals.
+    /// What a move of these files leaves.
     [[nodiscard]] Files moved(const std::map<std::string, std::string>& those = places()) const {
         Files files = originals;
         for (const auto& [from, to] : those) {
@@ -68,8 +68,8 @@ protected:
         return files;
     }
 
-    /// Whether on the disk, by paths from `home`, there are these files, to the byte, and no others; says
-    /// which are not as expected.
+    /// Whether exactly these files are on the disk, byte for byte, by paths relative to `home`. Reports the
+    /// files that differ.
     [[nodiscard]] ::testing::AssertionResult areThere(const Files& expected) const {
         const Files found = filesBelow(home.path());
         auto result = found == expected ? ::testing::AssertionSuccess() : ::testing::AssertionFailure();

@@ -6,12 +6,12 @@ namespace {
 
 using testing::waitUntil;
 
-/// The program as a hand with a mouse leads it, and what is on the disk afterwards.
+/// The program as a user with a mouse sees it, and what is on the disk afterwards.
 class JourneyTest : public testing::Journey {
 protected:
     bool click(const char* name) { return made->shows(name) && made->click(name); }
 
-    /// Up to a whole plan, copies not looked for.
+    /// Goes on until everything is planned, without looking for duplicates.
     void plan() {
         ASSERT_TRUE(click("Choose Folder..."));
         ASSERT_TRUE(click("Scan Media"));
@@ -40,7 +40,7 @@ protected:
                              isCancelled_ = isCancelled;
                          });
     }
-    /// Whether the journal has the file as archived.
+    /// Whether the journal lists the file as archived.
     [[nodiscard]] bool isJournalled(const FilePath& file) const {
         return std::ranges::any_of(journal_->items, [&file](const FileTransactionItem& record) {
             return record.originalPath == file && record.status == TransactionStatus::verified;
@@ -209,7 +209,7 @@ TEST_F(JourneyTest, AsksBeforeItIsClosedDuringARunAndThenEndsCleanly) {
     EXPECT_TRUE(made->state.isProcessing());
     EXPECT_FALSE(hasQuit);
 
-    ASSERT_TRUE(made->click("Cancel Operation")); // in the question, which lies above the screen
+    ASSERT_TRUE(made->click("Cancel Operation")); // in the question, which is above the screen
     EXPECT_TRUE(waitUntil([&] { return hasQuit; }));
     gate.open();
     made.reset();

@@ -9,7 +9,7 @@ namespace {
 using testing::MadeProgram;
 using testing::waitUntil;
 
-/// The program led by the keyboard alone.
+/// The program used with the keyboard only.
 class KeyboardTest : public testing::Journey {
 protected:
     struct Stop {
@@ -18,7 +18,7 @@ protected:
         QRectF place; ///< in the window
     };
 
-    /// Brings the keyboard to what has that name by Tab and presses a key there.
+    /// Moves the focus to the control with this name by Tab, and presses a key there.
     ::testing::AssertionResult press(const char* name, Qt::Key key = Qt::Key_Space) {
         if (!made->shows(name) || !made->tabTo(name)) {
             return ::testing::AssertionFailure()
@@ -28,7 +28,7 @@ protected:
         return ::testing::AssertionSuccess();
     }
 
-    /// What Tab comes to, once round, from where the keyboard is.
+    /// The controls that Tab reaches in one round, from the current focus.
     std::vector<Stop> stops() {
         std::vector<Stop> all;
         for (int presses = 0; presses < 100; ++presses) {
@@ -49,7 +49,7 @@ protected:
         return all;
     }
 
-    /// Whether a stop is in sight, and looks otherwise than it did before the keyboard came to it.
+    /// Checks that a stop is visible and looks different from before it had the focus.
     void checkSeen(const Stop& stop, const QImage& before) {
         const QImage after = made->window->grabWindow();
         const QRectF place = stop.item->mapRectToScene({0, 0, stop.item->width(), stop.item->height()});
@@ -63,7 +63,7 @@ protected:
         EXPECT_NE(before.copy(around), after.copy(around)) << stop.name << " does not show that it is next";
     }
 
-    /// What can be worked in the window as it stands, but for choices that the arrow keys lead to.
+    /// The controls that the window shows, except choices that the arrow keys reach.
     [[nodiscard]] std::vector<std::string> controls() const {
         std::vector<std::string> names;
         collectControls(made->window->contentItem(), names);
@@ -141,7 +141,7 @@ TEST_F(KeyboardTest, LeadsThroughAWholeRunAndBack) {
     ASSERT_TRUE(made->shows("By Year & Month (Recommended)"));
     made->press(Qt::Key_Tab);
     EXPECT_EQ(made->focusedName(), "By Year & Month (Recommended)");
-    made->press(Qt::Key_Up); // round to the last one
+    made->press(Qt::Key_Up); // wraps round to the last one
     ASSERT_TRUE(made->tabTo("Custom Template Pattern:"));
     made->press(Qt::Key_A, Qt::ControlModifier);
     made->type("{YYYY}-");
@@ -164,7 +164,7 @@ TEST_F(KeyboardTest, LeadsThroughAWholeRunAndBack) {
     EXPECT_TRUE(made->shows("5 / 6"));
     ASSERT_TRUE(press("Preview Changes", Qt::Key_Down));
     EXPECT_TRUE(made->shows("Media Inspector"));
-    ASSERT_TRUE(made->tabTo("How to Use")); // out of the screen
+    ASSERT_TRUE(made->tabTo("How to Use")); // leaves the screen
     made->press(Qt::Key_Escape);
     EXPECT_TRUE(waitUntil([this] { return made->find("Media Inspector") == nullptr; }));
 

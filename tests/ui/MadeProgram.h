@@ -18,8 +18,7 @@
 
 namespace lumeo::testing {
 
-/// The whole program with its window, over a folder and a desktop of its own, in English and without
-/// motion.
+/// The whole program with its window, in English and without motion. It has its own folder and desktop.
 struct MadeProgram {
     Warnings warnings;
     ScopedEnvironment locale{"LC_ALL", "en_US.UTF-8"};
@@ -54,8 +53,8 @@ struct MadeProgram {
         }
     }
 
-    /// The item in sight of that accessible name, the topmost one; null when there is none. The row of a
-    /// table goes by its first cell.
+    /// The visible item with this accessible name, the topmost one. Null when there is none. The row of a
+    /// table has the name of its first cell.
     [[nodiscard]] QQuickItem* find(const std::string& name) const {
         const auto layers = window->contentItem()->childItems();
         for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
@@ -66,9 +65,9 @@ struct MadeProgram {
         return nullptr;
     }
 
-    /// Waits until all that has changed has been laid out and drawn.
+    /// Waits until all changes have been laid out and drawn.
     static void draw(QQuickWindow& window) {
-        for (int frame = 0; frame < 2; ++frame) { // one layout's sizes may be another one's in the next
+        for (int frame = 0; frame < 2; ++frame) { // one layout may change another one
             bool isDrawn = false;
             const auto drawing =
                 QObject::connect(&window, &QQuickWindow::frameSwapped, [&isDrawn] { isDrawn = true; });
@@ -78,19 +77,19 @@ struct MadeProgram {
         }
     }
 
-    /// Waits until something of that name is in sight.
+    /// Waits until something with this name is visible.
     [[nodiscard]] bool shows(const std::string& name) const {
         return waitUntil([&] { return find(name) != nullptr; });
     }
 
-    /// Clicks in the middle of what has that name, scrolled to if need be; false when it is not in sight
-    /// or cannot be clicked.
+    /// Clicks in the middle of the item with this name, and scrolls to it if necessary. False when it is not
+    /// visible or cannot be clicked.
     bool click(const std::string& name) {
         auto* item = find(name);
         if (item == nullptr || !item->isEnabled()) {
             return false;
         }
-        draw(*window); // a hand clicks on what it sees
+        draw(*window); // a user clicks on what is drawn
         scrollTo(*item);
         const QPointF middle = item->mapToScene({item->width() / 2, item->height() / 2});
         QTest::mouseClick(window, Qt::LeftButton, {}, middle.toPoint());
@@ -99,7 +98,7 @@ struct MadeProgram {
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(window, key, modifiers);
-        // As an event loop would at once: what a left screen had begun must not go on without it.
+        // An event loop would do this at once. What a left screen had started must not go on without it.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
@@ -109,7 +108,7 @@ struct MadeProgram {
         }
     }
 
-    /// The name of what the keyboard speaks to; that of the control, where it is a part of one.
+    /// The name of the item with the keyboard focus. For a part of a control, the name of the control.
     [[nodiscard]] std::string focusedName() const {
         for (auto* item = window->activeFocusItem(); item != nullptr; item = item->parentItem()) {
             if (std::string name = nameOf(item); !name.empty()) {
@@ -119,7 +118,7 @@ struct MadeProgram {
         return {};
     }
 
-    /// Presses Tab until the keyboard speaks to what has that name; false when it never does.
+    /// Presses Tab until the item with this name has the focus. False when it never gets it.
     bool tabTo(const std::string& name) {
         for (int presses = 0; presses < 100; ++presses) {
             if (focusedName() == name) {
@@ -151,7 +150,7 @@ private:
         return nullptr;
     }
 
-    /// As the wheel would.
+    /// Scrolls as the mouse wheel would.
     static void scrollTo(QQuickItem& item) {
         for (auto* page = item.parentItem(); page != nullptr; page = page->parentItem()) {
             if (page->inherits("QQuickFlickable")) {

@@ -21,8 +21,8 @@
 
 namespace lumeo::testing {
 
-/// Volumes whose facts a test sets; every folder is on the volume that was set for the longest path
-/// above it. Any thread may call.
+/// Volumes whose facts a test sets. A folder is on the volume with the longest path above it. Any thread may
+/// call.
 class MadeVolumes final : public Volumes {
 public:
     void add(const FilePath& mountPoint, std::optional<std::int64_t> total,
@@ -55,7 +55,7 @@ private:
     std::map<FilePath, VolumeFacts> all_{{FilePath("/"), VolumeFacts{}}}; ///< guarded by mutex_
 };
 
-/// Answers at once with what the test has laid out, and remembers what was asked.
+/// Answers at once with what the test has prepared, and remembers what was asked.
 class MadeDesktop final : public FolderChooser, public SavePanel, public FileBrowser {
 public:
     std::vector<FilePath> folders;
@@ -75,7 +75,7 @@ public:
     void reveal(const FilePath& folder) override { revealed.push_back(folder); }
 };
 
-/// The whole state of a program whose settings, sources and archive lie in one folder of its own.
+/// The whole state of a program. Its settings, sources and archive are in one folder of its own.
 struct MadeState {
     ScopedEnvironment locale{"LC_ALL", "en_US.UTF-8"};
     TempFolder folder;
@@ -95,7 +95,7 @@ struct MadeState {
                     .desktop = {desktop, desktop, desktop},
                     .journals = journals}};
 
-    /// Writes a photo that carries its own date.
+    /// Writes a photo with its own date.
     FilePath writePhoto(std::string_view relative, const std::string& date = "2021:03:14 15:30:45") const {
         TinyPhoto photo;
         photo.dateTimeOriginal = date;
@@ -103,14 +103,14 @@ struct MadeState {
         return folder.write(relative, tinyJpeg(photo));
     }
 
-    /// Scans "source" below the folder; false when that does not end.
+    /// Scans "source" below the folder. False when the scan does not end.
     [[nodiscard]] bool scan() {
         state.addSource(folder / "source");
         state.startScan();
         return waitUntil([this] { return !state.isScanning(); });
     }
 
-    /// Scans, and goes on to the preview with every file planned into "archive" below the folder.
+    /// Scans, and goes on to the preview, with every file planned into "archive" below the folder.
     [[nodiscard]] bool goToPreview() {
         if (!scan()) {
             return false;
@@ -121,7 +121,7 @@ struct MadeState {
         return waitUntil([this] { return !state.isPlanning(); });
     }
 
-    /// And through a run to the report.
+    /// Goes to the preview, and then through a run to the report.
     [[nodiscard]] bool goToReport() {
         if (!goToPreview()) {
             return false;

@@ -82,11 +82,11 @@ TEST_F(PreviewModelTest, InspectsTheChosenRowAndKeepsItThroughANewCatalogue) {
     EXPECT_FALSE(model_.inspector()->picture().isNull());
 
     model_.setSearchText(QStringLiteral("b.mov"));
-    EXPECT_EQ(model_.currentRow(), -1); // out of the list, still in the panel
+    EXPECT_EQ(model_.currentRow(), -1); // not in the list, but still in the panel
     EXPECT_TRUE(model_.inspector()->isOpen());
     model_.inspector()->close();
     EXPECT_FALSE(model_.inspector()->isOpen());
-    EXPECT_EQ(inspected(0, 0), QStringLiteral("a.jpg")); // to be read while the panel leaves
+    EXPECT_EQ(inspected(0, 0), QStringLiteral("a.jpg")); // still readable while the panel closes
     model_.inspect(0);
     EXPECT_TRUE(model_.inspector()->picture().isNull());
 }

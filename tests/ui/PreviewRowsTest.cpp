@@ -42,7 +42,7 @@ TEST(NameSearchTest, IgnoresCaseInAnyScriptAndHowAccentsAreStored) {
     EXPECT_TRUE(finds("", "photo.jpg"));
 
     EXPECT_TRUE(finds("été", "Vacances ÉTÉ.jpg"));
-    EXPECT_TRUE(finds("été", "Vacances e\xCC\x81te\xCC\x81.jpg")); // accents apart, as some disks store them
+    EXPECT_TRUE(finds("été", "Vacances e\xCC\x81te\xCC\x81.jpg")); // accents apart, as some disks have it
     EXPECT_FALSE(finds("ete", "été.jpg"));
     EXPECT_TRUE(finds("МОРЕ", "Лето на море.jpg"));
     EXPECT_TRUE(finds("jpg", "Лето.JPG"));
@@ -67,7 +67,7 @@ TEST(PreviewRowsTest, SearchesNamesOnlyAndKeepsTheCataloguesOrder) {
     EXPECT_THAT(names(rows), ElementsAre("img_2.jpg", "IMG_1.jpg"));
     rows.setSearch(QStringLiteral("img_1"));
     EXPECT_THAT(names(rows), ElementsAre("IMG_1.jpg"));
-    rows.setSearch(QStringLiteral("mg")); // neither longer nor shorter: what was left out must come back
+    rows.setSearch(QStringLiteral("mg")); // neither longer nor shorter: hidden rows must come back
     EXPECT_THAT(names(rows), ElementsAre("img_2.jpg", "IMG_1.jpg"));
     rows.setSearch({});
     EXPECT_EQ(rows.rowCount(), 3);

@@ -23,7 +23,7 @@ TEST(PreviewScreenTest, AnEmptyOneSaysWhetherTheSearchIsWhy) {
     EXPECT_NE(screen.find("No files match."), nullptr);
 }
 
-/// Parts of the table, each by itself.
+/// Tests each part of the table by itself.
 class PreviewTableTest : public ::testing::Test {
 protected:
     std::unique_ptr<QObject> make(const char* part) {
@@ -57,7 +57,7 @@ TEST_F(PreviewTableTest, ColumnsGiveWayToTheDestinationButNotToTheUsersHand) {
     for (const Column column : {file, date, source, confidence, destination, status}) {
         EXPECT_GT(width(column), 50) << column;
     }
-    EXPECT_GT(total(), 1100); // scrolled to
+    EXPECT_GT(total(), 1100); // the table scrolls
 
     columns->setProperty("available", 580);
     EXPECT_EQ(width(source) + width(confidence), 0);

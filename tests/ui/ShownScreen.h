@@ -16,8 +16,8 @@
 
 namespace lumeo::testing {
 
-/// One screen in a window of the smallest size, found and worked by the accessible names of what is on
-/// it. Texts that come by key are shown as their keys.
+/// One screen in a window of the smallest size. A test finds and uses its controls by their accessible names.
+/// Translated texts show as their keys.
 class ShownScreen {
 public:
     ShownScreen(const char* type, QObject& model) {
@@ -39,7 +39,7 @@ public:
         }
     }
 
-    /// The visible item of that name, null when there is none.
+    /// The visible item with this name. Null when there is none.
     [[nodiscard]] QQuickItem* find(std::string_view name) const { return find(view_.rootObject(), name); }
 
     [[nodiscard]] bool isEnabled(std::string_view name) const {
@@ -47,7 +47,7 @@ public:
         return item != nullptr && item->isEnabled();
     }
 
-    /// Presses a button, a choice or a tag; false when it is not there or cannot be pressed.
+    /// Presses a button, a choice or a tag. False when it is not there or cannot be pressed.
     bool press(std::string_view name) {
         auto* item = find(name);
         if (item == nullptr || !item->isEnabled()) {

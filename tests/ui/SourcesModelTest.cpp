@@ -105,7 +105,7 @@ TEST(RunHistoryModelTest, OffersToTakeBackWhatRanBeforeAndSaysWhatThatWouldLeave
     EXPECT_EQ(model.forecast(),
               QStringLiteral("1 file will be left in place: its original is no longer there."));
     model.keep();
-    model.confirmUndo(); // nobody asks any more
+    model.confirmUndo(); // the question is closed
     EXPECT_FALSE(made.state.isUndoing());
     model.considerCompleted();
     model.confirmUndo();

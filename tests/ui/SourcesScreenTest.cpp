@@ -14,8 +14,8 @@ using testing::ShownScreen;
 using testing::waitUntil;
 using testing::Warnings;
 
-/// Drags over the middle of the window and drops, as the desktop would; false when it is not taken as a
-/// copy.
+/// Drags over the middle of the window and drops, as the desktop would. False when the window does not accept
+/// it as a copy.
 bool drop(QQuickView& view, const QMimeData& data) {
     const QPoint middle(view.width() / 2, view.height() / 2);
     QDragEnterEvent enter(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);

@@ -10,8 +10,8 @@ namespace {
 using testing::MadeProgram;
 using testing::waitUntil;
 
-/// Looks for texts that are not to be read whole, in every language at the smallest size. Names, paths
-/// and the table's cells do not count: how long they are is not ours to say, and a tooltip has the rest.
+/// Looks for texts that are cut, in every language at the smallest size. Names, paths and the table's cells
+/// do not count: the program cannot control their length, and a tooltip shows the rest.
 class TextFitTest : public ::testing::Test {
 protected:
     TextFitTest() {

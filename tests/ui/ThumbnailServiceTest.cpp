@@ -25,7 +25,7 @@ protected:
         std::filesystem::permissions(file.bytes(), std::filesystem::perms::owner_all);
         return file;
     }
-    /// The answer, waited for; absent when none comes.
+    /// Waits for the answer. Absent when none comes.
     static std::optional<QImage> answerOf(ThumbnailService& service, const FilePath& file,
                                           QSize points = {40, 40}) {
         std::optional<QImage> answer;
@@ -55,7 +55,7 @@ TEST_F(ThumbnailServiceTest, EndsAHelperThatSpeaksUnasked) {
     const std::string real = HelperProcess::installed("lumeo-thumbnailer").value().bytes();
     const std::string answered = (folder() / "answered").bytes();
     const std::string spoken = (folder() / "spoken").bytes();
-    // A process of the helper's speaks, which goes on when the helper is ended.
+    // A child process of the helper outlives it and writes something.
     ThumbnailService service(helper("if [ -e '" + answered + "' ]; then exec '" + real +
                                     "'; fi; head -c 24 >/dev/null; head -c 8 /dev/zero; touch '" + answered +
                                     "'; (head -c 1 /dev/zero; touch '" + spoken + "') & sleep 100"));
@@ -93,7 +93,7 @@ TEST_F(ThumbnailServiceTest, ForgetsThePictureThatWasUsedLongestAgo) {
     for (int i = 0; i < 198; ++i) {
         ask(picture("photo" + std::to_string(i) + ".png", {4, 2}));
     }
-    ask(used); // for the second time, with every place taken
+    ask(used); // for the second time, when all places are taken
     ask(picture("one too many.png", {4, 2}));
     EXPECT_TRUE(testing::waitUntil([&] { return answered == asked; }));
     remove(oldest);

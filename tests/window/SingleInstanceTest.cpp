@@ -14,10 +14,10 @@ namespace {
 
 using testing::waitUntil;
 
-/// Starts of the program that share a folder for sockets.
+/// Several starts of the program that share a folder for sockets.
 class SingleInstanceTest : public ::testing::Test {
 protected:
-    /// Another start, as it would be in a process of its own; whether that one may run.
+    /// Another start, as if in its own process. The result is whether that one may run.
     static std::future<bool> starting(const Start& start, std::chrono::milliseconds patience) {
         return std::async(std::launch::async, [start, patience] {
             SingleInstance again(QStringLiteral("program"));

@@ -14,10 +14,10 @@ namespace {
 
 using testing::waitUntil;
 
-/// Lives of a window, one after the other.
+/// Several windows, one after the other, each in a new start of the program.
 class WindowPlaceTest : public ::testing::Test {
 protected:
-    /// Shows the window, has `work` done with it, and gives where it stood at first.
+    /// Shows the window, runs `work` with it, and returns its first position.
     template<class Work>
     QRect live(Work work) {
         QWindow window;
@@ -26,7 +26,7 @@ protected:
         const QRect first = window.geometry();
         window.setVisible(true);
         work(window);
-        QCoreApplication::processEvents(); // the window system has its say
+        QCoreApplication::processEvents(); // lets the window system change it
         return first;
     }
     QRect live() {

@@ -27,26 +27,26 @@ void limit(int resource, rlim_t most) {
 void setLimits(const CageLimits& limits) {
     constexpr rlim_t mostOpen = 32;
     constexpr int leastUrgent = 10;
-    std::ofstream("/proc/self/oom_score_adj") << 1000; // the first to be ended when memory runs out
+    std::ofstream("/proc/self/oom_score_adj") << 1000; // the kernel kills it first when memory runs out
     setpriority(PRIO_PROCESS, 0, leastUrgent);
     limit(RLIMIT_CORE, 0);
     limit(RLIMIT_FSIZE, 0);
     limit(RLIMIT_NOFILE, mostOpen);
     limit(RLIMIT_CPU, static_cast<rlim_t>(limits.work.count()));
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    limit(RLIMIT_AS, limits.addresses); // the sanitizers lay claim to terabytes of addresses
+    limit(RLIMIT_AS, limits.addresses); // the sanitizers reserve terabytes of addresses
     limit(RLIMIT_DATA, limits.memory);
 #endif
 }
 
-/// The newest form of the kernel's record; older kernels take the first fields.
+/// The newest form of the kernel's structure. Older kernels read only the first fields.
 struct LandlockRules {
     std::uint64_t files = 0;
     std::uint64_t network = 0;
     std::uint64_t scopes = 0;
 };
 
-/// Rules that allow nothing: what is open already stays open.
+/// Allows nothing. What is already open stays open.
 std::uint8_t denyFileSystem() {
     struct Version {
         std::size_t size;
@@ -66,7 +66,7 @@ std::uint8_t denyFileSystem() {
     LandlockRules rules;
     rules.files = (std::uint64_t{1} << versions.at(index).fileRights) - 1;
     rules.network = 3; // to bind and to connect
-    rules.scopes = 3;  // sockets and signals of others
+    rules.scopes = 3;  // sockets and signals of other processes
     const long set = syscall(SYS_landlock_create_ruleset, &rules, versions.at(index).size, 0U);
     const bool isIn = set >= 0 && syscall(SYS_landlock_restrict_self, static_cast<int>(set), 0U) == 0;
     if (set >= 0) {
@@ -75,7 +75,7 @@ std::uint8_t denyFileSystem() {
     return isIn ? static_cast<std::uint8_t>(newest) : std::uint8_t{0};
 }
 
-/// Calls that touch nothing but the process itself, or what it holds open.
+/// System calls that affect only the process itself and what it holds open.
 constexpr std::array harmlessCalls{
     SCMP_SYS(read),
     SCMP_SYS(pread64),
@@ -131,24 +131,24 @@ bool allowCalls(Filter filter) {
     const auto where = [&](int call, const scmp_arg_cmp& condition) {
         failures += allowWhere(filter, call, condition) != 0 ? 1 : 0;
     };
-    // Memory, but none that holds code.
+    // Memory, but not for code.
     where(SCMP_SYS(mmap), SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
     where(SCMP_SYS(mprotect), SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
-    // Answers.
+    // Answers on the standard output.
     where(SCMP_SYS(write), SCMP_A0(SCMP_CMP_EQ, STDOUT_FILENO));
     where(SCMP_SYS(sendmsg), SCMP_A0(SCMP_CMP_EQ, STDOUT_FILENO));
-    // Threads, and no processes. The newer call hides its flags in memory: the C library takes the older
-    // one where it is told that the newer does not exist.
+    // Threads but no processes. clone3 hides its flags in memory, where a filter cannot see them. When it is
+    // reported as missing, the C library uses clone.
     where(SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD));
     failures += seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0) != 0 ? 1 : 0;
     where(SCMP_SYS(prctl), SCMP_A0(SCMP_CMP_EQ, PR_SET_NAME));
-    where(SCMP_SYS(prlimit64), SCMP_A2(SCMP_CMP_EQ, 0));                                // only asks
-    where(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(getpid()))); // itself
+    where(SCMP_SYS(prlimit64), SCMP_A2(SCMP_CMP_EQ, 0)); // reads the limits only
+    where(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(getpid()))); // to itself only
     return failures == 0;
 }
 
 bool filterSystemCalls() {
-    // Refused calls fail, so that a library may do without what it asked for.
+    // A refused call fails, so that a library can go on without it.
     const Filter filter = seccomp_init(SCMP_ACT_ERRNO(EPERM));
     if (filter == nullptr) {
         return false;

@@ -7,20 +7,20 @@
 
 namespace lumeo {
 
-/// What the caged process may use up.
+/// How much the caged process may use.
 struct CageLimits {
     std::uint64_t addresses = 0; ///< bytes of address space, libraries included
-    std::uint64_t memory = 0;    ///< bytes of memory of its own
-    std::chrono::seconds work{}; ///< processor time, all told
+    std::uint64_t memory = 0;    ///< bytes of private memory
+    std::chrono::seconds work{}; ///< processor time, in total
 };
 
-/// Locks the process in, for good: from here on it opens, creates, renames and removes no file, asks nothing
-/// of a network, starts no process and no program. Left are its memory, its threads, the time, reading what
-/// it is handed open and answering on its standard output. What a library loads late must be loaded before.
-/// To be called while the process has one thread.
+/// Locks the process in for good. After this it cannot open, create, rename or remove a file, use the
+/// network, or start a process or a program. It can still use memory, threads and time, read the files that
+/// it is given, and answer on its standard output. Libraries must load everything before. Call this while the
+/// process has one thread.
 CageWalls enterCage(const CageLimits& limits);
 
-/// From now on until the next call, more processor time than this ends the process.
+/// The process is ended when it uses more processor time than this, unless the next call comes first.
 void limitWork(std::chrono::microseconds work);
 
 } // namespace lumeo

@@ -7,8 +7,7 @@
 
 namespace lumeo {
 
-/// A file that a helper was handed open, with its size: from within the cage nothing else can be asked of it
-/// than its bytes.
+/// A file that a helper received open, with its size. Inside the cage the helper can only read its bytes.
 class GivenFile final : public ReadableFile {
 public:
     GivenFile(Descriptor descriptor, std::int64_t size) : descriptor_(std::move(descriptor)) {

@@ -21,9 +21,9 @@
 namespace lumeo {
 namespace {
 
-constexpr std::chrono::milliseconds stopInterval{20}; ///< how late a stop may be seen
+constexpr std::chrono::milliseconds stopInterval{20}; ///< how late a stop may be noticed
 
-/// Takes leave of ended helpers, now or when the next one ends.
+/// Reaps helpers that have ended, now or when the next helper ends.
 void reapWhenEnded(pid_t process) {
     static Mutex mutex;
     static std::vector<pid_t> ended;
@@ -70,7 +70,8 @@ std::optional<HelperProcess> HelperProcess::start(const FilePath& program) {
     posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
 
-    // Away from the terminal, whose Ctrl-C is for the program, and with signals as a program expects them.
+    // The helper gets a session of its own, because Ctrl-C in the terminal is for the program. It starts with
+    // the default signal settings that programs expect.
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     sigset_t none;

@@ -8,7 +8,7 @@
 namespace lumeo {
 namespace {
 
-/// A message of one stretch of bytes, with room for one descriptor beside them.
+/// A message of one block of bytes, with space for one descriptor.
 struct Message {
     iovec part{};
     alignas(cmsghdr) std::byte control[CMSG_SPACE(sizeof(int))]{};

@@ -8,14 +8,14 @@
 
 namespace lumeo {
 
-// What a program and its helpers say to each other goes over a socket, in records of known length. Both are
-// of one build and one machine, so numbers stand as the processor has them. An open file goes along with a
-// record: a helper never learns a path.
+// A program and its helpers exchange records of known length over a socket. Both come from one build and run
+// on one machine, so numbers keep the processor's byte order. An open file can be sent with a record: a
+// helper never learns a path.
 
-/// False when the other side has gone. `descriptor` stays the caller's.
+/// False when the other side has exited. The caller keeps `descriptor`.
 bool sendRecord(int socket, std::span<const std::byte> record, std::optional<int> descriptor = {});
 
-/// Waits for as many bytes; false when the other side goes first. A file that came along replaces
+/// Waits until `record` is full. False when the other side exits first. A file that was sent along replaces
 /// `descriptor`.
 bool receiveRecord(int socket, std::span<std::byte> record, Descriptor& descriptor);
 

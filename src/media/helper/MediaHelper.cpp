@@ -11,7 +11,7 @@
 namespace lumeo {
 namespace {
 
-/// Most of it is for a slow disk: the helper bounds its own work.
+/// Most of this time is for a slow disk. The helper limits its own work.
 constexpr std::chrono::seconds longestAnswer{5};
 
 RefusedFiles& refusedFiles() {
@@ -19,7 +19,7 @@ RefusedFiles& refusedFiles() {
     return files;
 }
 
-/// A helper that was taken over may answer anything.
+/// A helper that an attacker controls may answer anything, so every figure is checked.
 std::optional<MovieProperties> propertiesOf(const MediaAnswer& answer) {
     constexpr double longest = 1e9;
     constexpr double widest = 1e6;

@@ -12,23 +12,23 @@ namespace lumeo {
 
 class ReadableFile;
 
-/// Asks lumeo-media-helper for what only a decoder library can tell of a movie. The helper is started when it
-/// is first needed, handed files that are open for reading and never a path, and ended with this object. One
-/// that dies, hangs, or speaks unasked is ended, and the next file gets a new one. Used by one thread at a
-/// time.
+/// Asks lumeo-media-helper for what only a decoder library can tell about a movie. The helper is started when
+/// it is first needed and ended together with this object. It receives files that are open for reading, never
+/// a path. A helper that dies, hangs or sends something unasked is ended, and the next file gets a new one.
+/// Used by one thread at a time.
 class MediaHelper {
 public:
     MediaHelper() : MediaHelper(HelperProcess::installed("lumeo-media-helper")) {}
 
-    /// With another program than the one that comes with this one; absent, no question is answered.
+    /// Uses another program than the installed helper. If it is absent, no question is answered.
     explicit MediaHelper(std::optional<FilePath> program) : program_(std::move(program)) {}
 
-    /// Duration and size; absent when the file is refused, as some are that no other process could read. A
-    /// refused file is not asked about again for as long as this program runs.
+    /// Duration and size. Absent when the helper refuses the file, and for a file without a descriptor, which
+    /// cannot be passed on. A refused file is not asked about again as long as this program runs.
     std::optional<MovieProperties> read(ReadableFile& file, ForeignContainer container,
                                         const std::stop_token& stop);
 
-    /// What the helper is locked in by; absent when it cannot be started.
+    /// The protections that confine the helper. Absent when it cannot be started.
     std::optional<CageWalls> walls();
 
 private:

@@ -4,9 +4,9 @@
 
 namespace lumeo {
 
-// What the program and its media helper say to each other, one question and one answer at a time.
+// The messages between the program and its media helper, one question and one answer at a time.
 
-/// Goes along with the open file, unless it asks about the cage; that answer is a CageWalls.
+/// Sent together with the open file. A question about the cage has no file, and its answer is a CageWalls.
 struct MediaQuestion {
     static constexpr std::uint64_t aboutTheCage = 0xFF;
     std::int64_t fileSize = 0;   ///< bytes
@@ -14,7 +14,7 @@ struct MediaQuestion {
 };
 
 struct MediaAnswer {
-    double durationSeconds = 0; ///< 0 when it is not known
+    double durationSeconds = 0; ///< 0 when unknown
     double width = 0;           ///< pixels, as shown; 0 without moving pictures
     double height = 0;
     std::uint64_t isKnown = 0; ///< 0 for a refused file

@@ -9,9 +9,8 @@
 
 namespace lumeo {
 
-/// Remembers files that a helper could make nothing of, so that none costs its time twice. A file is known by
-/// its inode and the moment of its last change: once it is written anew, it is asked about again. Any thread
-/// may call.
+/// Remembers files that a helper could not read, so that none of them costs time twice. A file is recognised
+/// by its inode and the time of its last change. After a change it is asked about again. Any thread may call.
 class RefusedFiles {
 public:
     [[nodiscard]] bool contains(const FileStatus& file) const;

@@ -9,7 +9,7 @@
 
 namespace lumeo {
 
-/// One piece of a movie's metadata, with its value as a date or as text.
+/// One piece of a movie's metadata. Its value is a date or a text.
 struct MovieMetadataItem {
     std::string key; ///< "com.apple.quicktime.creationdate", "©day", "creationDate", …
     std::optional<Instant> dateValue;
@@ -24,15 +24,15 @@ struct MovieVideoTrack {
     friend bool operator==(const MovieVideoTrack&, const MovieVideoTrack&) = default;
 };
 
-/// What a movie's container says of it, from its header.
+/// What the header of a movie's container tells.
 struct MovieProperties {
-    /// All items in container order; the container's own creation time stands among them under
-    /// "creationDate", unless it is unset (0, 1904-01-01 or 1970-01-01).
+    /// All items in the order of the container. The container's own creation time has the key "creationDate";
+    /// it is left out when it is not set (0, 1904-01-01 or 1970-01-01).
     std::vector<MovieMetadataItem> metadata;
-    /// Those that tell the creation date, best first: QuickTime metadata, user data, container header.
+    /// The items with the creation date, best first: QuickTime metadata, user data, container header.
     std::vector<MovieMetadataItem> commonCreationDates;
     std::optional<double> durationSeconds;     ///< absent when the container does not tell
-    std::optional<MovieVideoTrack> videoTrack; ///< the first one; absent without any
+    std::optional<MovieVideoTrack> videoTrack; ///< the first one; absent when there is none
     friend bool operator==(const MovieProperties&, const MovieProperties&) = default;
 };
 

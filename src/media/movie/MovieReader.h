@@ -11,11 +11,11 @@ namespace lumeo {
 class FileSystem;
 class MediaHelper;
 
-/// Reads a movie's container header. Any thread may call. Time and memory are bounded whatever the
-/// file holds; the file is never read whole.
+/// Reads a movie's container header. Any thread may call. Time and memory are bounded, whatever the file
+/// holds. The file is never read as a whole.
 struct MovieReader {
-    /// Absent when the file cannot be opened or is no container that is known. `helper` is asked where a
-    /// container is known that no reader here is for.
+    /// Absent when the file cannot be opened or its container is unknown. `helper` is asked about known
+    /// containers that have no reader here.
     static std::optional<MovieProperties> read(const FileSystem& fileSystem, const FilePath& path,
                                                MediaHelper& helper, const std::stop_token& stop = {});
 };

@@ -20,14 +20,14 @@ constexpr std::size_t longestText = 4 * 1024 * 1024;
 constexpr int mostTexts = 8; ///< that are inflated or decoded
 constexpr std::string_view whitespace = " \t\r\n";
 
-/// What came out before the stream broke off or grew too long.
+/// The output until the stream ended, broke off or grew too long.
 std::string inflated(std::string_view bytes) {
     std::string text;
     z_stream stream{};
     if (inflateInit(&stream) != Z_OK) {
         return text;
     }
-    // The library reads from here and does not write.
+    // The library only reads from this pointer.
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
     stream.avail_in = static_cast<uInt>(bytes.size());
     std::array<char, 16 * 1024> part;
@@ -42,7 +42,7 @@ std::string inflated(std::string_view bytes) {
     return text;
 }
 
-/// The text up to its NUL; both are taken off `bytes`.
+/// The text up to its NUL. Both are removed from `bytes`.
 std::string_view takeText(std::string_view& bytes) {
     const std::size_t end = std::min(bytes.find('\0'), bytes.size());
     const std::string_view text = bytes.substr(0, end);
@@ -50,7 +50,7 @@ std::string_view takeText(std::string_view& bytes) {
     return text;
 }
 
-/// The text of a chunk of any of the three kinds, behind its keyword.
+/// The text of a chunk of any of the three kinds, without its keyword.
 std::string textOf(std::string_view tag, std::string_view content) {
     if (tag == "tEXt") {
         return std::string(content);
@@ -60,12 +60,12 @@ std::string textOf(std::string_view tag, std::string_view content) {
     content.remove_prefix(std::min<std::size_t>(isInternational ? 2 : 1, content.size())); // of compression
     if (isInternational) {
         takeText(content); // the language
-        takeText(content); // the keyword in it
+        takeText(content); // the translated keyword
     }
     return isCompressed ? inflated(content) : std::string(content);
 }
 
-/// The bytes of a raw profile: its kind, its length, then two digits for each byte.
+/// The bytes of a raw profile. Its text is the kind, the length, and two digits for each byte.
 std::string profileBytes(std::string_view text) {
     const auto takeWord = [&text] {
         text.remove_prefix(std::min(text.find_first_not_of(whitespace), text.size()));
@@ -93,7 +93,7 @@ std::string profileBytes(std::string_view text) {
     return bytes;
 }
 
-/// What a raw profile holds is told by how it begins: one kind of profile may carry either.
+/// The first bytes tell what a raw profile holds, because one kind of profile may carry either.
 void readProfile(std::string bytes, PngContents& contents) {
     constexpr std::string_view exifName("Exif\0\0", 6);
     constexpr std::string_view xmpName("http://ns.adobe.com/xap/1.0/\0", 29);
@@ -130,7 +130,7 @@ public:
     }
 
 private:
-    /// False when it carries no metadata.
+    /// False when the chunk carries no metadata.
     bool readChunk(const Chunk& chunk) {
         if (chunk.tag == "eXIf") {
             if (!contents_.exif) {
@@ -168,7 +168,7 @@ private:
         return true;
     }
 
-    /// Finds where a row of chunks begins that ends the file.
+    /// Searches the end of the file for a series of chunks with metadata that reaches to the end.
     void readTail() {
         constexpr std::uint64_t tailSize = 256 * 1024;
         const std::uint64_t from = file_.size() - std::min(file_.size(), tailSize);

@@ -25,7 +25,7 @@ enum Type : std::uint16_t {
     utf8Type = 129,
 };
 
-constexpr std::uint64_t mostEntries = 1'000; ///< the richest directories of cameras hold some 300
+constexpr std::uint64_t mostEntries = 1'000; ///< the largest directories of cameras have some 300
 constexpr std::size_t longestText = 1'024;
 
 std::size_t sizeOfType(std::uint16_t type) {
@@ -46,7 +46,7 @@ std::optional<TiffStructure> TiffStructure::open(FileWindow& file, FileRange ran
     }
     tiff.order_ = header->front() == 'I' ? std::endian::little : std::endian::big;
     tiff.magic_ = tiff.number<std::uint16_t>(*header, 2);
-    // 42 is TIFF and 43 its 64-bit form; the others are camera makers' own.
+    // 42 is TIFF and 43 its 64-bit form. The others belong to camera makers.
     constexpr std::array<std::uint16_t, 5> magics{42, 43, 0x55, 0x4F52, 0x5352};
     if (std::find(magics.begin(), magics.end(), tiff.magic_) == magics.end()) {
         return std::nullopt;
@@ -127,7 +127,7 @@ std::optional<std::uint64_t> TiffStructure::integer(const TiffEntry* entry, std:
     case shortType:
         return number<std::uint16_t>(*bytes, 0);
     case longType:
-    case signedLongType: // some programs write offsets so
+    case signedLongType: // some programs write offsets with this type
     case ifdType:
         return number<std::uint32_t>(*bytes, 0);
     case long8Type:
@@ -149,7 +149,7 @@ std::optional<double> TiffStructure::degrees(const TiffEntry* entry) {
     if (!bytes) {
         return std::nullopt;
     }
-    // Some phones sign their fractions, though it is the reference that tells a coordinate's sign.
+    // Some phones store signed fractions, although the sign of a coordinate comes from its reference.
     const auto magnitude = [entry](std::uint32_t part) {
         const bool isNegative = entry->type == signedRationalType && part >> 31U != 0;
         return isNegative ? 0 - part : part;

@@ -18,7 +18,7 @@ struct TiffEntry {
     std::uint16_t tag = 0;
     std::uint16_t type = 0;
     std::uint64_t count = 0;
-    std::uint64_t valueAt = 0; ///< within the structure, whether in the entry or elsewhere
+    std::uint64_t valueAt = 0; ///< within the structure: in the entry or elsewhere
 };
 
 /// The wanted entries of one directory.
@@ -26,7 +26,7 @@ class TiffDirectory {
 public:
     void add(const TiffEntry& entry) { entries_.push_back(entry); }
 
-    /// The first entry with this tag; null when there is none.
+    /// The first entry with this tag. Null when there is none.
     [[nodiscard]] const TiffEntry* find(std::uint16_t tag) const {
         for (const TiffEntry& entry : entries_) {
             if (entry.tag == tag) {
@@ -40,29 +40,29 @@ private:
     std::vector<TiffEntry> entries_;
 };
 
-/// A TIFF structure within a file, of 32 or 64 bits. Directories and values are read by offsets that count
-/// from the structure's first byte; none is kept. Used by one thread; the file outlives it.
+/// A TIFF structure within a file, of 32 or 64 bits. Directories and values are read by offsets from the
+/// structure's first byte. Nothing is kept. Used by one thread. The file must outlive it.
 class TiffStructure {
 public:
-    /// Absent when no header stands at the beginning of `range`, which may reach past the end of the file.
+    /// Absent when `range` does not start with a header. `range` may go beyond the end of the file.
     static std::optional<TiffStructure> open(FileWindow& file, FileRange range);
 
     [[nodiscard]] std::uint64_t firstDirectory() const { return firstDirectory_; }
-    /// The kind of TIFF: 42, or a camera maker's own.
+    /// The kind of TIFF: 42, or the number of a camera maker.
     [[nodiscard]] std::uint16_t magic() const { return magic_; }
 
-    /// The wanted entries of the directory at `offset`; those of an unknown type are left out.
+    /// The wanted entries of the directory at `offset`. Entries of an unknown type are left out.
     TiffDirectory directory(std::uint64_t offset, std::span<const std::uint16_t> wanted);
 
-    // Values of entries; absent when the entry is null, of another type, or its value is not there.
+    // Values of entries. Absent when the entry is null or has another type, or when its value is not there.
 
-    /// A text up to its NUL, or cut after 1,024 bytes.
+    /// A text up to its NUL, cut off after 1,024 bytes.
     std::optional<std::string> text(const TiffEntry* entry);
     std::optional<std::uint64_t> integer(const TiffEntry* entry, std::size_t index = 0);
     /// Up to three fractions: degrees, minutes, seconds.
     std::optional<double> degrees(const TiffEntry* entry);
 
-    /// Where bytes stand in the file.
+    /// The place of the bytes in the file.
     [[nodiscard]] std::optional<FileRange> bytes(const TiffEntry* entry) const;
 
 private:
@@ -74,7 +74,7 @@ private:
     [[nodiscard]] Number number(std::string_view bytes, std::size_t at) const {
         return numberAt<Number>(bytes, at, order_);
     }
-    /// An offset or count, of the width that the structure uses.
+    /// An offset or a count, in the width that the structure uses.
     [[nodiscard]] std::uint64_t word(std::string_view bytes, std::size_t at) const {
         return isBig() ? number<std::uint64_t>(bytes, at) : number<std::uint32_t>(bytes, at);
     }

@@ -10,7 +10,7 @@
 namespace lumeo {
 namespace {
 
-/// A one-line file of the kernel, without the blanks that disks pad their names with.
+/// The content of a one-line file of the kernel. Disks pad their names with blanks, which are removed.
 std::string attribute(const FilePath& folder, std::string_view name) {
     constexpr std::string_view blanks = " \t\n";
     const std::string text = contentOfSystemFile(folder.appending(name));
@@ -19,8 +19,8 @@ std::string attribute(const FilePath& folder, std::string_view name) {
                                       : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-/// The kernel's folder for the device: by its number, else by the name that the mount was asked for
-/// with (btrfs numbers its volumes itself).
+/// The kernel's folder for the device. It is found by number, or else by the name of the mounted device,
+/// because btrfs numbers its volumes itself.
 std::optional<FilePath> deviceFolder(const Mount& mount, const FilePath& systemRoot) {
     if (!mount.device.starts_with("0:")) {
         return realPath(systemRoot.appending("sys/dev/block").appending(mount.device));
@@ -37,7 +37,7 @@ FilePath wholeDisk(const FilePath& device) {
     return contentOfSystemFile(device.appending("partition")).empty() ? device : device.parent();
 }
 
-/// The disk below the layers that encrypt, join or cut up disks; of several disks the first.
+/// The disk below the layers that encrypt, join or divide disks. Of several disks it is the first.
 FilePath physicalDisk(const FilePath& device) {
     constexpr int mostLayers = 16;
     FilePath disk = wholeDisk(device);
@@ -55,7 +55,7 @@ FilePath physicalDisk(const FilePath& device) {
     return disk;
 }
 
-/// True for the device at whose end of the cable the user can pull.
+/// True when `device` hangs on a connection that the user can unplug.
 bool isOutwardConnection(const FilePath& device) {
     const std::optional<FilePath> subsystemFolder = realPath(device.appending("subsystem"));
     if (!subsystemFolder) {
@@ -63,10 +63,10 @@ bool isOutwardConnection(const FilePath& device) {
     }
     const std::string_view subsystem = subsystemFolder->lastComponent();
     if (subsystem == "mmc") {
-        return attribute(device, "type") == "SD"; // "MMC" is soldered on
+        return attribute(device, "type") == "SD"; // type "MMC" is soldered to the board
     }
     if (subsystem == "pci") {
-        return attribute(device, "removable") == "removable"; // behind a Thunderbolt or card slot
+        return attribute(device, "removable") == "removable"; // behind a Thunderbolt port or a card slot
     }
     return subsystem == "usb" || subsystem == "firewire" || subsystem == "memstick" || subsystem == "pcmcia";
 }
@@ -84,7 +84,7 @@ std::optional<bool> isInternal(const FilePath& disk, const FilePath& systemRoot)
     return true;
 }
 
-/// udev writes what might harm in a file name as "\x" and two hex digits.
+/// udev writes a character that could harm in a file name as "\x" and two hex digits.
 std::string decodedLabel(std::string_view name) {
     constexpr std::string_view mark = "\\x";
     std::string label;
@@ -113,7 +113,7 @@ std::optional<std::string> labelOf(const FilePath& device, const FilePath& syste
     return std::nullopt;
 }
 
-/// Cards keep their name elsewhere than disks do.
+/// Memory cards keep their name in another place than disks.
 std::optional<std::string> modelOf(const FilePath& disk) {
     for (const std::string_view name : {"device/model", "device/name"}) {
         if (std::string model = attribute(disk, name); !model.empty()) {

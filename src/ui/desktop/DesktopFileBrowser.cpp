@@ -12,7 +12,7 @@ namespace lumeo {
 void DesktopFileBrowser::reveal(const FilePath& folder) {
     const QString url = QString::fromStdString(folder.fileUrl());
     const auto openByToolkit = [url] { QDesktopServices::openUrl(QUrl::fromEncoded(url.toLatin1())); };
-    if (!QDBusConnection::sessionBus().isConnected()) { // then a call would never come to an end
+    if (!QDBusConnection::sessionBus().isConnected()) { // without a connection a call would never end
         openByToolkit();
         return;
     }

@@ -6,7 +6,7 @@
 
 namespace lumeo {
 
-/// The desktop's file browser; where none answers to the common interface, whatever opens folders.
+/// The desktop's file browser. Where none answers to the common interface, whatever program opens folders.
 class DesktopFileBrowser final : public QObject, public FileBrowser {
     Q_OBJECT
 

@@ -10,8 +10,8 @@ class QQmlEngine;
 
 namespace lumeo {
 
-/// The desktop's own folder chooser, through its portal. Where there is none, the toolkit's, which
-/// chooses one folder at a time: further ones are added with further calls.
+/// The desktop's own folder chooser, through its portal. Where there is no portal, Qt's chooser, which
+/// chooses one folder at a time: the user adds more folders with more calls.
 class DesktopFolderChooser final : public QObject, public FolderChooser {
     Q_OBJECT
 

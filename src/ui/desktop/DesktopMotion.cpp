@@ -21,7 +21,7 @@ struct Setting {
     const char* key;
 };
 
-// Where desktops keep it: one as a switch for animations, one as the factor of their length.
+// Desktops have two settings for this: a switch for animations, and a factor for their duration.
 const Setting animations{"org.gnome.desktop.interface", "enable-animations"};
 const Setting durationFactor{"org.kde.kdeglobals.KDE", "AnimationDurationFactor"};
 
@@ -60,7 +60,7 @@ void DesktopMotion::ask(const QString& group, const QString& key) {
 
 void DesktopMotion::take(const QString& group, const QString& key, const QDBusVariant& value) {
     QVariant inner = value.variant();
-    // Reading wraps the value twice, the signal once.
+    // A read wraps the value twice, the signal once.
     while (inner.canConvert<QDBusVariant>()) {
         inner = inner.value<QDBusVariant>().variant();
     }

@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QDBusVariant> // whole, or the bus cannot tell what the slot takes
+#include <QDBusVariant> // needs the full type: D-Bus must know what the slot takes
 #include <QObject>
 
 namespace lumeo {
 
-/// Whether the user has asked the desktop for less motion, by its portal of settings. Until that has
-/// answered, and where there is none, motion is not reduced. Main thread only.
+/// Whether the user has asked the desktop for less motion, according to its settings portal. Motion is not
+/// reduced before the portal has answered, and where there is none. Main thread only.
 class DesktopMotion : public QObject {
     Q_OBJECT
 
 public:
-    /// Asks at once; the answer comes with `reducedChanged`.
+    /// Asks at once. The answer comes with `reducedChanged`.
     explicit DesktopMotion(QObject* parent = nullptr);
 
 signals:
@@ -23,7 +23,7 @@ private slots:
 private:
     void ask(const QString& group, const QString& key);
 
-    // Desktops may answer for each other's settings: one that asks for less motion is enough.
+    // One desktop may also offer another desktop's settings. One setting that asks for less motion is enough.
     bool hasNoAnimations_ = false;
     bool hasNoDuration_ = false;
 };

@@ -10,8 +10,8 @@ class QQmlEngine;
 
 namespace lumeo {
 
-/// The desktop's own save panel, through its portal; the toolkit's where there is none. It asks before a
-/// file is replaced, so the name that the user confirmed is taken as it is.
+/// The desktop's own save panel, through its portal, or Qt's where there is no portal. The panel asks before
+/// a file is replaced, so the name that the user confirmed is used as it is.
 class DesktopSavePanel final : public QObject, public SavePanel {
     Q_OBJECT
 

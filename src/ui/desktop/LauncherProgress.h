@@ -7,16 +7,16 @@
 
 namespace lumeo {
 
-/// Shows how far a run has come on the program's icon, on desktops that listen for it. Main thread only.
+/// Shows the progress of a run on the program's icon, on desktops that support it. Main thread only.
 class LauncherProgress : public QObject {
     Q_OBJECT
 
 public:
     /// `desktopFileName` is the program's desktop entry, without its suffix.
     explicit LauncherProgress(const QString& desktopFileName, QObject* parent = nullptr);
-    ~LauncherProgress() override; ///< takes the bar away
+    ~LauncherProgress() override; ///< removes the bar
 
-    /// A fraction from 0 to 1; absent when nothing is running. The desktop is told of whole percents.
+    /// A fraction from 0 to 1. Absent when nothing is running. The desktop only gets whole percents.
     void show(std::optional<double> fraction);
 
 private:

@@ -18,7 +18,7 @@ QString service() {
     return QStringLiteral("org.freedesktop.portal.Desktop");
 }
 
-/// How the portal knows the window that its dialog belongs to; empty where that cannot be told.
+/// The portal's name for the window that its dialog belongs to. Empty where there is no such name.
 QString identifier(const QWindow* window) {
     const bool isX11 = QGuiApplication::platformName() == QLatin1String("xcb");
     return window != nullptr && isX11 ? QStringLiteral("x11:") + QString::number(window->winId(), 16)
@@ -30,7 +30,7 @@ QString newToken() {
     return QStringLiteral("lumeo%1").arg(++count);
 }
 
-/// Where the answer will come from: known before the call, so that no answer can be missed.
+/// The object path of the answer. It is known before the call, so that no answer is missed.
 QString expectedHandle(const QString& token) {
     const QString sender =
         QDBusConnection::sessionBus().baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
@@ -50,14 +50,14 @@ PortalRequest::PortalRequest(Answer answer, Refusal refused, QObject* parent)
 
 void PortalRequest::call(const QString& method, const QString& title, QVariantMap options,
                          const QWindow* window) {
-    if (!QDBusConnection::sessionBus().isConnected()) { // then a call would never come to an end
+    if (!QDBusConnection::sessionBus().isConnected()) { // without a connection a call would never end
         QMetaObject::invokeMethod(this, &PortalRequest::refuse, Qt::QueuedConnection);
         return;
     }
     const QString token = newToken();
     options[QStringLiteral("handle_token")] = token;
     listen(expectedHandle(token));
-    // A portal that dies takes its dialog along: the user must be able to ask for another one.
+    // When the portal dies, its dialog is gone too. The user must then be able to ask for another one.
     const auto* const watcher = new QDBusServiceWatcher(service(), QDBusConnection::sessionBus(),
                                                         QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish({}); });
@@ -84,7 +84,7 @@ void PortalRequest::called(QDBusPendingCallWatcher* watcher) {
         return;
     }
     if (reply.value().path() != handle_) {
-        listen(reply.value().path()); // as old portals answer
+        listen(reply.value().path()); // old portals answer under another path
     }
 }
 

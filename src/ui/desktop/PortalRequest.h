@@ -11,19 +11,19 @@ class QWindow;
 
 namespace lumeo {
 
-/// One question to the desktop's portal for files, which shows the dialog in a process of its own.
-/// Deletes itself once it has answered. Main thread only.
+/// One question to the desktop's portal for files. The portal shows the dialog in its own process. The
+/// request deletes itself after the answer. Main thread only.
 class PortalRequest : public QObject {
     Q_OBJECT
 
 public:
-    /// The URIs chosen; none when the user cancelled or the portal went away meanwhile.
+    /// The chosen URIs. Empty when the user cancelled or the portal exited.
     using Answer = std::function<void(const QStringList& uris)>;
     using Refusal = std::function<void()>;
 
     /// Calls `method` ("OpenFile", "SaveFile") of the portal with a dialog over `window` (may be null).
-    /// Exactly one of `answer` and `refused` is called, later: `refused` where no portal shows such a
-    /// dialog, or one tried and failed. Neither is when `parent` is destroyed first.
+    /// Later, exactly one of `answer` and `refused` is called. It is `refused` when no portal shows such a
+    /// dialog, or when one tried and failed. Neither is called when `parent` is destroyed first.
     static void ask(const QString& method, const QString& title, QVariantMap options, const QWindow* window,
                     Answer answer, Refusal refused, QObject* parent);
 

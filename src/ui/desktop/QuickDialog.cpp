@@ -10,7 +10,7 @@
 namespace lumeo {
 namespace {
 
-/// Hears the dialog's signal, which only QML knows, and turns it into the answer.
+/// Receives the dialog's signal, which only QML declares, and calls the answer.
 class Listener : public QObject {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ private:
     QuickDialog::Answer answer_;
 };
 
-/// Left to itself, the toolkit draws a dialog and what is in it in two styles: white on white.
+/// Without this, Qt draws a dialog and its contents in two different styles, white on white.
 void settleStyle() {
     static bool isSettled = false;
     if (!std::exchange(isSettled, true)) {

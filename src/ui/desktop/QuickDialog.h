@@ -12,13 +12,13 @@ class QWindow;
 
 namespace lumeo {
 
-/// A dialog of the toolkit's own, for desktops without a portal. It chooses one file or folder.
+/// One of Qt's own dialogs, for desktops without a portal. It chooses one file or folder.
 struct QuickDialog {
-    /// The URL chosen; empty when the user cancelled.
+    /// The chosen URL. Empty when the user cancelled.
     using Answer = std::function<void(const QUrl& url)>;
 
-    /// Opens the dialog `name` of this module over `window`. `answer` is called once, later; never when
-    /// `parent` is destroyed first.
+    /// Opens the dialog `name` of this module over `window`. `answer` is called once, later. It is not called
+    /// when `parent` is destroyed first.
     static void open(QQmlEngine& engine, const QString& name, QVariantMap properties, QWindow* window,
                      Answer answer, QObject* parent);
 };

@@ -8,5 +8,5 @@ FileDialog {
     fileMode: FileDialog.SaveFile
     onAccepted: answered(selectedFile)
     onRejected: answered("")
-    Component.onCompleted: selectedFile = proposed // may not be there: not before the mode allows that
+    Component.onCompleted: selectedFile = proposed // only a save dialog accepts a missing file
 }

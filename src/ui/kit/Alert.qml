@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// A question that stops the work until it is answered. Escape is the answer that changes nothing, and
-/// so has the keyboard first when the other one takes something away.
+/// A question that stops the work until it is answered. Escape chooses the answer that changes nothing. If
+/// the other answer is destructive, the harmless one has the keyboard focus first.
 ModalSurface {
     id: alert
 
@@ -68,8 +68,8 @@ ModalSurface {
                 horizontalAlignment: Text.AlignHCenter
             }
 
-            // Of one width side by side; by their words where one of them needs more; and one above the
-            // other where even that is too little.
+            // The buttons stand side by side with equal widths. If one needs more, each is as wide as its
+            // text. If that does not fit either, they stand one above the other.
             GridLayout {
                 id: answers
 

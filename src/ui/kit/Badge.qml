@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A word that marks a thing as being of a kind.
+/// A word that shows what kind a thing is.
 Rectangle {
     id: badge
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// Something to know before going on, in a sentence.
+/// One sentence that the user should read before going on.
 Rectangle {
     id: banner
 

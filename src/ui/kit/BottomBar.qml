@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// Where a screen keeps what leads on and back; always in sight.
+/// The buttons that lead on and back. Always visible on a screen.
 Rectangle {
     default property alias content: row.data
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// The symbol and the text of a button, side by side in its middle.
+/// The symbol and the text of a button, side by side in its centre.
 Item {
     id: label
 

@@ -1,7 +1,7 @@
 import QtQuick
 
-/// A disk: what is used, what would be added, and the rest free, each a share from 0 to 1. Where
-/// nothing is known of the disk the bar is empty.
+/// The space on a disk: the used part, the part to be added, and the free rest, each as a share from 0 to 1.
+/// The bar is empty when nothing is known about the disk.
 Rectangle {
     id: bar
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// What a thing is called, small, beside or under it.
+/// A small label beside or under a thing.
 RoleText {
     color: Theme.textSecondary
     font.pixelSize: Theme.captionSize

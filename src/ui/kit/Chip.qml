@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A figure of a list in few words, above it.
+/// One figure about a list in a few words, shown above the list.
 Badge {
     implicitHeight: 24
     radius: 12

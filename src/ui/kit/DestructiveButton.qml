@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Takes something away; stands apart and is never the default.
+/// A button that removes something. It stands apart from others and is never the default.
 PlainButton {
     color: Theme.red
 }

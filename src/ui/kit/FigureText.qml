@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A number that is the point of its tile.
+/// The large number of a tile.
 RoleText {
     font.pixelSize: Theme.figureSize
     font.weight: Font.DemiBold

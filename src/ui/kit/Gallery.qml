@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// Every control of the kit on one page, for the eye and for tests. `used` tells which control was
-/// worked, by its name.
+/// Every control of the kit on one page, for people to look at and for tests. `used` is the name of the
+/// control that was used last.
 Rectangle {
     id: gallery
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A list of things to choose or do, opened by a button. The arrow keys walk through it.
+/// A list of choices or commands that a button opens. The arrow keys move through it.
 T.Menu {
     id: menu
 

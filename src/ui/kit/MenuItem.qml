@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 
-/// One line of a menu; `checked` puts a checkmark beside it.
+/// One line of a menu. `checked` shows a checkmark beside it.
 T.MenuItem {
     id: item
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A path, or anything else whose every character counts; too long a one loses its middle.
+/// A path, or other text in which every character matters. A text that is too long is cut in its middle.
 RoleText {
     color: Theme.textSecondary
     font.family: Theme.mono

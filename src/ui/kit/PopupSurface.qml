@@ -1,6 +1,6 @@
 import QtQuick
 
-/// What menus and lists that open over the window lie on.
+/// The background of menus and lists that open over the window.
 Rectangle {
     color: Theme.surface
     border.color: Theme.line

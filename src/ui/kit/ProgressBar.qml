@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// How much is done, from 0 to 1, or that something is being done whose end cannot be told.
+/// How much is done, from 0 to 1, or that something is going on whose end is unknown.
 T.ProgressBar {
     id: control
 
@@ -32,7 +32,7 @@ T.ProgressBar {
             id: runner
 
             visible: control.indeterminate
-            // With reduced motion the whole bar says it, at rest.
+            // With reduced motion the whole bar is tinted and does not move.
             width: Theme.reducedMotion ? parent.width : parent.width * 0.3
             height: parent.height
             radius: height / 2

@@ -1,7 +1,7 @@
 import QtQuick
 
-/// What all texts of the kit have in common. Never interprets markup: names of files are shown as well.
-/// Without an alignment of its own a text stands where its script begins.
+/// The base of all texts in the kit. It never interprets markup, because it also shows names of files. By
+/// default a text is aligned to the side where its script starts.
 Text {
     color: Theme.textPrimary
     textFormat: Text.PlainText

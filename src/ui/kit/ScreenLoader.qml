@@ -1,7 +1,7 @@
 import QtQuick
 
-/// Shows one screen of several. When a screen goes that had the keyboard, Tab leads on to the first
-/// control of the one that comes.
+/// Shows one of several screens. If the old screen had the keyboard focus, Tab moves to the first control of
+/// the new one.
 Loader {
     function firstControl(item: Item): Item {
         for (let i = 0; i < item.children.length; ++i) {

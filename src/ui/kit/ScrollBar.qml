@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Shows where in a long list one is; appears when the list is longer than its place.
+/// Shows the position in a list. It appears when the list is longer than its space.
 T.ScrollBar {
     id: control
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Narrows a list as its words are written. Escape empties it.
+/// Narrows a list while the user types. Escape empties the field.
 T.TextField {
     id: control
 

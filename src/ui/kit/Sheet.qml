@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 
-/// Something to read over the dimmed window. Keeps the keyboard to itself until it is closed, by its
-/// buttons or by Escape.
+/// A text to read over the dimmed window. It keeps the keyboard focus until it is closed by its buttons or by
+/// Escape.
 ModalSurface {
     id: sheet
 

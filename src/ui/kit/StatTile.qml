@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// One number of several, with what it counts. Keeps its size whatever the number.
+/// One of several numbers, with what it counts. The tile's size does not depend on the number.
 Card {
     id: tile
 

@@ -1,8 +1,7 @@
 import QtQuick
 import Lumeo.Kit
 
-/// A picture by name. What it means is said by the control that it belongs to, so it is not accessible
-/// itself.
+/// A picture by name. It is not accessible itself, because the control around it says what it means.
 Item {
     id: symbol
 
@@ -10,7 +9,7 @@ Item {
     property int size: 20
     property bool bold: false
     property color color: Theme.textPrimary
-    /// What shows through where a mark is cut out of the picture: the colour of the ground.
+    /// The colour of the background, which shows where a mark is cut out of the picture.
     property color cutOut: Theme.surface
 
     implicitWidth: size

@@ -27,7 +27,7 @@ consteval SymbolEntry entry(std::u16string_view name, char16_t glyph, char16_t m
     return {.name = name, .glyph = glyph, .mark = mark, .markStyle = style};
 }
 
-// Glyphs that serve several names or as marks.
+// Glyphs that have several names or serve as marks.
 constexpr char16_t check = 0xF12C;
 constexpr char16_t checkCircle = 0xF5E0;
 constexpr char16_t copies = 0xF18F;

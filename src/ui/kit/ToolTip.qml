@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Says what a control does, or the whole of a text that was cut short, beside its parent.
+/// Shows beside its parent what a control does, or the full length of a text that was cut.
 T.ToolTip {
     id: control
 

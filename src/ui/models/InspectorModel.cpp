@@ -11,7 +11,7 @@
 namespace lumeo {
 namespace {
 
-/// In points. Pictures are made at twice that, so 200 of them take 20 MB at most.
+/// In points. Pictures are made at twice this size, so 200 of them take at most 20 MB.
 constexpr QSize pictureSize(80, 80);
 
 QVariantMap row(const char* label, const QString& value, bool isPath = false) {

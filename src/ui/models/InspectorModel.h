@@ -14,7 +14,8 @@ namespace lumeo {
 
 class ThumbnailService;
 
-/// All that is known of one item of the catalogue, and its picture. The texts are fixed English.
+/// Everything that is known about one item of the catalogue, and its picture. The texts are always in
+/// English.
 class InspectorModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -33,9 +34,9 @@ public:
     explicit InspectorModel(ThumbnailService& thumbnails, QObject* parent = nullptr);
     ~InspectorModel() override;
 
-    /// Shows an item from now on; of the one that is shown already, the picture stays.
+    /// Shows an item. If it is shown already, its picture stays.
     void open(const MediaItem& item);
-    /// What was shown stays to be read until another item is: the panel takes its time to leave.
+    /// The texts stay until another item is shown, because the panel takes time to close.
     Q_INVOKABLE void close();
 
     [[nodiscard]] const std::optional<MediaItem>& item() const { return item_; } ///< the last one shown
@@ -59,7 +60,7 @@ private:
     std::optional<MediaItem> item_;
     bool isOpen_ = false;
     QImage picture_;
-    std::optional<quint64> request_; ///< under way
+    std::optional<quint64> request_; ///< in progress
 };
 
 } // namespace lumeo

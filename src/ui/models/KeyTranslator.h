@@ -6,8 +6,8 @@ namespace lumeo {
 
 class LocalizationManager;
 
-/// Answers qsTrId() with the text for a key in the language spoken now. Once that changes,
-/// QQmlEngine::retranslate() brings the new texts to everything that is on screen. Main thread only.
+/// Answers qsTrId() with the text for a key in the current language. When the language changes,
+/// QQmlEngine::retranslate() updates everything on screen. Main thread only.
 class KeyTranslator final : public QTranslator {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
         : QTranslator(parent), localization_(localization) {}
 
     [[nodiscard]] bool isEmpty() const override { return false; }
-    /// Texts that have a context are not ours: they are the toolkit's own.
+    /// Texts with a context belong to Qt itself.
     [[nodiscard]] QString translate(const char* context, const char* sourceText, const char* disambiguation,
                                     int n) const override;
 

@@ -9,12 +9,12 @@
 
 namespace lumeo {
 
-/// How an item's fields are drawn on the screens.
+/// How the screens show an item's fields.
 
 QString symbolName(MediaType type);
 QString tintName(DateConfidence confidence);
 
-/// The path, or a dash where there is none.
+/// The path, or a dash when there is none.
 QString destinationText(const std::optional<FilePath>& destination);
 
 inline constexpr QChar emDash(0x2014);

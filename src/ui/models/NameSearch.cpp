@@ -10,13 +10,14 @@ namespace lumeo {
 namespace {
 
 QString folded(const QString& text) {
-    // Before folding, which gives the capital dotted letter a dot of its own.
+    // These letters are replaced before folding, because folding adds a separate dot to the capital dotted
+    // letter.
     QString one = text.normalized(QString::NormalizationForm_C);
     one.replace(QChar(0x0130), QLatin1Char('i')).replace(QChar(0x0131), QLatin1Char('i'));
     return one.toCaseFolded();
 }
 
-/// Eight bytes at a time: most names of a catalogue are looked at, and most are ASCII.
+/// Reads eight bytes at a time, because most names of a catalogue are examined and most are ASCII.
 bool isAscii(std::string_view text) {
     constexpr std::uint64_t highBits = 0x8080808080808080U;
     std::uint64_t word = 0;
@@ -30,7 +31,7 @@ bool isAscii(std::string_view text) {
     return std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-/// `text` is lower-cased already.
+/// `text` is in lower case already.
 bool containsIgnoringAsciiCase(std::string_view name, std::string_view text) {
     return std::search(name.begin(), name.end(), text.begin(), text.end(), [](char inName, char inText) {
                return asciiLowerCased(inName) == inText;

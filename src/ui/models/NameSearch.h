@@ -7,11 +7,11 @@
 
 namespace lumeo {
 
-/// Finds names that contain a text, whatever the case of letters and however their accents are stored.
-/// Any thread may use one, one at a time.
+/// Finds names that contain a text. The case of letters and the way their accents are stored do not matter.
+/// Threads may share one, but only one at a time.
 ///
-/// All kinds of the letter i count as one, dotted or not: by Turkish rules the small form of IMG is not
-/// img, yet people who write Turkish look for their cameras' files like everybody else.
+/// All forms of the letter i count as one, dotted or not. By Turkish rules the small form of IMG is not img,
+/// but people who write Turkish also search for the files of their cameras.
 class NameSearch {
 public:
     /// An empty text finds everything.
@@ -19,14 +19,14 @@ public:
 
     [[nodiscard]] bool finds(std::string_view name) const;
 
-    /// True when this finds nothing that `wider` does not find.
+    /// True when everything that this finds is also found by `wider`.
     [[nodiscard]] bool isNarrowerThan(const NameSearch& wider) const {
         return folded_.contains(wider.folded_);
     }
 
 private:
     QString folded_;
-    std::string ascii_; ///< the same, when it is nothing but ASCII
+    std::string ascii_; ///< the same text if it is ASCII
 };
 
 } // namespace lumeo

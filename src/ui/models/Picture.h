@@ -6,7 +6,7 @@
 
 namespace lumeo {
 
-/// Shows an image that a model holds, as large as fits, shape kept.
+/// Shows an image of a model, as large as fits, without distortion.
 class Picture : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT

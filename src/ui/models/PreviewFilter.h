@@ -13,7 +13,7 @@ namespace lumeo {
 
 class NameSearch;
 
-/// What the list of the preview is narrowed to.
+/// The filters of the preview's list.
 enum class PreviewFilter : std::uint8_t { all, photos, videos, raw, duplicates, unknownDate, warnings };
 
 template<>
@@ -45,11 +45,11 @@ private:
     std::array<std::int64_t, EnumTexts<PreviewFilter>::texts.size()> counts_{};
 };
 
-/// The indices of the items that pass the filter and whose name the search finds, in their order.
+/// The indices of the items that pass the filter and whose name the search finds, in the items' order.
 std::vector<std::uint32_t> visibleItems(std::span<const MediaItem> items, PreviewFilter filter,
                                         const NameSearch& search);
 
-/// Of `candidates`, the indices of the items whose name the search finds.
+/// The indices from `candidates` whose item has a name that the search finds.
 std::vector<std::uint32_t> narrowed(std::span<const std::uint32_t> candidates,
                                     std::span<const MediaItem> items, const NameSearch& search);
 

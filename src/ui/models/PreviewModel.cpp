@@ -63,7 +63,7 @@ PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, Th
 void PreviewModel::beginAnew() {
     setShowMoveConfirmation(false);
     inspector_.close();
-    rows_.setItems(noItems()); // so that taking back the search and the filter costs nothing
+    rows_.setItems(noItems()); // clearing the search and the filter then costs nothing
     setSearchText({});
     setSelectedFilter(name(PreviewFilter::all));
     takeItems();
@@ -193,9 +193,9 @@ QString PreviewModel::refusal() const {
     const std::int64_t needed = state_.requiredOutputSizeBytes();
     const std::int64_t free = *volume->freeSpaceBytes;
     if (needed < free) {
-        return {}; // room has been made, or the plan is another one by now
+        return {}; // there is enough space by now, or the plan has changed
     }
-    // A run that fits to the last byte is refused too.
+    // A run is refused even if it would just fill the disk, so one more byte is missing.
     const std::int64_t missing = needed - free + 1;
     return QStringLiteral("Not enough space on %1: %2 needed, %3 free, %4 missing. Make room there or choose "
                           "another destination.")

@@ -15,8 +15,8 @@ class AppState;
 class LocalizationManager;
 class ThumbnailService;
 
-/// The preview: every item with its date and its place, searched and filtered, one of them inspected,
-/// and the start of the run. Begins anew each time the wizard comes to it.
+/// The preview: every item with its date and its place, the search and the filter, the inspected item, and
+/// the start of the run. It starts fresh each time the wizard reaches it.
 class PreviewModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -28,9 +28,9 @@ class PreviewModel : public QObject {
         QString selectedFilter READ selectedFilter WRITE setSelectedFilter NOTIFY selectedFilterChanged)
     Q_PROPERTY(QVariantList filters READ filters NOTIFY textsChanged) ///< {name, text, count}
     Q_PROPERTY(QVariantList chips READ chips NOTIFY textsChanged)     ///< {text, tint}
-    /// "12 / 100,000" while the search or the filter leaves rows out; empty otherwise.
+    /// "12 / 100,000" while the search or the filter hides rows. Empty otherwise.
     Q_PROPERTY(QString listed READ listed NOTIFY listedChanged)
-    /// The row of the inspected item; -1 when there is none or it is not listed.
+    /// The row of the inspected item. -1 when there is none or it is not listed.
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged)
     Q_PROPERTY(bool isMove READ isMove NOTIFY planChanged)
     Q_PROPERTY(bool canStart READ canStart NOTIFY readinessChanged)
@@ -39,13 +39,13 @@ class PreviewModel : public QObject {
     Q_PROPERTY(bool isPlanning READ isPlanning NOTIFY readinessChanged)
     Q_PROPERTY(double planningFraction READ planningFraction NOTIFY planningProgressChanged)
     Q_PROPERTY(QString planningText READ planningText NOTIFY planningProgressChanged)
-    /// Why the last run was refused; empty when it was not.
+    /// Why the last run was refused. Empty when it was not.
     Q_PROPERTY(QString refusal READ refusal NOTIFY outcomeChanged)
-    /// What a cancelled run has done; empty when the last one was not cancelled.
+    /// What a cancelled run has done. Empty when the last run was not cancelled.
     Q_PROPERTY(QString cancellation READ cancellation NOTIFY outcomeChanged)
 
 public:
-    /// What is given must outlive this object.
+    /// All parameters must outlive this object.
     PreviewModel(AppState& state, const LocalizationManager& texts, ThumbnailService& thumbnails,
                  QObject* parent = nullptr);
 
@@ -54,7 +54,7 @@ public:
     [[nodiscard]] const QString& searchText() const { return searchText_; }
     void setSearchText(const QString& text);
     [[nodiscard]] const QString& selectedFilter() const { return selectedFilter_; }
-    void setSelectedFilter(const QString& name); ///< an unknown one filters nothing
+    void setSelectedFilter(const QString& name); ///< an unknown name filters nothing
     [[nodiscard]] QVariantList filters() const;
     [[nodiscard]] QVariantList chips() const;
     [[nodiscard]] QString listed() const;
@@ -69,11 +69,11 @@ public:
     [[nodiscard]] QString refusal() const;
     [[nodiscard]] QString cancellation() const;
 
-    Q_INVOKABLE void inspect(int row); ///< the nearest row there is; nothing in an empty list
+    Q_INVOKABLE void inspect(int row); ///< clamps to the nearest row; does nothing in an empty list
     Q_INVOKABLE void back();
     Q_INVOKABLE void start();          ///< copies at once, asks before it moves
-    Q_INVOKABLE void confirmMove();    ///< nothing unless it was asked
-    Q_INVOKABLE void cancelPlanning(); ///< and back to where the plan is made
+    Q_INVOKABLE void confirmMove();    ///< does nothing unless the question was asked
+    Q_INVOKABLE void cancelPlanning(); ///< and goes back to the previous screen
 
 signals:
     void searchTextChanged();

@@ -15,7 +15,7 @@ PreviewRows::PreviewRows(QObject* parent)
 void PreviewRows::setItems(AppState::Items items) {
     std::vector<std::uint32_t> visible = visibleItems(*items, filter_, search_);
     if (items->size() == items_->size() && visible == visible_ && !visible.empty()) {
-        // Planned or dated anew: whoever looks at the list keeps their place in it.
+        // Only plans or dates have changed, so the view keeps its position in the list.
         items_ = std::move(items);
         emit dataChanged(index(0), index(count() - 1));
         return;

@@ -14,7 +14,7 @@
 namespace lumeo {
 
 /// The rows of the preview's table: the items of a catalogue that pass a filter and a search, in the
-/// catalogue's order. Keeps an index for each and no text: a row's texts are made when it is shown.
+/// catalogue's order. It keeps an index for each row but no text; the texts are made when a row is shown.
 class PreviewRows : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -58,7 +58,7 @@ private:
     AppState::Items items_;
     PreviewFilter filter_ = PreviewFilter::all;
     NameSearch search_;
-    std::vector<std::uint32_t> visible_; ///< indices into items_, rising
+    std::vector<std::uint32_t> visible_; ///< indices into items_, in rising order
 };
 
 } // namespace lumeo

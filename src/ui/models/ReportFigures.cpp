@@ -9,8 +9,8 @@
 namespace lumeo {
 namespace {
 
-/// The user's calendar is slow to ask a million times, so the years that were met are remembered; days
-/// around New Year, where time zones have their surprises, are asked for one by one.
+/// The user's calendar is too slow for a million questions, so known years are remembered. Days around New
+/// Year, where time zones can surprise, are looked up one by one.
 class Years {
 public:
     int yearOf(Instant instant) {

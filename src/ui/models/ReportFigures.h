@@ -10,7 +10,7 @@
 
 namespace lumeo {
 
-/// The outcome of a run in numbers: of its journal, and of the items it was made for.
+/// The outcome of a run in numbers, from its journal and its items.
 struct ReportFigures {
     /// A row of the timeline: a year of the user's calendar, or "Unknown" for files without a date.
     struct Year {
@@ -25,12 +25,12 @@ struct ReportFigures {
     std::int64_t transferredBytes = 0;
     double durationSeconds = 0;
     std::string mode = "COPY"; ///< in upper case
-    std::int64_t photos = 0;   ///< RAW files are none
+    std::int64_t photos = 0;   ///< without RAW files
     std::int64_t videos = 0;
     std::int64_t undated = 0;
-    std::vector<Year> timeline; ///< by label; no empty rows
+    std::vector<Year> timeline; ///< sorted by label; no empty rows
 
-    /// `manifest` may be null, for no run. Any thread may call.
+    /// `manifest` may be null, which means no run. Any thread may call.
     static ReportFigures of(const OperationManifest* manifest, std::span<const MediaItem> items);
 
     friend bool operator==(const ReportFigures&, const ReportFigures&) = default;

@@ -8,7 +8,7 @@
 namespace lumeo {
 namespace {
 
-/// Beyond what any disk or run reaches, and within a 64-bit integer.
+/// Larger than any disk or run, and still within a 64-bit integer.
 constexpr double greatest = 9e18;
 
 std::int64_t whole(double value) {

@@ -10,24 +10,25 @@
 
 namespace lumeo {
 
-/// How the figures of a run are written, for people.
+/// The texts for the figures of a run.
 
-/// "12.5 MB/s"; "0 KB/s" for a rate that is not above 0 or not finite.
+/// "12.5 MB/s". "0 KB/s" for a rate that is not above 0 or not finite.
 QString speedText(double bytesPerSecond);
 
-/// "59s", "2m 5s", in whole seconds, the rest dropped; "0s" for a span that is not above 0 or not finite.
+/// "59s", "2m 5s", in whole seconds, rounded down. "0s" for a span that is not above 0 or not finite.
 QString spanText(double seconds);
 
-/// The share of `part` in `whole` in whole percent: "40%"; "0%" of nothing.
+/// The share of `part` in `whole` in whole percent: "40%". "0%" when `whole` is 0.
 QString percentText(std::int64_t part, std::int64_t whole);
 
 /// "1 file", "2 files".
 QString fileCountText(std::int64_t count);
 
-/// What an undo that is being considered will leave in place; empty when that is nothing, or not known yet.
+/// What the undo in question would leave in place. Empty when that is nothing or not known yet.
 QString forecastText(const std::optional<UndoForecast>& forecast);
 
-/// A sentence of the core, which begins small and has no full stop, as a screen shows it.
+/// A sentence of the core in the form that a screen shows. The core starts it with a small letter and gives
+/// it no full stop.
 QString asSentence(std::string_view text);
 
 } // namespace lumeo

@@ -7,8 +7,8 @@ namespace lumeo {
 
 class Preferences;
 
-/// The stored preferences as the settings window shows them: choices by their place in its lists, which
-/// stand in the order of the enumerations. Main thread only.
+/// The stored preferences in the form that the settings window needs. A choice is its index in a list, and
+/// the lists have the order of the enumerations. Main thread only.
 class SettingsModel : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -12,8 +12,8 @@ class AppState;
 class LocalizationManager;
 class Preferences;
 
-/// What the window shows around its screens: the steps of the wizard, the languages, the appearance, and
-/// what may be done from anywhere. Main thread only.
+/// What the window shows around its screens: the steps of the wizard, the languages, the appearance, and the
+/// commands that are available everywhere. Main thread only.
 class ShellModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -38,20 +38,20 @@ public:
     [[nodiscard]] QString tint() const; ///< the name of the current step's colour
     /// Each with its flag, in the order of the enumeration.
     [[nodiscard]] QStringList languages() const;
-    [[nodiscard]] int currentLanguage() const; ///< its place in `languages`
+    [[nodiscard]] int currentLanguage() const; ///< its index in `languages`
     [[nodiscard]] bool isDark() const;
     [[nodiscard]] bool reducedMotion() const { return reducedMotion_; }
-    [[nodiscard]] bool isChangingFiles() const; ///< a run or an undo is under way
-    [[nodiscard]] QString workText() const;     ///< how far it has come, in a few words
+    [[nodiscard]] bool isChangingFiles() const; ///< a run or an undo is in progress
+    [[nodiscard]] QString workText() const;     ///< its progress, in a few words
 
     Q_INVOKABLE void navigateTo(int step);
     Q_INVOKABLE void chooseLanguage(int language);
     Q_INVOKABLE void flipAppearance();
-    /// Asks for further sources on their screen; nothing happens while a job works on the present ones.
+    /// Asks for more sources on their screen. Does nothing while a job uses the current ones.
     Q_INVOKABLE void addFolder();
 
 public slots:
-    /// What the desktop says of motion.
+    /// The desktop's setting for motion.
     void setReducedMotion(bool reduced);
 
 signals:

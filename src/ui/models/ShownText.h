@@ -11,8 +11,8 @@
 
 namespace lumeo {
 
-/// Texts and figures of the core as the screens show them, in the user's locale. What is not UTF-8 shows
-/// as U+FFFD. Any thread may call.
+/// Texts and figures of the core as the screens show them, in the user's locale. Bytes that are not UTF-8
+/// show as U+FFFD. Any thread may call.
 inline QString shownText(std::string_view bytes) {
     return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }

@@ -9,7 +9,7 @@
 
 namespace lumeo {
 
-/// The chosen sources as cards, in the order added.
+/// The chosen sources as cards, in the order in which they were added.
 class SourceCards : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -27,10 +27,10 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    /// Cards that stay keep their delegates, and with them the keyboard.
+    /// A card that stays keeps its delegate, and so the keyboard focus.
     void show(const std::vector<SourceVolume>& sources);
 
-    /// Row must exist.
+    /// The row must exist.
     [[nodiscard]] const SourceVolume& source(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

@@ -10,7 +10,7 @@
 namespace lumeo {
 namespace {
 
-/// The files and folders of a list of URLs, one a line; a line that begins with "#" is a comment.
+/// The files and folders of a list of URLs, one on each line. A line that starts with "#" is a comment.
 std::vector<FilePath> pathsOf(const QByteArray& uriList) {
     std::vector<FilePath> paths;
     for (const auto& line : uriList.split('\n')) {

@@ -34,13 +34,13 @@ public:
     [[nodiscard]] RunHistoryModel* history() { return &history_; }
     [[nodiscard]] int count() const { return cards_.rowCount(); }
     [[nodiscard]] QString countText() const;
-    [[nodiscard]] bool canScan() const; ///< never during a run or an undo
+    [[nodiscard]] bool canScan() const; ///< always false during a run or an undo
     [[nodiscard]] const LastOperationTexts& lastOperation() const { return lastOperation_; }
 
-    /// True when the list names at least one file or folder of this machine. `uriList` is a dragged
-    /// "text/uri-list" byte by byte, since paths need not be text.
+    /// True when the list names at least one file or folder of this machine. `uriList` has the unchanged
+    /// bytes of a dragged "text/uri-list", because paths need not be text.
     Q_INVOKABLE [[nodiscard]] bool takes(const QByteArray& uriList) const;
-    /// Adds every file and folder that the list names; all else in it is ignored.
+    /// Adds every file and folder that the list names and ignores everything else.
     Q_INVOKABLE void drop(const QByteArray& uriList);
     Q_INVOKABLE void chooseFolders();
     Q_INVOKABLE void remove(int row);

@@ -7,7 +7,7 @@ namespace lumeo {
 
 class AppState;
 
-/// The six steps of the wizard as the header shows them. Main thread only.
+/// The six steps of the wizard for the header. Main thread only.
 class WizardSteps : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -15,7 +15,7 @@ class WizardSteps : public QAbstractListModel {
 
 public:
     enum Role {
-        labelKeyRole = Qt::UserRole, ///< "labelKey": looked up for the label
+        labelKeyRole = Qt::UserRole, ///< "labelKey": the key of the label's text
         symbolRole,                  ///< "symbolName"
         tintRole,                    ///< "tint": the name of the step's colour
         isCurrentRole,               ///< "isCurrent"

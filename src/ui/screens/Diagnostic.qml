@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// Something odd about a file, in a line.
+/// One line about something odd in a file.
 RowLayout {
     id: line
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// A run that was cut off or cancelled, what was done of it, and what can be done about it.
+/// A run that was cut off or cancelled: what it has done, and what the user can do about it.
 Rectangle {
     id: notice
 

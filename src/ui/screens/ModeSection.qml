@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// Whether the originals stay where they are.
+/// Chooses whether the originals stay where they are.
 ColumnLayout {
     id: section
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// Stands where the rows would be when there are none, or the search and the filter leave none.
+/// Takes the place of the rows when there are none, or when the search and the filter hide all of them.
 ColumnLayout {
     id: message
 

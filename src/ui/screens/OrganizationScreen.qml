@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The third step: how the archive is to be built, and where.
+/// The third step: the structure of the archive, and its place.
 Item {
     id: screen
 
@@ -103,7 +103,7 @@ Item {
         ProgressBar {
             id: planning
 
-            // Most catalogues are planned before anybody could read a bar.
+            // Most catalogues are planned before anybody could read a bar, so it appears late.
             Timer {
                 running: screen.model.isPlanning
                 interval: 400

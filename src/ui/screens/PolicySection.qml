@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// What is done with undated files and duplicates, for the few who want it otherwise.
+/// Options for undated files and duplicates. It is closed at first, because few users change them.
 Disclosure {
     id: section
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// What is to be known before the start: a refusal, a cancelled run, planning under way.
+/// What the user should know before the start: a refusal, a cancelled run, planning in progress.
 ColumnLayout {
     id: notices
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// How the run ended, at one look.
+/// Shows how the run ended.
 Item {
     id: heading
 

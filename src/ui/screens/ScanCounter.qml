@@ -2,7 +2,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// A tile as wide as its neighbours, whatever the figures in them.
+/// A tile as wide as its neighbours, whatever figures they show.
 StatTile {
     Layout.fillWidth: true
     Layout.fillHeight: true

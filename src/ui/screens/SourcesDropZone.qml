@@ -3,8 +3,8 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// Where folders are dropped, with the button for those who would rather choose them. Steps back once
-/// there is something to look at below it.
+/// The place to drop folders, with a button for users who prefer to choose them. It becomes smaller when
+/// there is something to show below it.
 Item {
     id: zone
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Lumeo.Kit
 
-/// One text of a row; what does not fit is said by the table's tooltip.
+/// One text of a row. The table's tooltip shows a text that does not fit.
 RoleText {
     height: parent.height
     visible: width > 0

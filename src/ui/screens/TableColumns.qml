@@ -1,9 +1,9 @@
 import QtQuick
 import Lumeo.Kit
 
-/// The widths of the preview's columns, which the user can change. The destination takes what is left;
-/// where the table is too narrow for it, columns whose values the inspector shows as well give way, but for
-/// those whose width the user has set. What still does not fit is scrolled to.
+/// The widths of the preview's columns. The user can change them. The destination takes the remaining space.
+/// Where the table is too narrow for it, columns whose values the inspector also shows disappear, unless the
+/// user has set their width. If that is not enough, the table scrolls.
 QtObject {
     id: columns
 
@@ -12,13 +12,13 @@ QtObject {
     readonly property var keys: ["file", "date", "source", "confidence", "destination", "status"]
     readonly property var names: keys.map(key => qsTrId("preview.col." + key))
     readonly property int destination: 4
-    readonly property int readable: 280 ///< of the destination: its last folder and the name, and where it begins
+    readonly property int readable: 280 ///< destination: last folder, name, start of the path
 
     readonly property var least: [120, 80, 80, 72, 180, 56]
     readonly property var usual: [172, 104, 160, 84, 0, 70]
-    property var chosen: [0, 0, 0, 0, 0, 0] ///< by the user; 0 where there was no wish
+    property var chosen: [0, 0, 0, 0, 0, 0] ///< by the user; 0 for a column whose width was not set
 
-    /// By what is usual, not by what is chosen: no column goes because another one is made wider.
+    /// Uses the usual widths, not the chosen ones: making a column wider must not make another one disappear.
     readonly property var givingWay: {
         let left = available - usual.reduce((sum, width) => sum + width, 0);
         return [2, 3].filter(column => {
@@ -30,7 +30,7 @@ QtObject {
     readonly property var widths: {
         const all = usual.map((width, column) => chosen[column] || (givingWay.includes(column) ? 0 : width));
         let left = available - all.reduce((sum, width) => sum + width, 0);
-        // A name that does not fit widens its column, as long as there is more room than is needed.
+        // If a name does not fit, its column takes space that no other column needs.
         all.forEach((width, column) => {
             const wish = width > 0 && !chosen[column] ? nameWidth(column) - width : 0;
             const more = Math.max(0, Math.min(wish, left - readable));
@@ -51,7 +51,7 @@ QtObject {
         return Math.ceil(metrics.advanceWidth(names[column])) + Theme.s12 + Theme.s8 + 1;
     }
 
-    /// Makes a column wider or narrower; of the destination, its neighbour gives or takes.
+    /// Makes a column wider or narrower. For the destination, its neighbour changes instead.
     function resize(column: int, by: real) {
         const target = column === destination ? column + 1 : column;
         const all = chosen.slice();

@@ -1,10 +1,10 @@
 import Lumeo.Kit
 
-/// Asks before a run is taken back, and says which files that would leave in place.
+/// Asks before a run is undone, and tells which files would stay in place.
 Alert {
     id: question
 
-    property string forecast // empty while it is not known, and when there are none
+    property string forecast // empty while it is not known, and when no file would stay
 
     function ask(wanted: bool) {
         if (wanted)

@@ -1,7 +1,7 @@
 import QtQuick
 import Lumeo.Kit
 
-/// The way through the program in six steps.
+/// Explains the program in six steps.
 Sheet {
     title: qsTrId("header.howToUse")
     subtitle: qsTrId("help.subtitle")

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// A symbol, a heading and what there is to say about it.
+/// A symbol, a heading and the text about it.
 RowLayout {
     id: row
 

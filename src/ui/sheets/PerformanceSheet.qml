@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// What a long job may do to the machine meanwhile.
+/// How a long job may affect the machine while it runs.
 Sheet {
     title: qsTrId("performance.title")
     symbol: "exclamationmark.triangle.fill"

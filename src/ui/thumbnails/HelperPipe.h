@@ -8,9 +8,9 @@
 
 namespace lumeo {
 
-// What the program and its helper say to each other, one question and one answer at a time; see HelperSocket.
+// The messages between the program and its helper, one question and one answer at a time; see HelperSocket.
 
-/// Goes along with the open file.
+/// Sent together with the open file.
 struct ThumbnailQuestion {
     std::int64_t fileSize = 0; ///< bytes
     std::int32_t width = 0;    ///< of the space, in pixels
@@ -18,7 +18,8 @@ struct ThumbnailQuestion {
     std::uint64_t isRaw = 0; ///< 1 when the file's name says that it is a camera's raw file
 };
 
-/// The head of an answer; the lines of the picture follow, four bytes a pixel. No picture is 0 by 0.
+/// The head of an answer. The lines of the picture follow, with four bytes for each pixel. Without a picture
+/// the size is 0 by 0.
 struct ThumbnailAnswer {
     std::int32_t width = 0;
     std::int32_t height = 0;
@@ -26,10 +27,10 @@ struct ThumbnailAnswer {
 
 QByteArray encodedAnswer(const QImage& picture);
 
-/// How far an answer has come.
+/// How much of an answer has arrived.
 struct ReceivedAnswer {
     bool isComplete = false;
-    bool isDamaged = false; ///< not what the helper writes, or larger than was asked for
+    bool isDamaged = false; ///< not what the helper writes, or larger than requested
     QImage picture{};
 };
 ReceivedAnswer decodedAnswer(const QByteArray& received, QSize pixels);

@@ -19,8 +19,8 @@ using namespace std::chrono_literals;
 
 constexpr int mostKept = 200;
 constexpr int pixelsPerPoint = 2;
-constexpr auto longestWork = 10s;           // most of it is for a slow disk: the helper bounds its own
-constexpr auto longestUnwantedWork = 300ms; // long enough for most files, whose picture is then kept
+constexpr auto longestWork = 10s;           // mostly for a slow disk: the helper limits its own work
+constexpr auto longestUnwantedWork = 300ms; // long enough for most files, and the picture is then kept
 
 QByteArray key(const FilePath& file) {
     return QByteArray::fromStdString(file.bytes());
@@ -33,8 +33,9 @@ bool isRaw(const FilePath& file) {
 
 } // namespace
 
-/// Opens files for the helper, which must not, on threads of their own: a disk that does not answer holds one
-/// of these and not the window. Outlives the service as long as such a thread does.
+/// Opens files for the helper, which must not open any itself. Each file is opened on a thread of its own, so
+/// that a disk that does not answer blocks this thread and not the window. This object lives on while such a
+/// thread runs.
 class ThumbnailService::Opening : public std::enable_shared_from_this<Opening> {
 public:
     explicit Opening(ThumbnailService& service) : service_(&service) {}
@@ -109,7 +110,7 @@ void ThumbnailService::answerWaiting() {
     waiting_.pop_front();
     if (const QImage* const kept = kept_.object(key(request.file))) {
         answerSoon();
-        request.answer(*kept); // which may end this service
+        request.answer(*kept); // this may destroy the service
     } else {
         ask(std::move(request));
     }
@@ -139,7 +140,7 @@ void ThumbnailService::handOn(quint64 request, const std::shared_ptr<Opened>& op
     }
 }
 
-/// One that has something to say before it is asked is not to be trusted any more.
+/// A helper that has sent something before it was asked is not trusted any more and is replaced.
 bool ThumbnailService::startHelper() {
     if (helper_ && helper_->hasSpoken()) {
         endHelper();
@@ -158,7 +159,7 @@ void ThumbnailService::receive() {
     std::array<std::byte, 64 * 1024> part;
     const std::optional<std::size_t> count = helper_->receiveWhatIsThere(part);
     if (!asked_ || !asked_->sent) {
-        endHelper(); // it has gone, or speaks unasked; the request that is being prepared gets another
+        endHelper(); // it exited or sent something unasked; the request in preparation gets another helper
         return;
     }
     if (!count) {
@@ -184,7 +185,7 @@ void ThumbnailService::giveUp() {
 void ThumbnailService::endHelper() {
     if (listener_) {
         listener_->setEnabled(false);
-        listener_.release()->deleteLater(); // it may be calling at this moment
+        listener_.release()->deleteLater(); // it may be the caller at this moment
     }
     helper_.reset();
 }
@@ -194,12 +195,12 @@ void ThumbnailService::finish(const QImage& picture) {
     const Request request = *std::exchange(asked_, std::nullopt);
     if (!picture.isNull()) {
         kept_.insert(key(request.file), new QImage(picture));
-    } else if (request.sent && request.answer) { // nobody took it away from the helper
+    } else if (request.sent && request.answer) { // the helper was not interrupted
         refused_.add(*request.sent);
     }
     answerSoon();
     if (request.answer) {
-        request.answer(picture); // which may end this service
+        request.answer(picture); // this may destroy the service
     }
 }
 

@@ -20,33 +20,33 @@
 
 namespace lumeo {
 
-/// Small pictures of media files for the inspector; the last 200 used are kept in memory. They are made
-/// one at a time by a caged helper process, which is started when first needed: a file that brings a decoder
-/// down, hangs it or eats memory costs its picture only, and costs it once. Never writes. Main thread only;
-/// the program has one.
+/// Small pictures of media files for the inspector. The last 200 used are kept in memory. A caged helper
+/// process makes them one at a time; it is started when it is first needed. A file that crashes a decoder,
+/// hangs it or fills its memory costs only its own picture, and only once. Never writes. Main thread only.
+/// The program has one service.
 class ThumbnailService : public QObject {
     Q_OBJECT
 
 public:
-    /// Gets a null image when no picture could be made of the file.
+    /// Gets a null image when no picture could be made.
     using Answer = std::function<void(QImage)>;
 
     explicit ThumbnailService(QObject* parent = nullptr);
 
-    /// With another helper than the one that comes with the program; absent, no picture is made.
+    /// Uses another helper than the installed one. If it is absent, no picture is made.
     explicit ThumbnailService(std::optional<FilePath> helper, QObject* parent = nullptr);
 
-    /// Ends the helper; no answer comes any more.
+    /// Ends the helper. No answer comes after this.
     ~ThumbnailService() override;
 
-    /// Asks for an upright picture of `file` for a space of `points`, at two pixels a point, shape kept.
-    /// A kept picture is the answer whatever size it was made for. Of a file that gave none, no picture is
-    /// tried again until it changes. `answer` is called once, on the main thread, after load() has returned.
-    /// Gives the number of the request.
+    /// Requests an upright picture of `file` that fits a space of `points`, with two pixels for each point. A
+    /// kept picture is the answer, whatever size it was made for. A file that gave no picture is not tried
+    /// again until it changes. `answer` is called once, on the main thread, after load() has returned.
+    /// Returns the number of the request.
     quint64 load(const FilePath& file, QSize points, Answer answer);
 
-    /// The answer to a request is no longer wanted and does not come. Work on it stops soon. A request
-    /// that was answered already is ignored.
+    /// The answer to a request is no longer wanted and will not come. Work on it stops soon. Does nothing for
+    /// a request that was already answered.
     void drop(quint64 request);
 
 private:
@@ -54,8 +54,8 @@ private:
         quint64 number = 0;
         FilePath file;
         QSize pixels;
-        Answer answer;                  ///< empty once dropped
-        std::optional<FileStatus> sent; ///< of the file that the helper has been handed
+        Answer answer;                  ///< empty after drop()
+        std::optional<FileStatus> sent; ///< of the file that was sent to the helper
     };
     struct Opened {
         std::unique_ptr<ReadableFile> file;
@@ -76,7 +76,7 @@ private:
     std::optional<FilePath> program_;
     quint64 lastNumber_ = 0;
     std::deque<Request> waiting_;
-    std::optional<Request> asked_; ///< the one that is worked on
+    std::optional<Request> asked_; ///< the one in progress
     QCache<QByteArray, QImage> kept_;
     RefusedFiles refused_;
     std::shared_ptr<Opening> opening_;
