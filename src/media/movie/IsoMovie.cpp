@@ -24,11 +24,6 @@ void forEachBox(FileWindow& file, FileRange range, Each each) {
     }
 }
 
-FileRange behind(FileRange range, std::uint64_t count) {
-    count = std::min(count, range.length);
-    return {range.offset + count, range.length - count};
-}
-
 /// A signed fixed-point number as the display matrix holds them, with 16 bits behind the point.
 double fixedPoint(std::string_view bytes, std::size_t offset) {
     return static_cast<std::int32_t>(bigEndian(bytes, offset, 4)) / 65536.0;
