@@ -196,5 +196,56 @@ TEST(DatesInFiles, AreFoundWhereverTheyStandInPhotos) {
     });
 }
 
+TEST(DatesInFiles, AreFoundWhereverTheyStandInMovies) {
+    const ScopedTimeZone zone("Asia/Tokyo");
+    const Instant later = *inUtc + std::chrono::days(400);
+    TinyMovie key;
+    key.quickTimeCreationDate = "2021-03-14T16:30:45+0100";
+    key.userDataDay = "1999-01-01 00:00:00";
+    key.headerTime = later;
+    TinyMovie day;
+    day.userDataDay = "2021-03-14 15:30:45";
+    day.headerTime = later;
+    TinyMovie header;
+    header.headerTime = inUtc;
+    header.trackTime = later;
+    TinyMovie track;
+    track.trackTime = inUtc;
+    TinyMovie wallClock;
+    wallClock.wallClock = "Sun Mar 14 15:30:45 2021\n";
+    wallClock.infoDate = "1999-01-01";
+    wallClock.pictures = tinyDv({1999, 1, 1, 0, 0, 0});
+    TinyMovie info;
+    info.wallClock = "0000/00/00 00:00:00";
+    info.infoDate = "2021-03-14"s + '\0';
+    TinyMovie pictures;
+    pictures.infoDate = "2022-01-01";
+    pictures.pictures = tinyDv(afternoon);
+    WallTime withoutTime = afternoon;
+    withoutTime.hour = 25;
+    const std::string halfSet = tinyDv(withoutTime);
+    expectDates({
+        {"key.mov", tinyQuickTime(key), inUtc, quickTimeMetadataDate},
+        {"day.mp4", tinyQuickTime(day), inUtc, quickTimeMetadataDate},
+        {"header.3gp", tinyQuickTime(header), inUtc, quickTimeMetadataDate},
+        {"track.mp4", tinyQuickTime(track), inUtc, quickTimeMetadataDate},
+        {"a.mkv", tinyMatroska(header), inUtc, quickTimeMetadataDate},
+        {"a.wmv", tinyAsf(header), inUtc, quickTimeMetadataDate},
+        {"clock.avi", tinyAvi(wallClock), movie(afternoon), quickTimeMetadataDate},
+        {"info.avi", tinyAvi(info), movie(noon), quickTimeMetadataDate},
+        {"pictures.avi", tinyAvi(pictures), movie(afternoon), quickTimeMetadataDate},
+        {"a.dv", tinyDv(afternoon), movie(afternoon), quickTimeMetadataDate},
+        {"last century.dv", tinyDv({1998, 12, 31, 23, 59, 59}), movie({1998, 12, 31, 23, 59, 59}),
+         quickTimeMetadataDate},
+        {"without a time.dv", halfSet, movie(noon), quickTimeMetadataDate},
+        {"never set.dv", tinyDv({-1, -1, -1, -1, -1, -1}), std::nullopt, unknown},
+        {"a.mts", tinyAvchd(afternoon), movie(afternoon), quickTimeMetadataDate},
+        {"a.m2ts", tinyAvchd({2008, 1, 31, 0, 0, 3}, 188), movie({2008, 1, 31, 0, 0, 3}),
+         quickTimeMetadataDate},
+        {"never set.mts", tinyAvchd({-1, -1, -1, -1, -1, -1}), std::nullopt, unknown},
+        {"VID_20210314_153045.mpg", "\0\0\1\xBA"s + std::string(100, '\0'), movie(afternoon), filename},
+    });
+}
+
 } // namespace
 } // namespace lumeo
