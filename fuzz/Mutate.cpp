@@ -46,6 +46,11 @@ std::vector<Original> madeFiles() {
     photo.latitude = 48.5;
     photo.longitude = 2.25;
     photo.xmpPacket = tinyXmp(R"(xmp:ModifyDate="2021-03-14T15:30:45" aux:Lens="Lens")");
+    photo.photoshop = pressFacts("20210314", "153045+0100");
+    const WallTime clock{2021, 3, 14, 15, 30, 45};
+    TinyMovie captured;
+    captured.infoDate = "2021-03-14";
+    captured.pictures = tinyDv(clock);
     const std::string camera("Maker\0Model\0", 12);
     const std::string exifName("Raw profile type exif\0\0", 23);
     const std::string xmpName("XML:com.adobe.xmp\0\1\0\0\0", 22);
@@ -57,10 +62,18 @@ std::vector<Original> madeFiles() {
             {"png", tinyPng(pngChunk("IHDR", std::string(13, '\1')) +
                             pngChunk("zTXt", exifName + deflated(pngProfile(tinyTiff(photo)))) +
                             pngChunk("iTXt", xmpName + deflated(*photo.xmpPacket)))},
+            {"psd", tinyPsd(photoshopResource(0x0422, tinyExif(photo)) +
+                            photoshopResource(0x0424, *photo.xmpPacket) + *photo.photoshop)},
+            {"jxl", movieBox("JXL ", "\r\n\x87\n") +
+                        movieBox("Exif", bigEndianBytes(0, 4) + tinyExif(photo)) +
+                        movieBox("xml ", *photo.xmpPacket)},
+            {"gif", tinyGif(*photo.xmpPacket, 3)},
             {"mov", tinyQuickTime()},
             {"mkv", tinyMatroska()},
             {"asf", tinyAsf()},
-            {"avi", tinyAvi()},
+            {"avi", tinyAvi(captured)},
+            {"dv", tinyDv(clock)},
+            {"mts", tinyAvchd(clock)},
             {"ts", transportStreamOfLargeFrames(20, 15, 20)}};
 }
 

@@ -40,8 +40,10 @@ std::string quickTimeTrack(const TinyMovie& movie) {
                                std::string(4, '\0') + bigEndianBytes(ticks(movie), 4) +
                                std::string(16, '\0') + matrix(movie.transform) + fixedPoint(movie.width) +
                                fixedPoint(movie.height);
-    const std::string mediaHeader = std::string(12, '\0') + bigEndianBytes(ticksPerSecond, 4) +
-                                    bigEndianBytes(ticks(movie), 4) + std::string(4, '\0');
+    const std::uint64_t created = unitsSince(startOf(1904), movie.trackTime, 1'000'000);
+    const std::string mediaHeader = std::string(4, '\0') + bigEndianBytes(created, 4) + std::string(4, '\0') +
+                                    bigEndianBytes(ticksPerSecond, 4) + bigEndianBytes(ticks(movie), 4) +
+                                    std::string(4, '\0');
     const std::string handler = std::string(8, '\0') + "vide" + std::string(13, '\0');
     return movieBox("trak", movieBox("tkhd", header) +
                                 movieBox("mdia", movieBox("mdhd", mediaHeader) + movieBox("hdlr", handler)));
@@ -79,6 +81,11 @@ std::string asfObject(std::string_view identifier, std::string_view content) {
 std::string chunk(std::string_view name, std::string_view content) {
     return std::string(name) + littleEndianBytes(content.size(), 4) + std::string(content) +
            std::string(content.size() % 2, '\0');
+}
+
+/// The last two digits of a number, four bits each; below 0 it was never set.
+char decimal(int number) {
+    return number < 0 ? '\xFF' : static_cast<char>(number / 10 % 10 << 4 | number % 10);
 }
 
 } // namespace
@@ -169,7 +176,50 @@ std::string tinyAvi(const TinyMovie& movie) {
     if (movie.wallClock) {
         header += chunk("IDIT", *movie.wallClock);
     }
-    return chunk("RIFF", "AVI " + chunk("LIST", "hdrl" + header) + chunk("LIST", "movi"));
+    const std::string pictures =
+        movie.pictures.empty() ? "" : chunk("01wb", "odd") + chunk("00dc", movie.pictures);
+    const std::string info = movie.infoDate ? chunk("LIST", "INFO" + chunk("ICRD", *movie.infoDate)) : "";
+    return chunk("RIFF", "AVI " + chunk("LIST", "hdrl" + header) + chunk("LIST", "movi" + pictures) + info);
+}
+
+std::string tinyDv(const WallTime& clock) {
+    const std::string none(5, '\xFF');
+    const std::string date{'\x62', '\xFF', decimal(clock.day),
+                           static_cast<char>(decimal(clock.month) | '\xE0'), decimal(clock.year)};
+    const std::string time{'\x63', '\xFF', decimal(clock.second), decimal(clock.minute), decimal(clock.hour)};
+    const auto block = [](char kind, std::string content) {
+        content.resize(77, '\xFF');
+        return kind + std::string("\7\0", 2) + content;
+    };
+    const std::string head(3, '\0');
+    return block('\x1F', "") + block('\x3F', head + none + head + time) + block('\x3F', head + none) +
+           block('\x5F', none) + block('\x5F', none + none + date) + block('\x5F', "");
+}
+
+std::string tinyAvchd(const WallTime& clock, std::size_t packetSize) {
+    std::string facts = "MDPM\3";
+    facts += {'\x13', '\0', '\0', '\0', '\0'};
+    facts += {'\x18', '\x02', decimal(clock.year / 100), decimal(clock.year), decimal(clock.month)};
+    facts += {'\x19', decimal(clock.day), decimal(clock.hour), decimal(clock.minute), decimal(clock.second)};
+    std::string stream = "\x17\xEE\x8C\x60\xF8\x4D\x11\xD9\x8C\xD6\x08\0\x20\x0C\x9A\x66"s;
+    for (const char byte : facts) {
+        const bool isEscaped = static_cast<unsigned char>(byte) <= 3 && stream.ends_with("\0\0"s);
+        stream += isEscaped ? "\3"s + byte : std::string(1, byte);
+    }
+    const auto packet = [packetSize](std::uint64_t head, const std::string& field,
+                                     const std::string& payload) {
+        std::string bytes = std::string(packetSize - 188, '\0') + "\x47" + bigEndianBytes(head, 3) + field;
+        bytes.resize(packetSize - payload.size(), '\xFF');
+        return bytes + payload;
+    };
+    const std::size_t cut = 30;
+    const std::string begin = "\0\0\1\xE0"s + std::string(150 - cut, '\x80') + stream.substr(0, cut);
+    const std::string rest = stream.substr(cut);
+    return packet(0x400010, "", std::string(184, '\0')) +
+           packet(0x501130, bigEndianBytes(183 - begin.size(), 1), begin) +
+           packet(0x110010, "", std::string(184, 'x')) +
+           packet(0x101130, bigEndianBytes(183 - rest.size(), 1), rest) +
+           packet(0x1FFF10, "", std::string(184, '\0'));
 }
 
 } // namespace lumeo

@@ -167,6 +167,9 @@ std::string tinyJpeg(const TinyPhoto& photo) {
     if (photo.xmpPacket) {
         bytes += jpegSegment(0xE1, std::string("http://ns.adobe.com/xap/1.0/") + '\0' + *photo.xmpPacket);
     }
+    if (photo.photoshop) {
+        bytes += jpegSegment(0xED, std::string("Photoshop 3.0") + '\0' + *photo.photoshop);
+    }
     return bytes + grayScan(photo) + "\xFF\xD9";
 }
 
@@ -188,6 +191,10 @@ std::string tinyTiff(const TinyPhoto& photo) {
             main.push_back(
                 {0x02BC, 1, static_cast<std::uint32_t>(photo.xmpPacket->size()), *photo.xmpPacket});
         }
+        if (photo.photoshop) {
+            main.push_back(
+                {0x8649, 1, static_cast<std::uint32_t>(photo.photoshop->size()), *photo.photoshop});
+        }
         return structure(tiff, photo, main);
     };
     const auto pixelsAt = static_cast<std::uint32_t>(withPixelsAt(0).size());
@@ -200,8 +207,49 @@ std::string tinyXmp(std::string_view attributes) {
            R"( xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description rdf:about="")"
            R"( xmlns:exif="http://ns.adobe.com/exif/1.0/" xmlns:xmp="http://ns.adobe.com/xap/1.0/")"
            R"( xmlns:tiff="http://ns.adobe.com/tiff/1.0/" xmlns:aux="http://ns.adobe.com/exif/1.0/aux/")"
+           R"( xmlns:photoshop="http://ns.adobe.com/photoshop/1.0/")"
            R"( xmlns:exifEX="http://cipa.jp/exif/1.0/" )" +
            std::string(attributes) + R"(/></rdf:RDF></x:xmpmeta><?xpacket end="w"?>)";
+}
+
+std::string photoshopResource(int number, const std::string& content) {
+    const std::string name("\3abc", 4);
+    return "8BIM" + bigEndianBytes(static_cast<std::uint64_t>(number), 2) + name +
+           bigEndianBytes(content.size(), 4) + content + std::string(content.size() % 2, '\0');
+}
+
+std::string pressFacts(const std::string& day, const std::string& time) {
+    const auto fact = [](char number, const std::string& value) {
+        return "\x1C\2" + std::string(1, number) + bigEndianBytes(value.size(), 2) + value;
+    };
+    return photoshopResource(0x0404, fact('\5', "a title") + fact('\x37', day) +
+                                         (time.empty() ? "" : fact('\x3C', time)));
+}
+
+std::string tinyPsd(const std::string& resources) {
+    return "8BPS" + bigEndianBytes(1, 2) + std::string(6, '\0') + bigEndianBytes(3, 2) +
+           bigEndianBytes(8, 4) + bigEndianBytes(16, 4) + bigEndianBytes(8, 2) + bigEndianBytes(3, 2) +
+           bigEndianBytes(2, 4) + "ab" + bigEndianBytes(resources.size(), 4) + resources;
+}
+
+std::string tinyGif(const std::string& xmpPacket, int partsBefore) {
+    std::string trailer = "\1";
+    for (int byte = 0xFF; byte >= 0; --byte) {
+        trailer += static_cast<char>(byte);
+    }
+    const std::string colours("\0\0\0\xFF\xFF\xFF", 6);
+    std::string pixels;
+    for (int i = 0; i < partsBefore; ++i) {
+        pixels += '\xFF' + std::string(255, '\x44');
+    }
+    const std::string image = "," + std::string(8, '\0') + "\x80" + colours + "\2" + pixels + '\0';
+    return "GIF89a" + littleEndianBytes(16, 2) + littleEndianBytes(8, 2) + "\x80" + std::string(2, '\0') +
+           colours + "!\xFE\4note" + '\0' + (partsBefore > 0 ? image : "") + "!\xFF\x0BXMP DataXMP" +
+           xmpPacket + trailer + '\0' + ";";
+}
+
+std::string tinyExif(const TinyPhoto& photo) {
+    return structure(TiffMaker(), photo, {});
 }
 
 std::string tinyPng(const std::string& chunks) {

@@ -24,6 +24,7 @@ struct TinyPhoto {
     std::optional<std::uint32_t> pixelYDimension;
     std::optional<std::string> makerNote; ///< bytes
     std::optional<std::string> xmpPacket; ///< see tinyXmp()
+    std::optional<std::string> photoshop; ///< rows of photoshopResource()
 };
 
 /// The bytes of a complete gray JPEG that can be decoded. Without any fact it has no metadata segment.
@@ -39,6 +40,15 @@ std::string jpegSegment(unsigned char marker, const std::string& content);
 /// An XMP packet with attributes such as R"(tiff:Make="Maker" exif:GPSLatitude="48,51.2N")".
 std::string tinyXmp(std::string_view attributes);
 
+/// One of Photoshop's image resources, of which some hold an Exif block, an XMP packet or press facts.
+std::string photoshopResource(int number, const std::string& content);
+/// The press facts that tell of the day, and perhaps the time, as "20210314" and "153045+0100".
+std::string pressFacts(const std::string& day, const std::string& time = "");
+std::string tinyPsd(const std::string& resources);
+
+/// A GIF with a packet before or behind so many parts of pixels.
+std::string tinyGif(const std::string& xmpPacket, int partsBefore = 0);
+
 /// A PNG of chunks that pngChunk() made. It has no pixels.
 std::string tinyPng(const std::string& chunks);
 std::string pngChunk(const std::string& type, const std::string& content);
@@ -48,6 +58,9 @@ std::string pngProfile(const std::string& bytes);
 
 /// Compressed like a PNG's texts.
 std::string deflated(const std::string& text);
+
+/// The Exif block of a photo, alone.
+std::string tinyExif(const TinyPhoto& photo);
 
 /// Builds a TIFF structure by hand, for files that no camera would write.
 class TiffMaker {

@@ -1,26 +1,11 @@
 #include "dates/PhotoMetadataExtractor.h"
 
 #include "media/photo/PhotoReader.h"
-#include "platform/DateText.h"
 #include "platform/Utf8Text.h"
 
 namespace lumeo {
 
 namespace {
-
-std::optional<Instant> date(const std::optional<std::string>& text) {
-    if (!text) {
-        return std::nullopt;
-    }
-    const std::string_view stamp = trimmingWhitespace(*text);
-    if (stamp.empty()) {
-        return std::nullopt;
-    }
-    if (const auto wallClock = DateText::parseExif(stamp)) {
-        return wallClock;
-    }
-    return DateText::parseIso8601(stamp);
-}
 
 /// Camera texts are shown and coded as UTF-8, whatever the camera wrote.
 std::optional<std::string> cameraText(const std::optional<std::string>& text) {
@@ -47,9 +32,9 @@ PhotoMetadataResult PhotoMetadataExtractor::extractMetadata(const FileSystem& fi
 
 PhotoMetadataResult PhotoMetadataExtractor::fromProperties(const PhotoProperties& properties) {
     PhotoMetadataResult result;
-    result.dateTimeOriginal = date(properties.exif.dateTimeOriginal);
-    result.dateTimeDigitized = date(properties.exif.dateTimeDigitized);
-    result.tiffDateTime = date(properties.tiff.dateTime);
+    result.dateTimeOriginal = properties.exif.dateTimeOriginal;
+    result.dateTimeDigitized = properties.exif.dateTimeDigitized;
+    result.tiffDateTime = properties.tiff.dateTime;
     result.cameraMake = cameraText(properties.tiff.make);
     result.cameraModel = cameraText(properties.tiff.model);
     result.lensModel = cameraText(properties.exif.lensModel);

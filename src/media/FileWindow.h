@@ -20,6 +20,12 @@ struct FileRange {
     friend bool operator==(const FileRange&, const FileRange&) = default;
 };
 
+/// What stands behind the first `count` bytes of a stretch, which may be fewer.
+constexpr FileRange behind(FileRange range, std::uint64_t count) {
+    count = count < range.length ? count : range.length;
+    return {range.offset + count, range.length - count};
+}
+
 /// Small reads from anywhere in a file, through two buffers: one holds the beginning, where most of
 /// what is asked for lies, one the place that was read last. Used by one thread.
 ///

@@ -96,6 +96,7 @@ struct CollisionResolver::Memory {
     const std::string* digestOf(Place& place, const FilePath& path, const std::stop_token& stop) const;
     /// The row of names behind `first`, which is taken, known up to its first free name.
     NumberedNames& rowOf(Folder& folder, const WantedPath& wanted, Place& first);
+    bool hasRow(Folder& folder, const WantedPath& wanted, const Place& first);
     void indexFiles(Folder& folder, const WantedPath& wanted, NumberedNames& names);
     std::optional<Counter> findIdentical(Folder& folder, const WantedPath& wanted, NumberedNames& names,
                                          std::int64_t size, const std::string& hash,
@@ -121,14 +122,11 @@ Place& CollisionResolver::Memory::placeOf(Folder& folder, const WantedPath& want
         return place;
     }
     const FilePath path = wanted.path(counter);
-    FileResult<FileStatus> status = fileSystem.status(path);
+    const FileResult<FileStatus> status = fileSystem.status(path);
     // A name that cannot be examined is not passed over: where permission lacks or a path is too long,
     // the next name fares no better, and the transfer will tell the reason.
     place.isOnDisk = status.hasValue();
-    if (status && status->kind == FileKind::symbolicLink) {
-        status = fileSystem.targetStatus(path);
-    }
-    if (status && status->kind == FileKind::regular) {
+    if (status && status->kind == FileKind::regular) { // a link may lead out of the archive
         place.fileSize = status->size;
     }
     return place;
@@ -165,6 +163,12 @@ void CollisionResolver::Memory::indexFiles(Folder& folder, const WantedPath& wan
             names.filesBySize[place.fileSize].files.emplace_back(&place, names.indexed);
         }
     }
+}
+
+/// Whether names behind the first one are worth a look: also behind a free one, since the file that had it
+/// may have gone.
+bool CollisionResolver::Memory::hasRow(Folder& folder, const WantedPath& wanted, const Place& first) {
+    return first.isOnDisk || (folder.exists && placeOf(folder, wanted, 2).isTaken());
 }
 
 /// The first name in the row, before the first free one, with a file of this content.
@@ -204,24 +208,25 @@ FilePath CollisionResolver::resolveUniqueDestination(const FilePath& desired, st
     const WantedPath wanted(desired.bytes());
     Folder& folder = memory_->folderOf(desired, wanted.folder);
     Place& first = memory_->placeOf(folder, wanted, 1);
-    if (!first.isTaken()) {
-        first.isPlanned = true;
-        return desired;
-    }
     if (sourceHash && first.fileSize == size) {
         const std::string* digest = memory_->digestOf(first, desired, stop);
         if (digest != nullptr && *digest == *sourceHash) {
             return desired;
         }
     }
-    NumberedNames& names = memory_->rowOf(folder, wanted, first);
-    if (sourceHash) {
+    if (sourceHash && (first.isPlanned || memory_->hasRow(folder, wanted, first))) {
+        NumberedNames& names = memory_->rowOf(folder, wanted, first);
         const std::optional<Counter> identical =
             memory_->findIdentical(folder, wanted, names, size, *sourceHash, stop);
         if (identical) {
             return wanted.path(*identical);
         }
     }
+    if (!first.isTaken()) {
+        first.isPlanned = true;
+        return desired;
+    }
+    const NumberedNames& names = memory_->rowOf(folder, wanted, first);
     memory_->placeOf(folder, wanted, names.firstFree).isPlanned = true;
     return wanted.path(names.firstFree);
 }
@@ -230,7 +235,7 @@ bool CollisionResolver::meetsFileOfSize(const FilePath& desired, std::int64_t si
     const WantedPath wanted(desired.bytes());
     Folder& folder = memory_->folderOf(desired, wanted.folder);
     Place& first = memory_->placeOf(folder, wanted, 1);
-    if (!first.isOnDisk) {
+    if (!memory_->hasRow(folder, wanted, first)) {
         return false;
     }
     NumberedNames& names = memory_->rowOf(folder, wanted, first);

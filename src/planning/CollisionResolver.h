@@ -25,10 +25,11 @@ public:
     CollisionResolver(const CollisionResolver&) = delete;
     CollisionResolver& operator=(const CollisionResolver&) = delete;
 
-    /// `desired`, an absolute path, itself when it is free or holds a file whose digest is `sourceHash`;
-    /// else the first of name_2.ext, name_3.ext, … that is. `size` is the source's, in bytes: an existing
-    /// file of another size is not read. Without `sourceHash` no identity can be shown. An existing file
-    /// that cannot be read, or a requested `stop`, counts as different.
+    /// The first of `desired`, an absolute path, name_2.ext, name_3.ext, … that holds a file whose digest is
+    /// `sourceHash`; else the first that is free. Holders are looked for up to the first free name, behind
+    /// `desired` also when that one is. A link is taken, whatever it leads to. `size` is the source's, in
+    /// bytes: an existing file of another size is not read. Without `sourceHash` no identity can be shown. An
+    /// existing file that cannot be read, or a requested `stop`, counts as different.
     FilePath resolveUniqueDestination(const FilePath& desired, std::int64_t size,
                                       const std::optional<std::string>& sourceHash,
                                       const std::stop_token& stop = {});

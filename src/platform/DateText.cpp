@@ -2,6 +2,7 @@
 
 #include "platform/CivilTime.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -104,6 +105,42 @@ std::optional<microseconds> takeFraction(std::string_view& text) {
     return microseconds(value);
 }
 
+/// Takes a number of one or two digits off the front of `text`, and the blanks before it.
+bool takeNumber(std::string_view& text, int& number) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    std::size_t count = 0;
+    for (; count < 2 && count < text.size() && isDigit(text[count]); ++count) {
+        number = number * 10 + (text[count] - '0');
+    }
+    text.remove_prefix(count);
+    return count > 0;
+}
+
+bool takeCharacter(std::string_view& text, char character) {
+    const bool isThere = text.starts_with(character);
+    text.remove_prefix(isThere ? 1 : 0);
+    return isThere;
+}
+
+/// Takes the day off the front of a photo's date.
+bool takeDay(std::string_view& text, WallTime& time) {
+    constexpr std::string_view separators = ":-./";
+    const std::optional<WallTime> year = matchForm(text.substr(0, 4), "yyyy");
+    if (!year || text.size() == 4 || separators.find(text[4]) == std::string_view::npos) {
+        return false;
+    }
+    time.year = year->year;
+    const char separator = text[4];
+    text.remove_prefix(5);
+    return takeNumber(text, time.month) && takeCharacter(text, separator) && takeNumber(text, time.day);
+}
+
+/// Takes hour, minute and perhaps second off the front of `text`.
+bool takeTime(std::string_view& text, WallTime& time) {
+    return takeNumber(text, time.hour) && takeCharacter(text, ':') && takeNumber(text, time.minute) &&
+           (!takeCharacter(text, ':') || takeNumber(text, time.second));
+}
+
 std::optional<Instant> instantBehind(const WallTime& time, seconds offset) {
     const std::optional<Instant> instant = instantInUtc(time);
     return instant ? std::optional<Instant>(*instant - offset) : std::nullopt;
@@ -111,10 +148,30 @@ std::optional<Instant> instantBehind(const WallTime& time, seconds offset) {
 
 } // namespace
 
-std::optional<Instant> DateText::parseExif(std::string_view text) {
+std::optional<Instant> DateText::parsePhoto(std::string_view text) {
+    WallTime time;
+    if (!takeDay(text, time)) {
+        return std::nullopt;
+    }
+    if (text.empty()) {
+        time.hour = 12;
+        return photoClock(time);
+    }
+    if (!(takeCharacter(text, ' ') || takeCharacter(text, 'T')) || !takeTime(text, time)) {
+        return std::nullopt;
+    }
+    const std::optional<microseconds> fraction = takeFraction(text);
+    const std::optional<seconds> offset = parseOffset(text);
+    if (!fraction || !isRealTime(time) || (!text.empty() && !offset)) {
+        return std::nullopt;
+    }
+    const std::optional<Instant> instant = offset ? instantBehind(time, *offset) : photoClock(time);
+    return instant ? std::optional<Instant>(*instant + *fraction) : std::nullopt;
+}
+
+std::optional<Instant> DateText::photoClock(const WallTime& time) {
     static const std::unique_ptr<const icu::TimeZone> zone(icu::TimeZone::createDefault());
-    const std::optional<WallTime> time = parseWallTime(text, "yyyy:MM:dd HH:mm:ss");
-    return time ? instantInZone(*time, *zone) : std::nullopt;
+    return isRealTime(time) ? instantInZone(time, *zone) : std::nullopt;
 }
 
 std::optional<Instant> DateText::parseIso8601(std::string_view text) {

@@ -38,6 +38,21 @@ constexpr std::array<std::string_view, 14> ignoredNames{
 /// Begins the companion files that keep resource forks and attributes beside the real file.
 constexpr std::string_view companionPrefix = "._";
 
+/// In any spelling: the same disk is written to by several systems.
+constexpr std::array<std::string_view, 11> trashFolders{
+    ".Trash",      "$RECYCLE.BIN", "RECYCLER",    "#recycle",  "@Recycle",   ".recycle",
+    ".stversions", "@eaDir",       ".thumbnails", ".@__thumb", "lost+found",
+};
+
+/// Followed by the number of a user.
+constexpr std::string_view trashPrefix = ".Trash-";
+
+/// The trash in a home folder, whose own name anybody may give to a folder.
+constexpr std::string_view homeTrash = "/.local/share/Trash";
+
+/// Phones put this before the name of what was deleted and leave it where it is.
+constexpr std::string_view deletedPrefix = ".trashed-";
+
 constexpr std::array<std::string_view, 8> ignoredBundleExtensions{
     "app", "framework", "plugin", "bundle", "kext", "photoslibrary", "photolibrary", "aplibrary",
 };
@@ -113,7 +128,8 @@ private:
             const std::string_view name = entry->path.lastComponent();
             const bool isOtherRoot = std::ranges::find(root.otherRoots, entry->path) != root.otherRoots.end();
             if (status.kind == FileKind::folder) {
-                if (isOtherRoot || isIgnoredName(name) || isIgnoredDirectoryBundle(name)) {
+                if (isOtherRoot || isIgnoredName(name) || isIgnoredDirectoryBundle(name) ||
+                    isTrash(entry->path)) {
                     (*enumerator)->skipDescendants();
                 }
             } else if (status.kind == FileKind::regular && !isOtherRoot && !isIgnoredName(name)) {
@@ -276,7 +292,15 @@ void MediaScanner::cancel() {
 }
 
 bool MediaScanner::isIgnoredName(std::string_view name) {
-    return name.starts_with(companionPrefix) || std::ranges::find(ignoredNames, name) != ignoredNames.end();
+    return name.starts_with(companionPrefix) || name.starts_with(deletedPrefix) ||
+           std::ranges::find(ignoredNames, name) != ignoredNames.end();
+}
+
+bool MediaScanner::isTrash(const FilePath& folder) {
+    const std::string_view name = folder.lastComponent();
+    return name.starts_with(trashPrefix) || folder.bytes().ends_with(homeTrash) ||
+           std::ranges::any_of(
+               trashFolders, [name](std::string_view trash) { return equalIgnoringAsciiCase(name, trash); });
 }
 
 bool MediaScanner::isIgnoredDirectoryBundle(std::string_view name) {

@@ -49,6 +49,10 @@ public:
     /// True for the housekeeping names of desktop systems and version control.
     static bool isIgnoredName(std::string_view name);
 
+    /// True for folders of what was deleted, on this system, on other systems' disks and on network disks,
+    /// and of the small pictures and older versions that programs keep beside the real files.
+    static bool isTrash(const FilePath& folder);
+
     /// True for folders that are one document to their owner, such as photo libraries.
     static bool isIgnoredDirectoryBundle(std::string_view name);
 

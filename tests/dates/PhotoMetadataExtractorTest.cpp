@@ -1,7 +1,6 @@
 #include "dates/PhotoMetadataExtractor.h"
 
 #include "media/photo/PhotoReader.h"
-#include "platform/DateText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,24 +10,6 @@ namespace {
 
 using ::testing::Eq;
 using ::testing::Optional;
-
-std::optional<Instant> dateOf(const std::string& text) {
-    PhotoProperties properties;
-    properties.exif.dateTimeOriginal = text;
-    return PhotoMetadataExtractor::fromProperties(properties).dateTimeOriginal;
-}
-
-TEST(PhotoMetadataExtractorTest, readsWallClockAndZonedDates) {
-    const auto wallClock = DateText::parseExif("2021:03:14 15:30:45");
-    ASSERT_TRUE(wallClock);
-    EXPECT_EQ(dateOf("2021:03:14 15:30:45"), wallClock);
-    EXPECT_EQ(dateOf(" \t2021:03:14 15:30:45\r\n"), wallClock);
-    EXPECT_EQ(dateOf("2021-03-14T15:30:45.500Z"), DateText::parseIso8601("2021-03-14T15:30:45.500Z"));
-    EXPECT_TRUE(dateOf("2021-03-14T15:30:45.500Z"));
-    for (const char* const unset : {"", "   ", "0000:00:00 00:00:00", "    :  :     :  :  ", "2021:03:14"}) {
-        EXPECT_FALSE(dateOf(unset)) << unset;
-    }
-}
 
 TEST(PhotoMetadataExtractorTest, trimsCameraTextsAndMakesThemUtf8) {
     PhotoProperties properties;

@@ -177,6 +177,7 @@ TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
              {"2001/ 1/27  1:42PM", "2001-01-27T12:42:00Z"},
              {"2001/ 1/27 12:42AM", "2001-01-26T23:42:00Z"},
              {"2001/ 1/27 12:42PM", "2001-01-27T11:42:00Z"},
+             {"2005-08-17", "2005-08-17T10:00:00Z"},
          }) {
         TinyMovie made;
         made.wallClock = text + std::string(2, '\0');
@@ -194,6 +195,17 @@ TEST(MovieReader, ReadsTheWallClocksThatCamerasWriteIntoAvi) {
         TinyMovie made;
         made.wallClock = text;
         EXPECT_THAT(propertiesOf(tinyAvi(made)).metadata, ElementsAre()) << text;
+    }
+}
+
+TEST(MovieReader, SurvivesDamagedStreamsOfCamcorders) {
+    const WallTime clock{2021, 3, 14, 15, 30, 45};
+    TinyMovie captured;
+    captured.pictures = tinyDv(clock);
+    for (const std::string& whole : {tinyDv(clock), tinyAvchd(clock), tinyAvi(captured)}) {
+        EXPECT_EQ(propertiesOf(whole).metadata.size(), 1U);
+        damageEverywhere(whole, std::string_view("\0\xFF", 2),
+                         [](const std::string& damaged) { static_cast<void>(readBytes(damaged)); });
     }
 }
 

@@ -19,14 +19,14 @@ std::string detected(const std::string& name) {
 TEST(MediaTypeDetector, KnowsEveryFormatThatCamerasAndPhonesWrite) {
     const std::vector<std::pair<MediaType, std::vector<std::string>>> families = {
         {MediaType::rawPhoto,
-         {"dng", "cr2", "cr3", "nef", "arw", "raf", "rw2", "orf", "pef", "sr2", "srf", "x3f", "nrw", "kdc",
-          "mrw", "erf", "mef", "mos", "crw"}},
+         {"dng", "cr2", "cr3", "nef", "arw", "raf", "rw2", "orf", "pef", "sr2", "srf", "x3f", "nrw",
+          "kdc", "mrw", "erf", "mef", "mos", "crw", "gpr", "3fr", "iiq", "rwl", "srw", "dcr", "fff"}},
         {MediaType::photo,
          {"jpg", "jpeg", "png", "heic", "heif", "tiff", "tif", "bmp", "gif", "webp", "avif", "ico", "jp2",
-          "j2k", "jpf"}},
+          "j2k", "jpf", "hif", "psd", "jxl", "insp"}},
         {MediaType::video,
-         {"mov", "mp4", "m4v", "avi", "mkv", "3gp", "3g2", "mts", "m2ts", "ts", "wmv", "flv", "webm", "dv",
-          "mpg", "mpeg"}},
+         {"mov", "mp4", "m4v",  "avi", "mkv", "3gp", "3g2", "mts", "m2ts", "ts",  "wmv", "flv",   "webm",
+          "dv",  "mpg", "mpeg", "mod", "tod", "vob", "ogv", "ogm", "insv", "lrv", "360", "dvr-ms"}},
     };
     for (const auto& [mediaType, extensions] : families) {
         for (const std::string& extension : extensions) {

@@ -94,8 +94,8 @@ TEST_F(CollisionResolverTest, ReadsOnlyFilesThatCouldBeIdentical) {
     files.addLink(folder.appending("IMG_3.jpg"), FilePath("/nowhere"));
     files.addLink(folder.appending("IMG_4.jpg"), FilePath("/elsewhere.jpg"));
     files.addFile(FilePath("/elsewhere.jpg"), "content");
-    EXPECT_THAT(resolveAll({{"IMG.jpg", "content", true}}), ElementsAre("IMG_4.jpg"));
-    EXPECT_THAT(files.opened(), ElementsAre(folder.appending("IMG_4.jpg")));
+    EXPECT_THAT(resolveAll({{"IMG.jpg", "content", true}}), ElementsAre("IMG_5.jpg"));
+    EXPECT_THAT(files.opened(), IsEmpty());
 
     MemoryFileSystem empty;
     CollisionResolver resolver(empty);
@@ -119,14 +119,19 @@ TEST_F(CollisionResolverTest, ReadsNothingOnceStopped) {
     EXPECT_THAT(files.opened(), IsEmpty());
 }
 
-/// The rule without any memory: try the names one by one until one is free or has the same content.
+/// The rule without any memory: walk the row of names until one is free or identical; behind a first one that
+/// is free only for an identical one.
 std::string resolvePlainly(const MemoryFileSystem& files, const Source& source,
                            std::set<std::string>& planned) {
     std::string candidate = source.name;
+    std::optional<std::string> free;
     for (int counter = 2;; ++counter) {
         const FileResult<FileStatus> existing = files.status(folder.appending(candidate));
         if (!existing && !planned.contains(candidate)) {
-            break;
+            if (free || !source.isHashed || candidate != source.name) {
+                break;
+            }
+            free = candidate; // the file may still stand behind it
         }
         if (existing && source.isHashed) {
             const auto digest = StreamingHashService::computeSHA256(
@@ -139,6 +144,8 @@ std::string resolvePlainly(const MemoryFileSystem& files, const Source& source,
         candidate = std::string(deletingPathExtension(source.name)) + "_" + std::to_string(counter);
         candidate += extension.empty() ? "" : "." + std::string(extension);
     }
+    const bool isIdentical = files.status(folder.appending(candidate)).hasValue();
+    candidate = free && !isIdentical ? *free : candidate;
     planned.insert(candidate);
     return candidate;
 }

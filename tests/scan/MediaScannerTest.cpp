@@ -118,9 +118,13 @@ TEST_F(MediaScannerTest, LeavesHousekeepingBundlesAndLinksAlone) {
          {".DS_Store", "Thumbs.db", "desktop.ini", "._IMG_1.jpg", ".git/a.jpg", "$RECYCLE.BIN/a.jpg",
           ".Trashes/501/a.jpg", "System Volume Information/a.jpg", "._folder/a.jpg",
           "Photos.photoslibrary/a.jpg", "Old.PhotoLibrary/a.jpg", "Tool.APP/Contents/a.jpg", "x.bundle/a.jpg",
+          ".Trash/a.jpg", ".Trash-1000/files/a.jpg", "$Recycle.Bin/a.jpg", "@eaDir/a.jpg", "#recycle/a.jpg",
+          ".stversions/a.jpg", ".thumbnails/a.jpg", "lost+found/a.jpg", ".local/share/Trash/files/a.jpg",
+          ".trashed-1700000000-a.jpg",
           // These count, three of them as no media.
           "real.jpg", ".hidden.jpg", ".folder/inside.jpg", "album.jpg/inside album.jpg",
-          "photoslibrary/named like a bundle.jpg", "file.app", "thumbs.db", "paper.pdf"}) {
+          "photoslibrary/named like a bundle.jpg", "Trash/named like a trash.jpg", "file.app", "thumbs.db",
+          "paper.pdf"}) {
         folder_.write(name, "x");
     }
     link("link.jpg", folder_ / "real.jpg");
@@ -130,8 +134,8 @@ TEST_F(MediaScannerTest, LeavesHousekeepingBundlesAndLinksAlone) {
     scan();
 
     EXPECT_THAT(names(), UnorderedElementsAre("real.jpg", ".hidden.jpg", "inside.jpg", "inside album.jpg",
-                                              "named like a bundle.jpg"));
-    EXPECT_EQ(finalProgress().totalScannedCount, 8);
+                                              "named like a bundle.jpg", "named like a trash.jpg"));
+    EXPECT_EQ(finalProgress().totalScannedCount, 9);
     EXPECT_EQ(finalProgress().unsupportedCount, 3);
     EXPECT_EQ(finalProgress().errorsCount, 0);
 }

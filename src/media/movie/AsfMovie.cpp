@@ -26,7 +26,8 @@ void readFileProperties(std::string_view content, MovieProperties& movie) {
     if (isBroadcast) {
         return; // being sent while it is made: neither time is set
     }
-    addContainerDate(movie, epoch, static_cast<std::int64_t>(littleEndian(content, 24, 8)), unitsPerSecond);
+    const auto created = static_cast<std::int64_t>(littleEndian(content, 24, 8));
+    addContainerDate(movie, containerDate(epoch, created, unitsPerSecond));
     const double played = static_cast<double>(littleEndian(content, 40, 8)) / unitsPerSecond;
     const double bufferedAhead = static_cast<double>(littleEndian(content, 56, 8)) / 1000;
     if (played > bufferedAhead) {

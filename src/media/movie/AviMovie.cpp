@@ -2,6 +2,7 @@
 #include "media/ChunkWalk.h"
 #include "media/FileWindow.h"
 #include "media/movie/ContainerReaders.h"
+#include "media/movie/StreamDates.h"
 #include "platform/CivilTime.h"
 
 #include <algorithm>
@@ -82,7 +83,7 @@ DateWords wordsOf(std::string_view text) {
 }
 
 /// The wall time that cameras write in several ways: "Mon Mar 10 15:04:43 2003",
-/// "2009/10/27 12:14:34", "2005/08/17/ 11:42", "2001/ 1/27  1:42PM".
+/// "2009/10/27 12:14:34", "2005/08/17/ 11:42", "2001/ 1/27  1:42PM", "2009-10-27".
 std::optional<WallTime> wallTime(std::string_view text) {
     const DateWords words = wordsOf(text.substr(0, text.find('\0')));
     const std::vector<int>& numbers = words.numbers;
@@ -92,6 +93,8 @@ std::optional<WallTime> wallTime(std::string_view text) {
     } else if (words.month == 0 && (numbers.size() == 5 || numbers.size() == 6)) {
         time = {numbers[0], numbers[1], numbers[2],
                 numbers[3], numbers[4], numbers.size() == 6 ? numbers[5] : 0};
+    } else if (words.month == 0 && numbers.size() == 3) {
+        time = {numbers[0], numbers[1], numbers[2], 12}; // a day alone is its noon
     } else {
         return std::nullopt;
     }
@@ -110,6 +113,9 @@ bool isUnsetDay(const WallTime& time) {
 }
 
 class AviMovie {
+    /// A recording that was cut short has its pictures where parts are expected.
+    static constexpr std::size_t mostParts = 16;
+
 public:
     explicit AviMovie(FileWindow& file) : file_(file) {}
 
@@ -120,9 +126,10 @@ public:
             return std::nullopt;
         }
         // Up to the end of the file: a recording that was cut short never got its length written.
-        forEachPart(file_, {headSize, file_.size() - headSize}, [this](const Part& part) {
+        std::size_t parts = 0;
+        forEachPart(file_, {headSize, file_.size() - headSize}, [&](const Part& part) {
             readPart(part);
-            return part.name != "movi"; // the header ends where the pictures are
+            return ++parts < mostParts;
         });
         const double fromFrames = frames_ * secondsPerFrame_;
         if (const double seconds = longestStream_ > 0 ? longestStream_ : fromFrames; seconds > 0) {
@@ -133,13 +140,29 @@ public:
 
 private:
     void readPart(const Part& part) {
-        if (part.name != "hdrl") {
+        if (part.name == "movi") {
+            if (movie_.metadata.empty()) {
+                readPictures(part);
+            }
+        } else if (part.name == "hdrl" || part.name == "INFO") {
+            forEachPart(file_, part.content, [this](const Part& inner) {
+                readHeaderPart(inner);
+                return true;
+            });
+        } else {
             readHeaderPart(part);
-            return;
         }
-        forEachPart(file_, part.content, [this](const Part& inner) {
-            readHeaderPart(inner);
-            return true;
+    }
+
+    /// Those of DV hold the date themselves.
+    void readPictures(const Part& pictures) {
+        std::size_t parts = 0;
+        forEachPart(file_, pictures.content, [&](const Part& part) {
+            if (file_.read(part.content.offset, dvFrameStart.size()) != dvFrameStart) {
+                return ++parts < mostParts; // sound, perhaps
+            }
+            addContainerDate(movie_, dvDate(file_, part.content.offset));
+            return false;
         });
     }
 
@@ -152,7 +175,7 @@ private:
                           static_cast<double>(littleEndian(header, 36, 4))};
         } else if (part.name == "strl") {
             readStream(part);
-        } else if (part.name == "IDIT") {
+        } else if ((part.name == "IDIT" || part.name == "ICRD") && movie_.metadata.empty()) {
             constexpr std::uint64_t longestDate = 64;
             readDate(file_.read(part.content.offset,
                                 static_cast<std::size_t>(std::min(longestDate, part.content.length))));
@@ -191,9 +214,7 @@ private:
         if (!time || isUnsetDay(*time)) {
             return;
         }
-        if (const std::optional<Instant> date = LocalCalendar::compose(*time)) {
-            movie_.metadata.push_back({"creationDate", date, std::nullopt});
-        }
+        addContainerDate(movie_, LocalCalendar::compose(*time));
     }
 
     FileWindow& file_;

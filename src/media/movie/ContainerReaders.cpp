@@ -4,8 +4,7 @@
 
 namespace lumeo {
 
-void addContainerDate(MovieProperties& movie, Instant epoch, std::int64_t count,
-                      std::int64_t unitsPerSecond) {
+std::optional<Instant> containerDate(Instant epoch, std::int64_t count, std::int64_t unitsPerSecond) {
     using std::chrono::days;
     using std::chrono::seconds;
     using std::chrono::sys_days;
@@ -19,11 +18,16 @@ void addContainerDate(MovieProperties& movie, Instant epoch, std::int64_t count,
     const std::int64_t rest = count % unitsPerSecond;
     if (count == 0 || wholeSeconds < -seconds(behindLatest - earliest).count() ||
         wholeSeconds > seconds(behindLatest - earliest + days(200'000)).count()) {
-        return;
+        return std::nullopt;
     }
     const Instant date = epoch + seconds(wholeSeconds) +
                          std::chrono::microseconds(rest * microsecondsPerSecond / unitsPerSecond);
-    if (date >= earliest && date < behindLatest && std::chrono::floor<days>(date) != unset) {
+    const bool isSet = date >= earliest && date < behindLatest && std::chrono::floor<days>(date) != unset;
+    return isSet ? std::optional(date) : std::nullopt;
+}
+
+void addContainerDate(MovieProperties& movie, std::optional<Instant> date) {
+    if (date) {
         movie.metadata.push_back({"creationDate", date, std::nullopt});
     }
 }

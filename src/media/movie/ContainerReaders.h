@@ -29,9 +29,12 @@ std::optional<MovieProperties> readAsfMovie(FileWindow& file);
 /// AVI.
 std::optional<MovieProperties> readAviMovie(FileWindow& file);
 
-/// Adds the container's own creation time to the metadata, unless it is of 1904-01-01 or 1970-01-01:
-/// those days are what an unset clock counts from. `count` are units of `unitsPerSecond` since `epoch`; a
-/// count of 0 is unset, and one beyond the year 9999 is damage.
-void addContainerDate(MovieProperties& movie, Instant epoch, std::int64_t count, std::int64_t unitsPerSecond);
+/// A container's own creation time: `count` units of `unitsPerSecond` since `epoch`. Absent on 1904-01-01 and
+/// 1970-01-01, since those days are what an unset clock counts from; a count of 0 is unset, and one beyond
+/// the year 9999 is damage.
+std::optional<Instant> containerDate(Instant epoch, std::int64_t count, std::int64_t unitsPerSecond);
+
+/// Adds it to the metadata.
+void addContainerDate(MovieProperties& movie, std::optional<Instant> date);
 
 } // namespace lumeo

@@ -1,5 +1,7 @@
 #include "media/movie/ForeignContainer.h"
 
+#include "media/movie/StreamDates.h"
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -19,7 +21,7 @@ struct Signature {
 constexpr std::array signatures{
     Signature{"\0\0\1\xBA"sv, ForeignContainer::programStream},
     Signature{"\0\0\1\xB3"sv, ForeignContainer::mpegVideo},
-    Signature{"\x1F\x07\0"sv, ForeignContainer::dv},
+    Signature{dvFrameStart, ForeignContainer::dv},
     Signature{"FLV\1"sv, ForeignContainer::flash},
     Signature{"\x06\x0E\x2B\x34\x02\x05\x01\x01\x0D\x01\x02"sv, ForeignContainer::mxf},
     Signature{"OggS"sv, ForeignContainer::ogg},
@@ -43,24 +45,6 @@ constexpr std::array signatures{
 
 unsigned byteAt(std::string_view bytes, std::size_t at) {
     return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
-}
-
-/// Packets of one length, each begun by the same byte, perhaps behind the end of one that was cut.
-bool isTransportStream(std::string_view head) {
-    constexpr char sync = '\x47';
-    constexpr std::size_t fewest = 3;
-    for (const std::size_t packet : {188U, 192U, 204U}) {
-        for (std::size_t first = 0; first < packet && first + packet * (fewest - 1) < head.size(); ++first) {
-            std::size_t at = first;
-            while (at < head.size() && head[at] == sync) {
-                at += packet;
-            }
-            if (at >= head.size()) {
-                return true;
-            }
-        }
-    }
-    return false;
 }
 
 /// The length of the sound frame that begins at `at`, its header included; 0 where none does.
@@ -108,7 +92,7 @@ std::optional<ForeignContainer> foreignContainer(FileWindow& file) {
     if (found != signatures.end()) {
         return found->container;
     }
-    if (isTransportStream(head)) {
+    if (transportPackets(head)) {
         return ForeignContainer::transportStream;
     }
     if (isRowOf(adtsFrame, head)) {

@@ -7,8 +7,8 @@
 
 namespace lumeo {
 
-/// The containers that carry no recording date. Only a library reads them, in a process of its own, for
-/// duration and size.
+/// The containers that carry no recording date, though the pictures in them may (see StreamDates). Only a
+/// library reads them, in a process of its own, for duration and size.
 enum class ForeignContainer : std::uint8_t {
     transportStream,
     programStream,

@@ -24,11 +24,6 @@ void forEachBox(FileWindow& file, FileRange range, Each each) {
     }
 }
 
-FileRange behind(FileRange range, std::uint64_t count) {
-    count = std::min(count, range.length);
-    return {range.offset + count, range.length - count};
-}
-
 /// A signed fixed-point number as the display matrix holds them, with 16 bits behind the point.
 double fixedPoint(std::string_view bytes, std::size_t offset) {
     return static_cast<std::int32_t>(bigEndian(bytes, offset, 4)) / 65536.0;
@@ -61,6 +56,9 @@ public:
         forEachBox(file_, movie->content, [this](const Box& child) { readPart(child); });
         if (!hasHeader_) {
             return std::nullopt;
+        }
+        if (!isHeaderDated_) {
+            addContainerDate(movie_, trackDate_);
         }
         if (timeScale_ > 0 && duration_ > 0) {
             movie_.durationSeconds = static_cast<double>(duration_) / static_cast<double>(timeScale_);
@@ -111,16 +109,23 @@ private:
         }
     }
 
-    void readHeader(std::string_view header) {
+    /// The time in the header of a movie, of a track or of its media, which all begin alike.
+    static std::optional<Instant> creationDate(std::string_view header) {
         constexpr Instant epoch = std::chrono::sys_days{std::chrono::year{1904} / 1 / 1};
         constexpr std::uint64_t secondsUntil1970 = 2'082'844'800;
+        const std::uint64_t created = bigEndian(header, 4, bigEndian(header, 0, 1) == 1 ? 8 : 4);
+        // No movie was shot before 1970: such a time comes from a writer that counts from there.
+        return containerDate(created < secondsUntil1970 ? Instant{} : epoch,
+                             static_cast<std::int64_t>(created), 1);
+    }
+
+    void readHeader(std::string_view header) {
         hasHeader_ = true;
         const bool isLong = bigEndian(header, 0, 1) == 1;
         const std::size_t width = isLong ? 8 : 4;
-        const std::uint64_t created = bigEndian(header, 4, width);
-        // No movie was shot before 1970: such a time comes from a writer that counts from there.
-        addContainerDate(movie_, created < secondsUntil1970 ? Instant{} : epoch,
-                         static_cast<std::int64_t>(created), 1);
+        const std::optional<Instant> date = creationDate(header);
+        isHeaderDated_ = date.has_value();
+        addContainerDate(movie_, date);
         timeScale_ = bigEndian(header, 4 + 2 * width, 4);
         setDuration(bigEndian(header, 8 + 2 * width, width), isLong);
     }
@@ -147,9 +152,14 @@ private:
         bool isVideo = false;
         forEachBox(file_, track.content, [&](const Box& part) {
             if (part.type == fourCC("tkhd")) {
-                size = trackSize(content(part, 96));
+                const std::string header = content(part, 96);
+                size = trackSize(header);
+                keepTrackDate(header);
             } else if (part.type == fourCC("mdia")) {
                 forEachBox(file_, part.content, [&](const Box& media) {
+                    if (media.type == fourCC("mdhd")) {
+                        keepTrackDate(content(media, 12));
+                    }
                     isVideo |=
                         media.type == fourCC("hdlr") && bigEndian(content(media, 12), 8, 4) == fourCC("vide");
                 });
@@ -157,6 +167,12 @@ private:
         });
         if (isVideo) {
             movie_.videoTrack = size;
+        }
+    }
+
+    void keepTrackDate(std::string_view header) {
+        if (!trackDate_) {
+            trackDate_ = creationDate(header);
         }
     }
 
@@ -242,6 +258,8 @@ private:
     FileWindow& file_;
     MovieProperties movie_;
     bool hasHeader_ = false;
+    bool isHeaderDated_ = false;
+    std::optional<Instant> trackDate_; ///< of the first track that has one
     std::uint64_t timeScale_ = 0;
     std::uint64_t duration_ = 0;
 };

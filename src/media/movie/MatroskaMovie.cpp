@@ -85,7 +85,8 @@ void readInfo(FileWindow& file, const Element& element, MovieProperties& movie) 
     double ticks = 0;
     forEachElement(file, element.begin, element.end, [&](const Element& part) {
         if (part.id == dateUtc) {
-            addContainerDate(movie, codedEpoch, static_cast<std::int64_t>(number(file, part)), 1'000'000'000);
+            const auto created = static_cast<std::int64_t>(number(file, part));
+            addContainerDate(movie, containerDate(codedEpoch, created, 1'000'000'000));
         } else if (part.id == duration) {
             ticks = floatingNumber(file, part);
         } else if (part.id == timestampScale) {

@@ -4,6 +4,7 @@
 #include "media/helper/MediaHelper.h"
 #include "media/movie/ContainerReaders.h"
 #include "media/movie/ForeignContainer.h"
+#include "media/movie/StreamDates.h"
 #include "platform/FileSystem.h"
 
 #include <algorithm>
@@ -13,6 +14,17 @@
 
 namespace lumeo {
 namespace {
+
+std::optional<Instant> dateInStream(FileWindow& file, ForeignContainer container) {
+    switch (container) {
+    case ForeignContainer::transportStream:
+        return avchdDate(file);
+    case ForeignContainer::dv:
+        return dvDate(file);
+    default:
+        return std::nullopt;
+    }
+}
 
 std::optional<MovieProperties> readContainer(ReadableFile& file, MediaHelper& helper,
                                              const std::stop_token& stop) {
@@ -24,7 +36,16 @@ std::optional<MovieProperties> readContainer(ReadableFile& file, MediaHelper& he
         }
     }
     const std::optional<ForeignContainer> container = foreignContainer(window);
-    return container ? helper.read(file, *container, stop) : std::nullopt;
+    if (!container) {
+        return std::nullopt;
+    }
+    const std::optional<Instant> date = dateInStream(window, *container);
+    std::optional<MovieProperties> movie = helper.read(file, *container, stop);
+    if (date) {
+        movie = movie ? movie : MovieProperties{};
+        movie->metadata.push_back({"creationDate", date, std::nullopt});
+    }
+    return movie;
 }
 
 } // namespace

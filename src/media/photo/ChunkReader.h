@@ -15,4 +15,8 @@ struct ChunkContents {
 ChunkContents readWebp(FileWindow& file);
 ChunkContents readMrw(FileWindow& file);
 
+/// Of a GIF, which has no Exif. Pixels are not read; what stands far behind the first of them is looked for
+/// in the last 64 KiB.
+ChunkContents readGif(FileWindow& file);
+
 } // namespace lumeo

@@ -75,7 +75,7 @@ private:
         if (tag == makeAndModel && !properties.tiff.make) {
             readCamera(value);
         } else if (tag == captureTime && value.length >= 4 && !properties.exif.dateTimeOriginal) {
-            properties.exif.dateTimeOriginal = exifDate(number<std::uint32_t>(value.offset));
+            properties.exif.dateTimeOriginal = photoDate(number<std::uint32_t>(value.offset));
         } else if (tag == imageInfo && value.length >= 8 && !properties.pixelWidth) {
             const auto width = number<std::uint32_t>(value.offset);
             const auto height = number<std::uint32_t>(value.offset + 4);

@@ -13,8 +13,7 @@ struct CrwContents {
 };
 
 /// Reads time, camera, size and preview of a CRW: heaps of values, each with a directory at its end, that
-/// hold further heaps. The time is told as an Exif text: the camera's wall clock. However the directories
-/// lead about, only so many are visited.
+/// hold further heaps. However the directories lead about, only so many are visited.
 CrwContents readCrw(FileWindow& file);
 
 } // namespace lumeo

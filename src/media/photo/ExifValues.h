@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Instant.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -7,12 +9,12 @@
 
 namespace lumeo {
 
-/// A date as Exif stores it, when it was set: a camera without a clock leaves blanks or zeros between the
-/// colons, which must not hide a date that stands elsewhere in the file.
-std::optional<std::string> setExifDate(std::optional<std::string> text);
+/// The date that a text tells. Absent for what is none: a camera without a clock leaves blanks or zeros
+/// between the colons, and they must not hide a date that stands elsewhere in the file.
+std::optional<Instant> photoDate(const std::optional<std::string>& text);
 
-/// A camera's wall clock, as seconds since 1970 on that clock, in the form of an Exif date; absent for 0.
-std::optional<std::string> exifDate(std::uint32_t clockSeconds);
+/// A camera's wall clock, as seconds since 1970 on that clock; absent for 0.
+std::optional<Instant> photoDate(std::uint32_t clockSeconds);
 
 struct ExifFraction {
     std::uint32_t numerator = 0;

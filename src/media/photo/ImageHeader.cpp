@@ -42,6 +42,8 @@ constexpr std::array signatures{
     Signature{4, "ftyp"sv, ImageKind::isoMedia},
     Signature{4, "jP  \r\n\x87\n"sv, ImageKind::jp2},
     Signature{0, "\xFF\x4F\xFF\x51"sv, ImageKind::jpegCodestream},
+    Signature{4, "JXL \r\n\x87\n"sv, ImageKind::jxl},
+    Signature{0, "8BPS"sv, ImageKind::psd},
     Signature{0, "GIF8"sv, ImageKind::gif},
     Signature{0, "BM"sv, ImageKind::bmp},
     Signature{0, "\0\0\x01\0"sv, ImageKind::ico},
@@ -50,6 +52,11 @@ constexpr std::array signatures{
 PixelSize pngSize(std::string_view header) {
     return {numberAt<std::uint32_t>(header, 16, std::endian::big),
             numberAt<std::uint32_t>(header, 20, std::endian::big)};
+}
+
+PixelSize psdSize(std::string_view header) {
+    return {numberAt<std::uint32_t>(header, 18, std::endian::big),
+            numberAt<std::uint32_t>(header, 14, std::endian::big)};
 }
 
 PixelSize gifSize(std::string_view header) {
@@ -121,6 +128,7 @@ std::optional<PixelSize> headerPixelSize(FileWindow& file, ImageKind kind) {
         Reading{ImageKind::png, 24, pngSize},   Reading{ImageKind::gif, 10, gifSize},
         Reading{ImageKind::bmp, 26, bmpSize},   Reading{ImageKind::ico, 8, icoSize},
         Reading{ImageKind::webp, 30, webpSize}, Reading{ImageKind::jpegCodestream, 24, codestreamSize},
+        Reading{ImageKind::psd, 22, psdSize},
     };
     for (const Reading& reading : readings) {
         const auto header = reading.kind == kind ? file.view(0, reading.needed) : std::nullopt;

@@ -20,6 +20,8 @@ enum class ImageKind : std::uint8_t {
     isoMedia, ///< HEIC, HEIF, AVIF, CR3
     jp2,
     jpegCodestream,
+    jxl, ///< with boxes around its pixels
+    psd,
     gif,
     bmp,
     ico,
@@ -33,8 +35,8 @@ struct PixelSize {
     friend bool operator==(const PixelSize&, const PixelSize&) = default;
 };
 
-/// The pixel size that the header of a PNG, WebP, JPEG 2000 codestream, GIF, BMP or ICO tells; of an ICO
-/// its first picture's. Absent for every other kind and where the header makes no sense.
+/// The pixel size that the header of a PNG, WebP, JPEG 2000 codestream, PSD, GIF, BMP or ICO tells; of an
+/// ICO its first picture's. Absent for every other kind and where the header makes no sense.
 std::optional<PixelSize> headerPixelSize(FileWindow& file, ImageKind kind);
 
 } // namespace lumeo

@@ -198,8 +198,7 @@ bool hasUuid(FileWindow& file, const Box& box, std::string_view uuid) {
 
 FileRange behindUuid(FileRange content) {
     constexpr std::uint64_t uuidSize = 16;
-    const std::uint64_t skipped = std::min(content.length, uuidSize);
-    return {content.offset + skipped, content.length - skipped};
+    return behind(content, uuidSize);
 }
 
 /// CR3 keeps each directory as a TIFF structure of its own, in a box that is the maker's own.
@@ -269,6 +268,21 @@ IsoMediaContents readJp2(FileWindow& file) {
             contents.exif.push_back({behindUuid(box->content), TiffRoot::image});
         } else if (hasUuid(file, *box, xmpUuid)) {
             contents.xmpPacket = behindUuid(box->content);
+        }
+    }
+    return contents;
+}
+
+IsoMediaContents readJxl(FileWindow& file) {
+    IsoMediaContents contents;
+    BoxWalk boxes(file, {0, std::numeric_limits<std::int64_t>::max()});
+    while (const auto box = boxes.next()) {
+        if (box->type == fourCC("Exif")) {
+            if (const auto tiff = tiffOfItem(file, box->content)) {
+                contents.exif.push_back({*tiff, TiffRoot::image});
+            }
+        } else if (box->type == fourCC("xml ")) {
+            contents.xmpPacket = box->content;
         }
     }
     return contents;

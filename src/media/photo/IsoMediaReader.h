@@ -26,4 +26,7 @@ std::optional<IsoMediaContents> readIsoMedia(FileWindow& file);
 /// The same of a JPEG 2000 file, which is made of boxes too.
 IsoMediaContents readJp2(FileWindow& file);
 
+/// The same of a JPEG XL file with boxes, without the size.
+IsoMediaContents readJxl(FileWindow& file);
+
 } // namespace lumeo

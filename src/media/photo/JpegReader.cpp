@@ -13,6 +13,7 @@ constexpr std::string_view startOfMetadata = "\xFF\x01"
                                              "Exiv2"; ///< a JPEG's segments without the image
 constexpr std::string_view exifName("Exif\0\0", 6);
 constexpr std::string_view xmpName("http://ns.adobe.com/xap/1.0/\0", 29);
+constexpr std::string_view photoshopName("Photoshop 3.0\0", 14);
 constexpr std::uint64_t mostPadding = 64 * 1024; ///< stray bytes tolerated between segments, all told
 
 enum Marker : unsigned {
@@ -26,6 +27,7 @@ enum Marker : unsigned {
     endOfImage = 0xD9,
     startOfScan = 0xDA,
     app1 = 0xE1,
+    app13 = 0xED,
     temporary = 0x01,
 };
 
@@ -100,6 +102,8 @@ std::optional<JpegContents> readJpeg(FileWindow& file, std::uint64_t offset) {
         } else if (marker == app1) {
             readNamed(file, segment, exifName, contents.exif);
             readNamed(file, segment, xmpName, contents.xmpPacket);
+        } else if (marker == app13) {
+            readNamed(file, segment, photoshopName, contents.photoshop);
         }
         at += length;
     }

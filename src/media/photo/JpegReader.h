@@ -13,6 +13,7 @@ struct JpegContents {
     std::optional<std::int64_t> pixelHeight;
     std::optional<FileRange> exif; ///< the TIFF structure
     std::optional<FileRange> xmpPacket;
+    std::optional<FileRange> photoshop; ///< image resources
 };
 
 /// Walks the segments before the pixels of the JPEG that begins at `offset`. Absent when none does.

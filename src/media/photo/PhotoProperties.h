@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Instant.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -7,19 +9,19 @@
 namespace lumeo {
 
 /// What an image file says of itself: the pixel size and three dictionaries. Texts stand as stored up
-/// to their first NUL; numbers are decoded; everything is absent that the file does not carry or
-/// carries in another type, and so is a date whose digits were left blank or zero.
+/// to their first NUL; numbers and dates are decoded; everything is absent that the file does not carry or
+/// carries in another type, and so is a date that is none.
 struct PhotoProperties {
     struct Exif {
-        std::optional<std::string> dateTimeOriginal;
-        std::optional<std::string> dateTimeDigitized;
+        std::optional<Instant> dateTimeOriginal;
+        std::optional<Instant> dateTimeDigitized;
         std::optional<std::string> lensModel;
         std::optional<std::int64_t> pixelXDimension;
         std::optional<std::int64_t> pixelYDimension;
         friend bool operator==(const Exif&, const Exif&) = default;
     };
     struct Tiff {
-        std::optional<std::string> dateTime;
+        std::optional<Instant> dateTime;
         std::optional<std::string> make;
         std::optional<std::string> model;
         friend bool operator==(const Tiff&, const Tiff&) = default;

@@ -8,6 +8,7 @@
 #include "media/photo/ImageHeader.h"
 #include "media/photo/IsoMediaReader.h"
 #include "media/photo/JpegReader.h"
+#include "media/photo/PhotoshopReader.h"
 #include "media/photo/PngReader.h"
 #include "media/photo/TiffReader.h"
 #include "media/photo/X3fReader.h"
@@ -27,6 +28,15 @@ void fillFromXmpRange(FileWindow& file, const std::optional<FileRange>& range, P
     }
     if (const auto packet = file.view(range->offset, static_cast<std::size_t>(range->length))) {
         fillFromXmp(*packet, properties);
+    }
+}
+
+/// What Photoshop's resources say beside the Exif and the XMP of the format around them.
+void fillFromPhotoshop(FileWindow& file, const std::optional<FileRange>& resources,
+                       PhotoProperties& properties) {
+    std::optional<Instant>& date = properties.exif.dateTimeOriginal;
+    if (resources && !date) {
+        date = readPhotoshopResources(file, *resources).dateCreated;
     }
 }
 
@@ -62,6 +72,7 @@ std::optional<PhotoProperties> readJpegAt(FileWindow& file, std::uint64_t offset
     properties.pixelWidth = jpeg->pixelWidth;
     properties.pixelHeight = jpeg->pixelHeight;
     fillFromXmpRange(file, jpeg->xmpPacket, properties);
+    fillFromPhotoshop(file, jpeg->photoshop, properties);
     return properties;
 }
 
@@ -85,6 +96,7 @@ std::optional<PhotoProperties> readTiffFile(FileWindow& file) {
     }
     fillFromPreview(file, tiff->embeddedJpeg, properties);
     fillFromXmpRange(file, tiff->xmpPacket, properties);
+    fillFromPhotoshop(file, tiff->photoshop, properties);
     return properties;
 }
 
@@ -134,6 +146,15 @@ PhotoProperties propertiesOf(FileWindow& file, const ChunkContents& chunks) {
     return properties;
 }
 
+PhotoProperties readPsdFile(FileWindow& file) {
+    const PhotoshopContents psd = readPsd(file);
+    PhotoProperties properties = propertiesOf(file, ChunkContents{psd.exif, psd.xmpPacket});
+    if (!properties.exif.dateTimeOriginal) {
+        properties.exif.dateTimeOriginal = psd.dateCreated;
+    }
+    return properties;
+}
+
 PhotoProperties readPngFile(FileWindow& file) {
     PngContents png = readPng(file);
     PhotoProperties properties;
@@ -178,8 +199,13 @@ std::optional<PhotoProperties> readKind(FileWindow& file, ImageKind kind) {
         return propertiesOf(file, readMrw(file));
     case ImageKind::webp:
         return propertiesOf(file, readWebp(file));
-    case ImageKind::jpegCodestream:
+    case ImageKind::jxl:
+        return propertiesOf(file, readJxl(file));
+    case ImageKind::psd:
+        return readPsdFile(file);
     case ImageKind::gif:
+        return propertiesOf(file, readGif(file));
+    case ImageKind::jpegCodestream:
     case ImageKind::bmp:
     case ImageKind::ico:
         return PhotoProperties{};

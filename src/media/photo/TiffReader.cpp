@@ -29,6 +29,7 @@ enum Tag : std::uint16_t {
     dateTime = 0x0132,
     subIfds = 0x014A,
     xmpPacket = 0x02BC,
+    photoshop = 0x8649,
     exifIfd = 0x8769,
     gpsIfd = 0x8825,
     dateTimeOriginal = 0x9003,
@@ -103,9 +104,9 @@ std::optional<ImageSize> mainImageSize(TiffStructure& tiff, const TiffDirectory&
 
 /// Fills what `exif` lacks.
 void readExif(TiffStructure& tiff, const TiffDirectory& directory, PhotoProperties::Exif& exif) {
-    const auto fillDate = [&](std::optional<std::string>& fact, std::uint16_t tag) {
+    const auto fillDate = [&](std::optional<Instant>& fact, std::uint16_t tag) {
         if (!fact) {
-            fact = setExifDate(tiff.text(directory.find(tag)));
+            fact = photoDate(tiff.text(directory.find(tag)));
         }
     };
     const auto fillSide = [&](std::optional<std::int64_t>& side, std::uint16_t tag) {
@@ -132,7 +133,7 @@ void readGps(TiffStructure& tiff, const TiffDirectory& directory, PhotoPropertie
 constexpr std::array<std::uint16_t, 5> exifTags{dateTimeOriginal, dateTimeDigitized, pixelXDimension,
                                                 pixelYDimension, lensModel};
 constexpr std::array<std::uint16_t, 4> gpsTags{gpsLatitudeRef, gpsLatitude, gpsLongitudeRef, gpsLongitude};
-constexpr std::array<std::uint16_t, 20> imageTags{sensorTopBorder,
+constexpr std::array<std::uint16_t, 21> imageTags{sensorTopBorder,
                                                   sensorLeftBorder,
                                                   sensorBottomBorder,
                                                   sensorRightBorder,
@@ -145,6 +146,7 @@ constexpr std::array<std::uint16_t, 20> imageTags{sensorTopBorder,
                                                   dateTime,
                                                   subIfds,
                                                   xmpPacket,
+                                                  photoshop,
                                                   exifIfd,
                                                   gpsIfd,
                                                   dateTimeOriginal,
@@ -156,7 +158,7 @@ constexpr std::array<std::uint16_t, 20> imageTags{sensorTopBorder,
 void readImage(TiffStructure& tiff, TiffContents& contents) {
     PhotoProperties& properties = contents.properties;
     const TiffDirectory first = tiff.directory(tiff.firstDirectory(), imageTags);
-    properties.tiff = {setExifDate(tiff.text(first.find(dateTime))), tiff.text(first.find(make)),
+    properties.tiff = {photoDate(tiff.text(first.find(dateTime))), tiff.text(first.find(make)),
                        tiff.text(first.find(model))};
     if (const auto offset = tiff.integer(first.find(exifIfd))) {
         readExif(tiff, tiff.directory(*offset, exifTags), properties.exif);
@@ -171,6 +173,7 @@ void readImage(TiffStructure& tiff, TiffContents& contents) {
         properties.pixelHeight = size->height;
     }
     contents.xmpPacket = tiff.bytes(first.find(xmpPacket));
+    contents.photoshop = tiff.bytes(first.find(photoshop));
     if (tiff.magic() == sensorBorderMagic) {
         contents.embeddedJpeg = tiff.bytes(first.find(jpgFromRaw));
     }

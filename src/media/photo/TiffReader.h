@@ -13,6 +13,7 @@ struct TiffContents {
     /// The pixel size is the main image's; in an Exif block it says nothing about the image around it.
     PhotoProperties properties;
     std::optional<FileRange> xmpPacket;
+    std::optional<FileRange> photoshop;    ///< image resources
     std::optional<FileRange> embeddedJpeg; ///< where one RAW format keeps a second Exif block
 };
 

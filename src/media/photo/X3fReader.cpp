@@ -36,10 +36,10 @@ std::string textAt(std::string_view characters, std::size_t at) {
 }
 
 /// Seconds since 1970 on the camera's own clock, written as text.
-std::optional<std::string> dateOf(std::string_view text) {
+std::optional<Instant> dateOf(std::string_view text) {
     std::uint32_t value = 0;
     const bool isNumber = std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc{};
-    return isNumber ? exifDate(value) : std::nullopt;
+    return isNumber ? photoDate(value) : std::nullopt;
 }
 
 void readProperties(FileWindow& file, FileRange section, PhotoProperties& properties) {

@@ -13,7 +13,7 @@ struct X3fContents {
 };
 
 /// Reads the size in the header and the properties that older cameras keep as pairs of UTF-16 texts: time
-/// and camera. The time is told as an Exif text: the camera's wall clock.
+/// and camera.
 X3fContents readX3f(FileWindow& file);
 
 } // namespace lumeo

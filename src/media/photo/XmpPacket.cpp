@@ -15,11 +15,15 @@ namespace {
 /// Names as the parser gives them: the name space, a line feed, the name.
 constexpr char nameSeparator = '\n';
 constexpr std::string_view rdfElement = "http://www.w3.org/1999/02/22-rdf-syntax-ns#\nRDF";
+constexpr std::string_view rdfDescription = "http://www.w3.org/1999/02/22-rdf-syntax-ns#\nDescription";
+constexpr std::string_view rdfValue = "http://www.w3.org/1999/02/22-rdf-syntax-ns#\nvalue";
 
 /// In the order of XmpProperty.
-constexpr std::array<std::string_view, 9> propertyNames{
+constexpr std::array<std::string_view, 11> propertyNames{
     "http://ns.adobe.com/exif/1.0/\nDateTimeOriginal",
     "http://ns.adobe.com/exif/1.0/\nDateTimeDigitized",
+    "http://ns.adobe.com/photoshop/1.0/\nDateCreated",
+    "http://ns.adobe.com/xap/1.0/\nCreateDate",
     "http://ns.adobe.com/xap/1.0/\nModifyDate",
     "http://ns.adobe.com/tiff/1.0/\nMake",
     "http://ns.adobe.com/tiff/1.0/\nModel",
@@ -79,34 +83,62 @@ private:
             stop();
             return;
         }
-        open_.reset(); // a property with elements in it is no plain text
-        if (rdfDepth_ == 0 && name == rdfElement) {
-            rdfDepth_ = depth_;
-        } else if (rdfDepth_ != 0 && depth_ == rdfDepth_ + 1) {
-            for (const XML_Char** at = attributes; *at != nullptr; at += 2) {
-                if (const auto property = propertyNamed(at[0])) {
-                    keep(*property, at[1]);
-                }
-            }
-        } else if (rdfDepth_ != 0 && depth_ == rdfDepth_ + 2) {
+        isText_ = false; // a property with elements in it is no plain text
+        if (rdfDepth_ == 0) {
+            rdfDepth_ = name == rdfElement ? depth_ : 0;
+            return;
+        }
+        const std::size_t level = depth_ - rdfDepth_;
+        if (level == 1) {
+            keepProperties(attributes);
+        } else if (level == 2) {
             open_ = propertyNamed(name);
-            text_.clear();
+            beginText();
+            keepValue(attributes);
+        } else if (level <= 4 && name == rdfValue) {
+            beginText();
+        } else if (level == 3 && name == rdfDescription) {
+            keepValue(attributes);
         }
     }
 
     void end() {
-        if (open_) {
+        if (isText_) {
             keep(*open_, text_);
-            open_.reset();
+            isText_ = false;
         }
-        if (depth_ == rdfDepth_) {
+        if (depth_ == rdfDepth_ + 2) {
+            open_.reset();
+        } else if (depth_ == rdfDepth_) {
             rdfDepth_ = 0;
         }
         --depth_;
     }
 
+    void beginText() {
+        isText_ = open_.has_value();
+        text_.clear();
+    }
+
+    void keepProperties(const XML_Char** attributes) {
+        for (; *attributes != nullptr; attributes += 2) {
+            if (const auto property = propertyNamed(attributes[0])) {
+                keep(*property, attributes[1]);
+            }
+        }
+    }
+
+    /// A property with qualifiers may hold its value as an attribute.
+    void keepValue(const XML_Char** attributes) {
+        for (; open_ && *attributes != nullptr; attributes += 2) {
+            if (attributes[0] == rdfValue) {
+                keep(*open_, attributes[1]);
+            }
+        }
+    }
+
     void append(std::string_view text) {
-        if (open_ && text_.size() <= longestText) {
+        if (isText_ && text_.size() <= longestText) {
             text_ += text;
         }
     }
@@ -128,8 +160,9 @@ private:
     XmpPacket& packet_;
     Parser parser_;
     std::size_t depth_ = 0;
-    std::size_t rdfDepth_ = 0; ///< of the element around all descriptions; 0 while none is open
-    std::optional<std::size_t> open_;
+    std::size_t rdfDepth_ = 0;        ///< of the element around all descriptions; 0 while none is open
+    std::optional<std::size_t> open_; ///< the wanted property that is being read
+    bool isText_ = false;             ///< what comes next is its text
     std::string text_;
 };
 

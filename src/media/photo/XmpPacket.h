@@ -11,6 +11,8 @@ namespace lumeo {
 enum class XmpProperty : std::size_t {
     dateTimeOriginal,
     dateTimeDigitized,
+    dateCreated, ///< photoshop:DateCreated, of what the picture shows
+    createDate,  ///< xmp:CreateDate, of the file: of a scan the day it was made
     modifyDate,
     make,
     model,
@@ -20,10 +22,11 @@ enum class XmpProperty : std::size_t {
     gpsLongitude,
 };
 
-/// The few properties of an XMP packet that a photo is dated and described by. They are all plain texts,
-/// either attributes of a description or elements in it; descriptions within other properties, such as
-/// those of a collage's parts, are passed over. Of a damaged packet what stands before the damage is kept.
-/// A packet that declares a document type, and so entities, is not read.
+/// The few properties of an XMP packet that a photo is dated and described by. They are all plain texts:
+/// attributes of a description, elements in it, or the value of such an element that has qualifiers as well.
+/// Descriptions within other properties, such as those of a collage's parts, are passed over. Of a damaged
+/// packet what stands before the damage is kept. A packet that declares a document type, and so entities, is
+/// not read.
 class XmpPacket {
 public:
     /// Reads in one pass, in time and memory that grow with the packet's length alone.
@@ -36,7 +39,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t propertyCount = 9;
+    static constexpr std::size_t propertyCount = 11;
 
     class Parsing;
 

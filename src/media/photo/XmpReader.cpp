@@ -1,8 +1,8 @@
 #include "media/photo/XmpReader.h"
 
+#include "media/photo/ExifValues.h"
 #include "media/photo/XmpPacket.h"
 
-#include <cctype>
 #include <charconv>
 #include <string>
 
@@ -12,43 +12,6 @@ namespace {
 
 bool isPositionComplete(const PhotoProperties::Gps& gps) {
     return gps.latitude && gps.latitudeRef && gps.longitude && gps.longitudeRef;
-}
-
-/// True when `text` begins with `pattern`, in which 0 stands for any digit.
-bool fits(std::string_view text, std::string_view pattern) {
-    if (text.size() < pattern.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-        const bool isDigit = std::isdigit(static_cast<unsigned char>(text[i])) != 0;
-        if (pattern[i] == '0' ? !isDigit : text[i] != pattern[i]) {
-            return false;
-        }
-    }
-    return true;
-}
-
-/// XMP may leave out the seconds and the zone, or give a fraction: without a zone the text becomes the
-/// Exif form, since both mean the wall clock; with one it stands, seconds added where they lack.
-std::string exifForm(std::string_view xmpDate) {
-    constexpr std::string_view toMinutes = "0000-00-00T00:00";
-    if (!fits(xmpDate, toMinutes)) {
-        return std::string(xmpDate);
-    }
-    std::string head(xmpDate.substr(0, toMinutes.size()));
-    std::string_view rest = xmpDate.substr(toMinutes.size());
-    if (fits(rest, ":00")) {
-        head += rest.substr(0, 3);
-        rest.remove_prefix(3);
-    } else {
-        head += ":00";
-    }
-    if (rest.find_first_not_of(".0123456789") != std::string_view::npos) {
-        return head.append(rest);
-    }
-    head[4] = head[7] = ':';
-    head[10] = ' ';
-    return head;
 }
 
 struct Coordinate {
@@ -104,13 +67,15 @@ void fillFromXmp(std::string_view packet, PhotoProperties& properties) {
             fact = xmp[property];
         }
     };
-    const auto fillDate = [&xmp](std::optional<std::string>& fact, XmpProperty property) {
-        if (!fact && xmp[property]) {
-            fact = exifForm(*xmp[property]);
+    const auto fillDate = [&xmp](std::optional<Instant>& date, XmpProperty property) {
+        if (!date) {
+            date = photoDate(xmp[property]);
         }
     };
     fillDate(properties.exif.dateTimeOriginal, XmpProperty::dateTimeOriginal);
+    fillDate(properties.exif.dateTimeOriginal, XmpProperty::dateCreated);
     fillDate(properties.exif.dateTimeDigitized, XmpProperty::dateTimeDigitized);
+    fillDate(properties.exif.dateTimeDigitized, XmpProperty::createDate);
     fillDate(properties.tiff.dateTime, XmpProperty::modifyDate);
     fill(properties.tiff.make, XmpProperty::make);
     fill(properties.tiff.model, XmpProperty::model);

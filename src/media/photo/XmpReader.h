@@ -6,9 +6,8 @@
 
 namespace lumeo {
 
-/// Fills what `properties` lacks from an XMP packet. A date that tells date and time becomes a text of the
-/// forms that Exif dates are read in. A position is taken whole or not at all. Takes time in proportion to
-/// the packet's length, whatever it holds.
+/// Fills what `properties` lacks from an XMP packet. A position is taken whole or not at all. Takes time in
+/// proportion to the packet's length, whatever it holds.
 void fillFromXmp(std::string_view packet, PhotoProperties& properties);
 
 } // namespace lumeo
