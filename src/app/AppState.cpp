@@ -9,15 +9,6 @@
 namespace lumeo {
 namespace {
 
-template<class Condition>
-std::int64_t countOf(const std::vector<MediaItem>& items, Condition condition) {
-    return std::ranges::count_if(items, condition);
-}
-
-std::int64_t countOfType(const std::vector<MediaItem>& items, MediaType type) {
-    return countOf(items, [type](const MediaItem& item) { return item.mediaType == type; });
-}
-
 /// A folder that is yet to be made has the room of the one that it will lie in.
 SourceVolume measured(const FilePath& destination, const AppEnvironment& environment) {
     SourceVolume volume = SourceVolume::measure(Uuid::random(), destination, environment.volumes);
@@ -37,10 +28,7 @@ SourceVolume measured(const FilePath& destination, const AppEnvironment& environ
 } // namespace
 
 AppState::AppState(const AppEnvironment& environment, QObject* parent)
-    : QObject(parent),
-      environment_(environment),
-      organizationPlan_(environment.preferences.newPlan()),
-      lastOperationSummary_(environment.preferences.lastOperationSummary()) {
+    : QObject(parent), environment_(environment), organizationPlan_(environment.preferences.newPlan()) {
     readRecentRuns();
 }
 
@@ -50,33 +38,8 @@ std::int64_t AppState::totalFilesCount() const {
     return static_cast<std::int64_t>(scannedItems_->size());
 }
 
-std::int64_t AppState::photosCount() const {
-    return countOfType(*scannedItems_, MediaType::photo);
-}
-
-std::int64_t AppState::videosCount() const {
-    return countOfType(*scannedItems_, MediaType::video);
-}
-
-std::int64_t AppState::rawCount() const {
-    return countOfType(*scannedItems_, MediaType::rawPhoto);
-}
-
-std::int64_t AppState::exactDuplicatesCount() const {
-    return countOf(*scannedItems_,
-                   [](const MediaItem& item) { return item.exactDuplicateGroupID.has_value(); });
-}
-
-std::int64_t AppState::missingDateCount() const {
-    return countOf(*scannedItems_, [](const MediaItem& item) { return !item.resolvedDate; });
-}
-
-std::int64_t AppState::warningsCount() const {
-    return countOf(*scannedItems_, [](const MediaItem& item) { return !item.scanWarnings.empty(); });
-}
-
-std::int64_t AppState::totalMediaSizeBytes() const {
-    return lumeo::requiredOutputSizeBytes(*scannedItems_, DuplicatePolicy::keepAll);
+std::optional<LastOperationSummary> AppState::lastOperationSummary() const {
+    return environment_.preferences.lastOperationSummary();
 }
 
 std::int64_t AppState::requiredOutputSizeBytes() const {
@@ -122,7 +85,7 @@ void AppState::navigateToStep(WizardStep target) {
     if (target != currentStep_) {
         takeStartBack();
     }
-    if (target == WizardStep::preview && !isPlanCurrent_ && !isPlanning_) {
+    if (target == WizardStep::preview && !isPlanCurrent_ && !isPlanning()) {
         startPlanning();
     }
     goTo(target);
@@ -221,17 +184,15 @@ void AppState::setDestination(const FilePath& url) {
 }
 
 void AppState::measureDestination(std::function<void(const MeasuredDestination&)> next) {
-    jobs_.start(
+    measurement_.start(
         [this, folder = *organizationPlan_.destinationURL](const std::stop_token& /*stop*/) {
             return MeasuredDestination{measured(folder, environment_),
                                        deviceUnder(environment_.fileSystem, folder)};
         },
-        [this, number = ++measurementNumber_, next = std::move(next)](const MeasuredDestination& found) {
-            if (number == measurementNumber_) {
-                destinationVolume_ = found.volume;
-                emit destinationVolumeChanged();
-                next(found);
-            }
+        [this, next = std::move(next)](const MeasuredDestination& found) {
+            destinationVolume_ = found.volume;
+            emit destinationVolumeChanged();
+            next(found);
         });
 }
 
@@ -269,16 +230,15 @@ void AppState::replaceItems(std::vector<MediaItem> items) {
 void AppState::replaceCatalogue(std::vector<MediaItem> items) {
     cancelPlanning();
     takeStartBack();
-    detectionStop_.request_stop();
-    ++catalogueNumber_;
-    change(isDetectingDuplicates_, false, &AppState::isDetectingDuplicatesChanged);
+    detection_.drop();
+    emit isDetectingDuplicatesChanged();
     isPlanCurrent_ = false;
     replaceItems(std::move(items));
 }
 
 void AppState::goBackToTheStart() {
     cancelScan();
-    ++scanNumber_; // part of a catalogue, which a cancelled scan still has to bring, is not wanted any more
+    scan_.drop(); // part of a catalogue, which a cancelled scan still has to bring, is not wanted any more
     goTo(WizardStep::sources);
     change(completedSteps_, {}, &AppState::completedStepsChanged);
     change(runRefusal_, {}, &AppState::runRefusalChanged);
@@ -295,7 +255,7 @@ void AppState::finishCompletedOperation() {
     goBackToTheStart();
     change(operationProgress_, {}, &AppState::operationProgressChanged);
     change(organizationPlan_, environment_.preferences.newPlan(), &AppState::organizationPlanChanged);
-    ++measurementNumber_;
+    measurement_.drop();
     change(destinationVolume_, {}, &AppState::destinationVolumeChanged);
     change(selectedFilter_, QStringLiteral("all"), &AppState::selectedFilterChanged);
 }

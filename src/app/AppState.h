@@ -2,6 +2,8 @@
 
 #include "app/BackgroundJobs.h"
 #include "app/Desktop.h"
+#include "app/Job.h"
+#include "app/PauseSwitch.h"
 #include "app/WizardStep.h"
 #include "model/MediaItem.h"
 #include "model/OrganizationPlan.h"
@@ -28,7 +30,6 @@
 #include <memory>
 #include <optional>
 #include <set>
-#include <stop_token>
 #include <utility>
 #include <vector>
 
@@ -87,7 +88,9 @@ public:
     [[nodiscard]] const OrganizationPlan& organizationPlan() const { return organizationPlan_; }
     /// Measured a moment after it was chosen, and again before each run.
     [[nodiscard]] const std::optional<SourceVolume>& destinationVolume() const { return destinationVolume_; }
-    [[nodiscard]] bool isPlanning() const { return isPlanning_; } ///< items are being dated or planned anew
+    [[nodiscard]] bool isPlanning() const {
+        return planning_.isRunning();
+    } ///< items are being dated or planned anew
     [[nodiscard]] const PlanningProgress& planningProgress() const { return planningProgress_; }
     [[nodiscard]] const OperationProgress& operationProgress() const { return operationProgress_; }
     /// A run was asked for and has neither begun nor been refused yet.
@@ -105,7 +108,7 @@ public:
     [[nodiscard]] const FilePath& activeJournal() const { return activeJournal_; }
     /// As far as they can be undone and were not dismissed. Read anew after each run and undo.
     [[nodiscard]] const RecentRuns& recentRuns() const { return recentRuns_; }
-    [[nodiscard]] bool isUndoing() const { return isUndoing_; }
+    [[nodiscard]] bool isUndoing() const { return undo_.isRunning(); }
     [[nodiscard]] const UndoProgress& undoProgress() const { return undoProgress_; }
     /// How the last undo ended; absent before, and when it was refused.
     [[nodiscard]] const std::optional<UndoResult>& undoResult() const { return undoResult_; }
@@ -117,22 +120,13 @@ public:
     [[nodiscard]] const std::optional<UndoForecast>& undoForecast() const { return undoForecast_; }
     /// A run or an undo is under way: catalogue, plan and results stay as they are until it ends. Of a
     /// cancelled run it is no longer said, though it may still be at its last file.
-    [[nodiscard]] bool isChangingFiles() const { return isProcessing_ || isUndoing_; }
-    [[nodiscard]] const std::optional<LastOperationSummary>& lastOperationSummary() const {
-        return lastOperationSummary_;
-    }
-    [[nodiscard]] bool isDetectingDuplicates() const { return isDetectingDuplicates_; }
+    [[nodiscard]] bool isChangingFiles() const { return isProcessing_ || isUndoing(); }
+    /// As stored with the preferences; absent before the first run.
+    [[nodiscard]] std::optional<LastOperationSummary> lastOperationSummary() const;
+    [[nodiscard]] bool isDetectingDuplicates() const { return detection_.isRunning(); }
     [[nodiscard]] const QString& selectedFilter() const { return selectedFilter_; }
 
-    /// Counts over `scannedItems`.
-    [[nodiscard]] std::int64_t totalFilesCount() const;
-    [[nodiscard]] std::int64_t photosCount() const;
-    [[nodiscard]] std::int64_t videosCount() const;
-    [[nodiscard]] std::int64_t rawCount() const;
-    [[nodiscard]] std::int64_t exactDuplicatesCount() const; ///< items in a group, the first ones included
-    [[nodiscard]] std::int64_t missingDateCount() const;
-    [[nodiscard]] std::int64_t warningsCount() const; ///< items with at least one warning
-    [[nodiscard]] std::int64_t totalMediaSizeBytes() const;
+    [[nodiscard]] std::int64_t totalFilesCount() const; ///< of `scannedItems`
     /// What a run would write under the plan's duplicate policy.
     [[nodiscard]] std::int64_t requiredOutputSizeBytes() const;
 
@@ -255,6 +249,8 @@ private:
     void reviseItems();
     void endPlanning(bool isComplete);
     [[nodiscard]] bool canRun() const;
+    /// A cancelled run has not come back yet.
+    [[nodiscard]] bool isRunEnding() const { return operation_.isRunning() && !isProcessing_; }
     void takeStartBack();
     void startAwaitedOperation();
     void runOrRefuse();
@@ -262,8 +258,8 @@ private:
     void refuse(RunRefusal refusal);
     void runOperation(const std::shared_ptr<PreparedRun>& prepared);
     void readRecentRuns();
+    void showProgress(OperationProgress progress);
     void finishOperation(const std::shared_ptr<const OperationManifest>& journal);
-    void recordLastOperationSummary(const OperationManifest& manifest);
     void setOperationPaused(bool paused);
     void takeBack(std::function<Result<std::shared_ptr<const OperationManifest>, std::string>()> read,
                   const FilePath& journal);
@@ -283,7 +279,6 @@ private:
     std::optional<SourceVolume> destinationVolume_;
     /// What the destination lay on when it was chosen: the run must not go anywhere else.
     std::optional<std::uint64_t> destinationDevice_;
-    bool isPlanning_ = false;
     PlanningProgress planningProgress_;
     OperationProgress operationProgress_;
     bool isStartingOperation_ = false;
@@ -293,32 +288,25 @@ private:
     std::string journalProblem_;
     FilePath activeJournal_;
     RecentRuns recentRuns_;
-    bool isUndoing_ = false;
     UndoProgress undoProgress_;
     std::optional<UndoResult> undoResult_;
     std::string undoRefusal_;
     FilePath undoneJournal_;
     std::optional<UndoForecast> undoForecast_;
-    std::optional<LastOperationSummary> lastOperationSummary_;
-    bool isDetectingDuplicates_ = false;
     QString selectedFilter_ = QStringLiteral("all");
 
-    // Jobs are told apart by number: what an older one still has to say is not listened to.
-    int scanNumber_ = 0;
-    int catalogueNumber_ = 0;
-    int planningNumber_ = 0;
-    int measurementNumber_ = 0;
-    int considerationNumber_ = 0;
-    int recentRunsNumber_ = 0;
     bool isPlanCurrent_ = false; ///< the items have their places under the present plan
-    bool isRunEnding_ = false;   ///< a cancelled run has not come back yet
-    std::stop_source scanStop_{std::nostopstate};
-    std::stop_source detectionStop_{std::nostopstate};
-    std::stop_source planningStop_{std::nostopstate};
-    std::stop_source operationStop_{std::nostopstate};
-    std::stop_source undoStop_{std::nostopstate};
     std::shared_ptr<PauseSwitch<MediaScanner>> scanPause_;
     std::shared_ptr<PauseSwitch<FileOperationEngine>> operationPause_;
+
+    Job<ScanProgress> scan_{jobs_, *this};
+    Job<> detection_{jobs_, *this};
+    Job<std::size_t> planning_{jobs_, *this};
+    Job<OperationProgress> operation_{jobs_, *this};
+    Job<UndoProgress> undo_{jobs_, *this};
+    Job<> measurement_{jobs_, *this};
+    Job<> consideration_{jobs_, *this};
+    Job<> recentRunsReading_{jobs_, *this};
     BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with
 };
 

@@ -30,11 +30,10 @@ std::vector<FilePath> AppState::sourceRoots() const {
 }
 
 void AppState::startScan() {
-    if (sources_.empty() || isChangingFiles() || isRunEnding_) {
+    if (sources_.empty() || isChangingFiles() || isRunEnding()) {
         return;
     }
-    scanStop_.request_stop();
-    const int number = ++scanNumber_;
+    scan_.drop();
     replaceCatalogue({});
     scanProgress_ = {};
     emit scanProgressChanged();
@@ -43,34 +42,27 @@ void AppState::startScan() {
 
     const auto scanner =
         std::make_shared<MediaScanner>(environment_.fileSystem, environment_.volumes, environment_.clock);
-    const auto latest = std::make_shared<LatestValue<ScanProgress>>();
     scanPause_ = std::make_shared<PauseSwitch<MediaScanner>>(scanner);
-    const auto show = [this, number](ScanProgress progress) {
-        if (number == scanNumber_) {
-            progress.isPaused = scanProgress_.isPaused;
-            scanProgress_ = std::move(progress);
-            emit scanProgressChanged();
-        }
-    };
     const UnknownDatePolicy policy = organizationPlan_.unknownDatePolicy;
-    scanStop_ = jobs_.start(
-        [this, scanner, latest, show, pause = scanPause_, roots = sourceRoots(),
-         policy](const std::stop_token& stop) {
+    scan_.start(
+        [this, scanner, pause = scanPause_, roots = sourceRoots(), policy](const std::stop_token& stop,
+                                                                           const auto& report) {
             std::vector<MediaItem> items = scanner->scan(
                 roots,
                 [&](const ScanProgress& progress) {
                     pause->hold();
-                    latest->post(*this, progress, show);
+                    report(progress);
                 },
                 stop);
             date(items, policy, environment_.clock);
             return items;
         },
-        [this, number, policy](std::vector<MediaItem> items) {
-            if (number == scanNumber_) {
-                finishScan(std::move(items), policy);
-            }
-        });
+        [this](ScanProgress progress) {
+            progress.isPaused = scanProgress_.isPaused;
+            scanProgress_ = std::move(progress);
+            emit scanProgressChanged();
+        },
+        [this, policy](std::vector<MediaItem> items) { finishScan(std::move(items), policy); });
 }
 
 void AppState::finishScan(std::vector<MediaItem> items, UnknownDatePolicy datedUnder) {
@@ -108,7 +100,7 @@ void AppState::showScanPaused(bool paused) {
 
 void AppState::cancelScan() {
     if (isScanning_) {
-        scanStop_.request_stop();
+        scan_.stop();
         showScanPaused(false);
         change(isScanning_, false, &AppState::isScanningChanged);
         goTo(WizardStep::sources);
@@ -116,24 +108,22 @@ void AppState::cancelScan() {
 }
 
 void AppState::runDuplicateDetection() {
-    if (scannedItems_->empty() || isDetectingDuplicates_) {
+    if (scannedItems_->empty() || isDetectingDuplicates()) {
         return;
     }
-    change(isDetectingDuplicates_, true, &AppState::isDetectingDuplicatesChanged);
-    detectionStop_ = jobs_.start(
+    detection_.start(
         [this, items = scannedItems_](const std::stop_token& stop) {
             return DuplicateDetector(environment_.fileSystem).detectDuplicates(*items, stop);
         },
-        [this, number = catalogueNumber_, analyzed = scannedItems_](std::vector<MediaItem> found) {
-            if (number == catalogueNumber_) {
-                finishDuplicateDetection(analyzed, std::move(found));
-                change(isDetectingDuplicates_, false, &AppState::isDetectingDuplicatesChanged);
-            }
+        [this, analyzed = scannedItems_](std::vector<MediaItem> found) {
+            finishDuplicateDetection(analyzed, std::move(found));
+            emit isDetectingDuplicatesChanged();
         });
+    emit isDetectingDuplicatesChanged();
 }
 
 void AppState::stopDuplicateDetection() {
-    detectionStop_.request_stop();
+    detection_.stop();
 }
 
 void AppState::finishDuplicateDetection(const Items& analyzed, std::vector<MediaItem> found) {
@@ -155,7 +145,7 @@ void AppState::finishDuplicateDetection(const Items& analyzed, std::vector<Media
 /// The places that the items have may no longer be right; where they are shown they are made right.
 void AppState::outdatePlan() {
     isPlanCurrent_ = false;
-    if (isPlanning_ || currentStep_ == WizardStep::preview) {
+    if (isPlanning() || currentStep_ == WizardStep::preview) {
         startPlanning();
     }
 }
@@ -180,50 +170,39 @@ void AppState::startPlanning() {
 
 /// Dates the items under the present policy, and gives them their places if there is a destination.
 void AppState::reviseItems() {
-    planningStop_.request_stop();
-    const int number = ++planningNumber_;
     planningProgress_ = {.plannedCount = 0, .totalCount = totalFilesCount()};
     emit planningProgressChanged();
-    change(isPlanning_, true, &AppState::isPlanningChanged);
-
-    const auto latest = std::make_shared<LatestValue<std::size_t>>();
-    const auto show = [this, number](std::size_t plannedCount) {
-        if (number == planningNumber_) {
-            planningProgress_.plannedCount = static_cast<std::int64_t>(plannedCount);
-            emit planningProgressChanged();
-        }
-    };
-    planningStop_ = jobs_.start(
-        [this, latest, show, items = scannedItems_, plan = organizationPlan_](const std::stop_token& stop) {
+    planning_.start(
+        [this, items = scannedItems_, plan = organizationPlan_](const std::stop_token& stop,
+                                                                const auto& report) {
             std::vector<MediaItem> revised = *items;
             date(revised, plan.unknownDatePolicy, environment_.clock);
             if (plan.destinationURL) {
-                DestinationPlanner::plan(
-                    revised, plan, environment_.fileSystem, stop,
-                    [&](std::size_t plannedCount) { latest->post(*this, plannedCount, show); });
+                DestinationPlanner::plan(revised, plan, environment_.fileSystem, stop, report);
             }
             return revised;
         },
-        [this, number,
-         isPlanned = organizationPlan_.destinationURL.has_value()](std::vector<MediaItem> revised) {
-            if (number == planningNumber_) {
-                isPlanCurrent_ = isPlanned;
-                replaceItems(std::move(revised));
-                endPlanning(true);
-            }
+        [this](std::size_t plannedCount) {
+            planningProgress_.plannedCount = static_cast<std::int64_t>(plannedCount);
+            emit planningProgressChanged();
+        },
+        [this, isPlanned = organizationPlan_.destinationURL.has_value()](std::vector<MediaItem> revised) {
+            isPlanCurrent_ = isPlanned;
+            replaceItems(std::move(revised));
+            endPlanning(true);
         });
+    emit isPlanningChanged();
 }
 
 void AppState::cancelPlanning() {
-    if (isPlanning_) {
-        planningStop_.request_stop();
-        ++planningNumber_;
+    if (isPlanning()) {
+        planning_.drop();
         endPlanning(false);
     }
 }
 
 void AppState::endPlanning(bool isComplete) {
-    change(isPlanning_, false, &AppState::isPlanningChanged);
+    emit isPlanningChanged();
     emit planningFinished(isComplete);
     if (!isComplete) {
         takeStartBack();

@@ -25,7 +25,7 @@ void AppState::startOperation() {
         return;
     }
     change(isStartingOperation_, true, &AppState::isStartingOperationChanged);
-    if (!isPlanCurrent_ && !isPlanning_) {
+    if (!isPlanCurrent_ && !isPlanning()) {
         startPlanning();
     }
     startAwaitedOperation();
@@ -33,7 +33,7 @@ void AppState::startOperation() {
 
 /// A run waits for the plan and for a cancelled run that is yet to end.
 bool AppState::canRun() const {
-    return isStartingOperation_ && isPlanCurrent_ && !isPlanning_ && !isRunEnding_;
+    return isStartingOperation_ && isPlanCurrent_ && !isPlanning() && !isRunEnding();
 }
 
 void AppState::takeStartBack() {
@@ -95,7 +95,6 @@ void AppState::refuse(RunRefusal refusal) {
 
 void AppState::runOperation(const std::shared_ptr<PreparedRun>& prepared) {
     const auto engine = std::make_shared<FileOperationEngine>(environment_.fileSystem, environment_.clock);
-    const auto latest = std::make_shared<LatestValue<OperationProgress>>();
     operationPause_ = std::make_shared<PauseSwitch<FileOperationEngine>>(engine);
     journalProblem_ = prepared->journalProblem;
     activeJournal_ = prepared->journal ? prepared->journal->path() : FilePath();
@@ -104,17 +103,9 @@ void AppState::runOperation(const std::shared_ptr<PreparedRun>& prepared) {
     change(undoResult_, {}, &AppState::undoResultChanged);
     goTo(WizardStep::processing);
 
-    const auto show = [this, pause = operationPause_](OperationProgress progress) {
-        if (pause == operationPause_) {
-            progress.isPaused = operationProgress_.isPaused && !progress.isCompleted;
-            progress.isCancelled = progress.isCancelled || operationProgress_.isCancelled;
-            operationProgress_ = std::move(progress);
-            emit operationProgressChanged();
-        }
-    };
-    operationStop_ = jobs_.start(
-        [this, engine, latest, show, prepared, pause = operationPause_, items = scannedItems_,
-         plan = organizationPlan_](const std::stop_token& stop) {
+    operation_.start(
+        [engine, prepared, pause = operationPause_, items = scannedItems_,
+         plan = organizationPlan_](const std::stop_token& stop, const auto& report) {
             // The stop alone would let the file in transfer finish first, be it 100 GB long.
             const std::stop_callback cancelling(stop, [&engine] { engine->cancel(); });
             // Gives the archive back before the end is told, so that the next run finds it free.
@@ -123,21 +114,34 @@ void AppState::runOperation(const std::shared_ptr<PreparedRun>& prepared) {
                 run, *items, plan,
                 [&](const OperationProgress& progress) {
                     pause->hold();
-                    latest->post(*this, progress, show);
+                    report(progress);
                 },
                 stop));
         },
+        [this](OperationProgress progress) { showProgress(std::move(progress)); },
         [this](const std::shared_ptr<const OperationManifest>& journal) { finishOperation(journal); });
+}
+
+void AppState::showProgress(OperationProgress progress) {
+    if (operationPause_ == nullptr) {
+        return; // of a cancelled run, after which the wizard has begun again
+    }
+    progress.isPaused = operationProgress_.isPaused && !progress.isCompleted;
+    progress.isCancelled = progress.isCancelled || operationProgress_.isCancelled;
+    operationProgress_ = std::move(progress);
+    emit operationProgressChanged();
 }
 
 void AppState::finishOperation(const std::shared_ptr<const OperationManifest>& journal) {
     // What a cancel is to show was shown when it was asked for.
-    const bool isCancelled = std::exchange(isRunEnding_, false);
+    const bool isCancelled = !isProcessing_;
     operationPause_ = nullptr;
     if (!isCancelled) {
         change(isProcessing_, false, &AppState::isProcessingChanged);
         change(activeManifest_, journal, &AppState::activeManifestChanged);
-        recordLastOperationSummary(*journal);
+        environment_.preferences.setLastOperationSummary(
+            LastOperationSummary::of(*journal, environment_.clock.now()));
+        emit lastOperationSummaryChanged();
         isPlanCurrent_ = false; // the archive is another one now
         complete({WizardStep::preview, WizardStep::processing, WizardStep::report});
         goTo(WizardStep::report);
@@ -145,12 +149,6 @@ void AppState::finishOperation(const std::shared_ptr<const OperationManifest>& j
     readRecentRuns();
     emit operationFinished(journal, isCancelled);
     startAwaitedOperation();
-}
-
-void AppState::recordLastOperationSummary(const OperationManifest& manifest) {
-    lastOperationSummary_ = LastOperationSummary::of(manifest, environment_.clock.now());
-    emit lastOperationSummaryChanged();
-    environment_.preferences.setLastOperationSummary(*lastOperationSummary_);
 }
 
 void AppState::pauseOperation() {
@@ -174,15 +172,15 @@ void AppState::cancelOperation() {
     if (!isProcessing_) {
         return;
     }
-    isRunEnding_ = true;
     operationProgress_.isCancelled = true;
     operationProgress_.isPaused = false;
     emit operationProgressChanged();
     change(isProcessing_, false, &AppState::isProcessingChanged);
     goTo(WizardStep::preview);
     // Has to wait while a source is being removed, which a slow disk takes its time for.
-    jobs_.start([stop = operationStop_](const std::stop_token&) mutable { return stop.request_stop(); },
-                [](bool) {});
+    jobs_.start(
+        [stop = operation_.stopSource()](const std::stop_token&) mutable { return stop.request_stop(); },
+        [](bool) {});
 }
 
 void AppState::startUndo() {
@@ -196,7 +194,7 @@ void AppState::startUndo(const FilePath& journal) {
 }
 
 void AppState::takeBack(std::function<ManifestOrReason()> read, const FilePath& journal) {
-    if (isChangingFiles() || isRunEnding_) {
+    if (isChangingFiles() || isRunEnding()) {
         return;
     }
     takeStartBack();
@@ -205,25 +203,23 @@ void AppState::takeBack(std::function<ManifestOrReason()> read, const FilePath& 
     change(undoResult_, {}, &AppState::undoResultChanged);
     undoProgress_ = {};
     emit undoProgressChanged();
-    change(isUndoing_, true, &AppState::isUndoingChanged);
-    const auto latest = std::make_shared<LatestValue<UndoProgress>>();
-    const auto show = [this](UndoProgress progress) {
-        undoProgress_ = std::move(progress);
-        emit undoProgressChanged();
-    };
-    undoStop_ = jobs_.start(
-        [this, latest, show, read = std::move(read),
-         journal](const std::stop_token& stop) -> Result<UndoResult, std::string> {
+    undo_.start(
+        [this, read = std::move(read), journal](const std::stop_token& stop,
+                                                const auto& report) -> Result<UndoResult, std::string> {
             const ManifestOrReason run = read();
             if (!run) {
                 return run.error();
             }
-            const Result<UndoResult, RunRefusal> undone = lumeo::takeBack(
-                environment_.fileSystem, **run, environment_.journals, journal,
-                [&](const UndoProgress& progress) { latest->post(*this, progress, show); }, stop);
+            const Result<UndoResult, RunRefusal> undone =
+                lumeo::takeBack(environment_.fileSystem, **run, environment_.journals, journal, report, stop);
             return undone ? Result<UndoResult, std::string>(*undone) : undone.error().sentence;
         },
+        [this](UndoProgress progress) {
+            undoProgress_ = std::move(progress);
+            emit undoProgressChanged();
+        },
         [this](Result<UndoResult, std::string> result) { finishUndo(std::move(result)); });
+    emit isUndoingChanged();
 }
 
 void AppState::considerUndo() {
@@ -238,16 +234,14 @@ void AppState::considerUndo(const FilePath& journal) {
 
 void AppState::consider(std::function<ManifestOrReason()> read) {
     change(undoForecast_, {}, &AppState::undoForecastChanged);
-    jobs_.start(
+    consideration_.start(
         [this, read = std::move(read)](const std::stop_token& stop) -> std::optional<UndoForecast> {
             const ManifestOrReason run = read();
             return run ? std::optional(UndoEngine(environment_.fileSystem).forecast(**run, stop))
                        : std::nullopt;
         },
-        [this, number = ++considerationNumber_](const std::optional<UndoForecast>& forecast) {
-            if (number == considerationNumber_) {
-                change(undoForecast_, forecast, &AppState::undoForecastChanged);
-            }
+        [this](const std::optional<UndoForecast>& forecast) {
+            change(undoForecast_, forecast, &AppState::undoForecastChanged);
         });
 }
 
@@ -258,7 +252,7 @@ void AppState::dismissRun(const FilePath& journal) {
 }
 
 void AppState::readRecentRuns() {
-    jobs_.start(
+    recentRunsReading_.start(
         [this](const std::stop_token& /*stop*/) {
             RecentRuns recent;
             const std::vector<RunEntry> runs = environment_.journals.list();
@@ -272,15 +266,11 @@ void AppState::readRecentRuns() {
             }
             return recent;
         },
-        [this, number = ++recentRunsNumber_](RecentRuns recent) {
-            if (number == recentRunsNumber_) {
-                change(recentRuns_, std::move(recent), &AppState::recentRunsChanged);
-            }
-        });
+        [this](RecentRuns recent) { change(recentRuns_, std::move(recent), &AppState::recentRunsChanged); });
 }
 
 void AppState::stopUndo() {
-    undoStop_.request_stop();
+    undo_.stop();
 }
 
 void AppState::finishUndo(Result<UndoResult, std::string> result) {
@@ -289,7 +279,7 @@ void AppState::finishUndo(Result<UndoResult, std::string> result) {
     } else {
         undoRefusal_ = result.error();
     }
-    change(isUndoing_, false, &AppState::isUndoingChanged);
+    emit isUndoingChanged();
     emit undoResultChanged();
     outdatePlan(); // the archive is another one now
     readRecentRuns();

@@ -1,5 +1,6 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
-import QtQml
 import Lumeo.Kit
 import Lumeo.Window
 
@@ -11,7 +12,7 @@ Menu {
 
     implicitHeight: Math.min(contentHeight + 2 * padding, 460)
 
-    Instantiator {
+    Repeater {
         model: menu.shell.languages
 
         MenuItem {
@@ -22,8 +23,5 @@ Menu {
             checked: index === menu.shell.currentLanguage
             onTriggered: menu.shell.chooseLanguage(index)
         }
-
-        onObjectAdded: (index, object) => menu.insertItem(index, object)
-        onObjectRemoved: (index, object) => menu.removeItem(object)
     }
 }

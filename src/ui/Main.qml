@@ -97,56 +97,14 @@ Window {
             Layout.fillWidth: true
             Layout.fillHeight: true
             step: window.shell.currentStep
-            screens: [sources, scan, organization, preview, processing, report]
-        }
-    }
-
-    Component {
-        id: sources
-
-        SourcesScreen {
-            model: window.sourcesModel
-            report: window.reportModel
-        }
-    }
-
-    Component {
-        id: scan
-
-        ScanScreen {
-            model: window.scanModel
-        }
-    }
-
-    Component {
-        id: organization
-
-        OrganizationScreen {
-            model: window.organizationModel
-        }
-    }
-
-    Component {
-        id: preview
-
-        PreviewScreen {
-            model: window.previewModel
-        }
-    }
-
-    Component {
-        id: processing
-
-        ProcessingScreen {
-            model: window.processingModel
-        }
-    }
-
-    Component {
-        id: report
-
-        ReportScreen {
-            model: window.reportModel
+            screens: [
+                { url: "screens/SourcesScreen.qml", properties: { model: window.sourcesModel, report: window.reportModel } },
+                { url: "screens/ScanScreen.qml", properties: { model: window.scanModel } },
+                { url: "screens/OrganizationScreen.qml", properties: { model: window.organizationModel } },
+                { url: "screens/PreviewScreen.qml", properties: { model: window.previewModel } },
+                { url: "screens/ProcessingScreen.qml", properties: { model: window.processingModel } },
+                { url: "screens/ReportScreen.qml", properties: { model: window.reportModel } }
+            ]
         }
     }
 

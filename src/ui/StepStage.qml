@@ -7,7 +7,7 @@ FocusScope {
     id: stage
 
     required property int step
-    required property list<Component> screens ///< in the order of the steps
+    required property var screens ///< {url, properties} of each step's
 
     property int shownStep: -1
     property real direction: 1
@@ -16,7 +16,8 @@ FocusScope {
         direction = step < shownStep ? -1 : 1;
         const isFirst = shownStep < 0;
         shownStep = step;
-        screen.sourceComponent = screens[step] ?? null;
+        screen.properties = screens[step].properties;
+        screen.screen = Qt.resolvedUrl(screens[step].url);
         if (!isFirst)
             arrival.restart();
     }

@@ -135,10 +135,10 @@ int main(int argc, char* argv[]) {
     lumeo::LauncherProgress launcher(QGuiApplication::desktopFileName());
     const lumeo::ProcessingModel& run = program.processing();
     const auto showRun = [&] {
-        launcher.show(run.isRunning() ? std::optional(run.fraction()) : std::nullopt);
+        launcher.show(run.isRunning() ? std::optional(run.figures().fraction) : std::nullopt);
     };
     QObject::connect(&run, &lumeo::ProcessingModel::isRunningChanged, &launcher, showRun);
-    QObject::connect(&run, &lumeo::ProcessingModel::progressChanged, &launcher, showRun);
+    QObject::connect(&run, &lumeo::ProcessingModel::figuresChanged, &launcher, showRun);
 
     const lumeo::WindowPlace place(*window, *settings);
     show(*window);

@@ -291,7 +291,7 @@ TEST_F(AppStateControlTest, MarksDuplicatesAmongItemsThatWerePlannedMeanwhile) {
         state().calculatePlannedDestinations();
     }
     ASSERT_TRUE(waitUntil([this] { return !state().isDetectingDuplicates(); }));
-    EXPECT_EQ(state().exactDuplicatesCount(), 2);
+    EXPECT_EQ(counts().duplicates, 2);
     EXPECT_EQ(places(), (std::vector<std::string>{"_Unknown Date/a.jpg", "_Unknown Date/b.jpg"}));
 
     const Gate gate(disk_, "openForReading");
@@ -302,7 +302,7 @@ TEST_F(AppStateControlTest, MarksDuplicatesAmongItemsThatWerePlannedMeanwhile) {
     gate.open();
     ASSERT_TRUE(waitUntil([this] { return !state().isScanning(); }));
     findDuplicates();
-    EXPECT_EQ(state().exactDuplicatesCount(), 2);
+    EXPECT_EQ(counts().duplicates, 2);
 }
 
 TEST_F(AppStateControlTest, EndsItsJobsWhenItIsDestroyed) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppState.h"
+#include "app/CatalogueCounts.h"
 #include "app/Preferences.h"
 #include "platform/PosixFileSystem.h"
 #include "support/EventLoop.h"
@@ -89,6 +90,7 @@ protected:
     }
 
     [[nodiscard]] AppState& state() { return *state_; }
+    [[nodiscard]] CatalogueCounts counts() { return CatalogueCounts::of(*state().scannedItems()); }
     [[nodiscard]] FilePath archive() const { return home_ / "Archive"; }
 
     void scanCard() {

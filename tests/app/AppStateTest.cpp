@@ -226,11 +226,11 @@ TEST_F(AppStateTest, DatesByTheFileSystemOnlyWhileThatIsThePolicy) {
                                          std::chrono::hours(24 * 365 * 5));
     preview();
     const std::vector<MediaItem> before = *state().scannedItems();
-    EXPECT_EQ(state().missingDateCount(), 1);
+    EXPECT_EQ(counts().missingDates, 1);
 
     choosePolicy(UnknownDatePolicy::useFilesystemDate);
     ASSERT_TRUE(waitUntil([this] { return !state().isPlanning(); }));
-    EXPECT_EQ(state().missingDateCount(), 0);
+    EXPECT_EQ(counts().missingDates, 0);
     for (const MediaItem& item : *state().scannedItems()) {
         EXPECT_EQ(item.dateSource == DateSourceType::filename, item.fileName() != "undated.jpg");
     }
@@ -242,7 +242,7 @@ TEST_F(AppStateTest, DatesByTheFileSystemOnlyWhileThatIsThePolicy) {
 
     choosePolicy(UnknownDatePolicy::useFilesystemDate);
     scanCard();
-    EXPECT_EQ(state().missingDateCount(), 0) << "a new scan under the policy";
+    EXPECT_EQ(counts().missingDates, 0) << "a new scan under the policy";
 
     state().finishCompletedOperation();
     const Gate gate(disk_, "openForReading");
@@ -251,7 +251,7 @@ TEST_F(AppStateTest, DatesByTheFileSystemOnlyWhileThatIsThePolicy) {
     choosePolicy(UnknownDatePolicy::useFilesystemDate);
     gate.open();
     EXPECT_TRUE(waitUntil([this] { return !state().scannedItems()->empty() && !state().isPlanning(); }));
-    EXPECT_EQ(state().missingDateCount(), 0) << "chosen during the scan, without a destination";
+    EXPECT_EQ(counts().missingDates, 0) << "chosen during the scan, without a destination";
 }
 
 TEST_F(AppStateTest, ImportsACardAgainWithoutMakingCopies) {

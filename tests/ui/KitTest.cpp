@@ -35,8 +35,7 @@ class KitTest : public ::testing::Test {
 protected:
     void SetUp() override {
         view_.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
-        QQmlComponent component(view_.engine());
-        component.setData("import Lumeo.Kit\nGallery { readonly property var theme: Theme }", QUrl());
+        QQmlComponent component(view_.engine(), QUrl::fromLocalFile(QStringLiteral(LUMEO_GALLERY)));
         auto* gallery = component.create();
         ASSERT_NE(gallery, nullptr) << component.errorString().toStdString();
         view_.setContent(QUrl(), &component, gallery);

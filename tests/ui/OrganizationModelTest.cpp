@@ -78,22 +78,24 @@ TEST_F(OrganizationModelTest, ShowsWhereTheCustomTemplateWouldPutAScannedFile) {
 }
 
 TEST_F(OrganizationModelTest, TellsWhetherTheDestinationHasRoom) {
-    EXPECT_FALSE(model_.hasDestination());
-    EXPECT_EQ(model_.capacityLine(), QString());
+    EXPECT_FALSE(model_.destination().isChosen);
+    EXPECT_EQ(model_.destination().capacityLine, QString());
     made_.folder.write("source/a.jpg", std::string(1'000'000, 'a'));
     ASSERT_TRUE(comeHere());
 
     setDestination(1'000'001);
-    EXPECT_FALSE(model_.lacksRoom());
-    EXPECT_DOUBLE_EQ(model_.addedShare(), 0.01);
-    EXPECT_DOUBLE_EQ(model_.usedShare(), 0.98999999);
+    EXPECT_FALSE(model_.destination().lacksRoom);
+    EXPECT_DOUBLE_EQ(model_.destination().addedShare, 0.01);
+    EXPECT_DOUBLE_EQ(model_.destination().usedShare, 0.98999999);
     setDestination(1'000'000);
-    EXPECT_TRUE(model_.lacksRoom());
-    EXPECT_EQ(model_.capacityLine(), QStringLiteral("1 MB free space (Estimated archive size: 1 MB)"));
+    EXPECT_TRUE(model_.destination().lacksRoom);
+    EXPECT_EQ(model_.destination().capacityLine,
+              QStringLiteral("1 MB free space (Estimated archive size: 1 MB)"));
     setDestination(std::nullopt);
-    EXPECT_FALSE(model_.lacksRoom());
-    EXPECT_FALSE(model_.hasCapacity());
-    EXPECT_EQ(model_.capacityLine(), QStringLiteral("Unknown free space (Estimated archive size: 1 MB)"));
+    EXPECT_FALSE(model_.destination().lacksRoom);
+    EXPECT_FALSE(model_.destination().hasCapacity);
+    EXPECT_EQ(model_.destination().capacityLine,
+              QStringLiteral("Unknown free space (Estimated archive size: 1 MB)"));
 }
 
 TEST_F(OrganizationModelTest, EstimatesWhatTheDuplicatePolicyWouldWrite) {
@@ -101,12 +103,12 @@ TEST_F(OrganizationModelTest, EstimatesWhatTheDuplicatePolicyWouldWrite) {
     made_.folder.write("source/b.jpg", std::string(1'000'000, 'a'));
     ASSERT_TRUE(comeHere());
     setDestination(1'500'000);
-    EXPECT_TRUE(model_.lacksRoom());
+    EXPECT_TRUE(model_.destination().lacksRoom);
     made_.state.runDuplicateDetection();
     ASSERT_TRUE(testing::waitUntil([&] { return !made_.state.isDetectingDuplicates(); }));
-    EXPECT_FALSE(model_.lacksRoom());
+    EXPECT_FALSE(model_.destination().lacksRoom);
     model_.setDuplicatePolicy(2);
-    EXPECT_TRUE(model_.lacksRoom());
+    EXPECT_TRUE(model_.destination().lacksRoom);
 }
 
 } // namespace

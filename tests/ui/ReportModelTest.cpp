@@ -37,15 +37,15 @@ protected:
     void undo() {
         report.setShowUndoAlert(true);
         report.confirmUndo();
-        EXPECT_TRUE(report.isUndoing());
+        EXPECT_TRUE(report.undo().isUnderWay);
         EXPECT_FALSE(report.showUndoAlert());
-        EXPECT_EQ(report.undoFraction(), 0);
-        ASSERT_TRUE(waitUntil([this] { return !report.isUndoing(); }));
-        EXPECT_EQ(report.undoFraction(), 1);
+        EXPECT_EQ(report.undo().fraction, 0);
+        ASSERT_TRUE(waitUntil([this] { return !report.undo().isUnderWay; }));
+        EXPECT_EQ(report.undo().fraction, 1);
     }
     void exportAndWait() {
         report.exportCSV();
-        ASSERT_TRUE(waitUntil([this] { return !report.isExporting(); }));
+        ASSERT_TRUE(waitUntil([this] { return !report.exporting().isUnderWay; }));
     }
 
     MadeState made_;
@@ -55,19 +55,19 @@ protected:
 };
 
 TEST_F(ReportModelTest, TellsOfTheRun) {
-    EXPECT_FALSE(report.hasManifest());
-    EXPECT_EQ(report.organized(), QStringLiteral("0"));
-    EXPECT_EQ(report.duration(), QStringLiteral("0.0 seconds"));
-    EXPECT_EQ(report.mode(), QStringLiteral("COPY"));
+    EXPECT_FALSE(report.figures().hasManifest);
+    EXPECT_EQ(report.figures().organized, QStringLiteral("0"));
+    EXPECT_EQ(report.figures().duration, QStringLiteral("0.0 seconds"));
+    EXPECT_EQ(report.figures().mode, QStringLiteral("COPY"));
 
     run();
 
-    EXPECT_TRUE(report.hasManifest());
-    EXPECT_FALSE(report.hasFailures());
-    EXPECT_EQ(report.organized(), QStringLiteral("3"));
-    EXPECT_EQ(report.photosVsVideos(), QStringLiteral("2 photos, 1 videos"));
-    EXPECT_EQ(report.unknownDates(), QStringLiteral("1 file(s)"));
-    const QVariantList timeline = report.timeline();
+    EXPECT_TRUE(report.figures().hasManifest);
+    EXPECT_FALSE(report.figures().hasFailures);
+    EXPECT_EQ(report.figures().organized, QStringLiteral("3"));
+    EXPECT_EQ(report.figures().photosVsVideos, QStringLiteral("2 photos, 1 videos"));
+    EXPECT_EQ(report.figures().unknownDates, QStringLiteral("1 file(s)"));
+    const QVariantList timeline = report.figures().timeline;
     ASSERT_EQ(timeline.size(), 3);
     EXPECT_EQ(timeline[0].toMap()[QStringLiteral("label")], QStringLiteral("2019"));
     EXPECT_EQ(timeline[2].toMap()[QStringLiteral("label")], QStringLiteral("Unknown"));
@@ -82,7 +82,7 @@ TEST_F(ReportModelTest, TellsOfTheRun) {
 TEST_F(ReportModelTest, SavesWhereTheUserSaysAndTellsWhyNot) {
     run();
     exportAndWait(); // the user cancels
-    EXPECT_EQ(report.exportMessage(), QString());
+    EXPECT_EQ(report.exporting().message, QString());
     ASSERT_EQ(made_.desktop.saveRequests.size(), 1U);
     EXPECT_TRUE(
         made_.desktop.saveRequests[0].defaultName.startsWith(QStringLiteral("LUMEO_Organization_Report_20")));
@@ -90,15 +90,15 @@ TEST_F(ReportModelTest, SavesWhereTheUserSaysAndTellsWhyNot) {
 
     made_.desktop.document = made_.folder / "report.csv";
     exportAndWait();
-    EXPECT_FALSE(report.exportFailed());
+    EXPECT_FALSE(report.exporting().hasFailed);
     EXPECT_TRUE(contentOf(made_.folder / "report.csv").starts_with("Original Path,"));
 
     made_.desktop.document = made_.folder / "missing/report.txt";
     report.exportReport();
-    ASSERT_TRUE(waitUntil([this] { return !report.isExporting(); }));
-    EXPECT_TRUE(report.exportFailed());
-    EXPECT_TRUE(report.exportMessage().contains(QStringLiteral("report.txt")))
-        << report.exportMessage().toStdString();
+    ASSERT_TRUE(waitUntil([this] { return !report.exporting().isUnderWay; }));
+    EXPECT_TRUE(report.exporting().hasFailed);
+    EXPECT_TRUE(report.exporting().message.contains(QStringLiteral("report.txt")))
+        << report.exporting().message.toStdString();
     EXPECT_TRUE(made_.desktop.saveRequests.back().defaultName.endsWith(QStringLiteral("Z.txt")));
 }
 
@@ -109,28 +109,28 @@ TEST_F(ReportModelTest, TakesACopyRunBackAndKeepsWhatWasEditedSince) {
 
     undo();
 
-    EXPECT_EQ(report.undoStatusMessage(), QStringLiteral("Rollback complete: 2 files restored/removed."));
-    EXPECT_EQ(report.undoCounts(), QStringLiteral("Skipped: 0 · Errors: 1"));
-    EXPECT_EQ(report.undoWarningCount(), 1);
+    EXPECT_EQ(report.undo().outcome, QStringLiteral("Rollback complete: 2 files restored/removed."));
+    EXPECT_EQ(report.undo().counts, QStringLiteral("Skipped: 0 · Errors: 1"));
+    EXPECT_EQ(report.undo().warnings.size(), 1);
     EXPECT_EQ(filesInArchive(), 1U);
     EXPECT_EQ(contentOf(first_), "one");
     report.copyUndoWarnings();
     EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QString::fromStdString(copy.bytes())));
 
     undo(); // nothing is left to take back but the one that stays
-    EXPECT_EQ(report.undoStatusMessage(), QStringLiteral("Rollback complete: 0 files restored/removed."));
-    EXPECT_EQ(report.undoCounts(), QStringLiteral("Skipped: 2 · Errors: 1"));
+    EXPECT_EQ(report.undo().outcome, QStringLiteral("Rollback complete: 0 files restored/removed."));
+    EXPECT_EQ(report.undo().counts, QStringLiteral("Skipped: 2 · Errors: 1"));
 }
 
 TEST_F(ReportModelTest, StaysOfItsRunWhateverIsScannedAndChosenAfterIt) {
     run();
-    const QVariantList timeline = report.timeline();
+    const QVariantList timeline = report.figures().timeline;
     made_.state.navigateToStep(WizardStep::organization);
     made_.state.setDestination(made_.folder / "elsewhere");
     std::filesystem::remove(first_.bytes());
     ASSERT_TRUE(made_.scan());
     made_.state.navigateToStep(WizardStep::report);
-    EXPECT_EQ(report.timeline(), timeline);
+    EXPECT_EQ(report.figures().timeline, timeline);
     report.openDestination();
     EXPECT_EQ(made_.desktop.revealed, std::vector{made_.folder / "archive"});
     made_.desktop.document = made_.folder / "report.csv";
@@ -142,28 +142,29 @@ TEST_F(ReportModelTest, StaysOfItsRunWhateverIsScannedAndChosenAfterIt) {
 TEST(ProcessingModelTest, ShowsARunAndHoldsIt) {
     MadeState made;
     ProcessingModel model(made.state);
-    EXPECT_EQ(model.percentage(), QStringLiteral("0%"));
-    EXPECT_EQ(model.fraction(), 0);
+    EXPECT_EQ(model.figures().percentage, QStringLiteral("0%"));
+    EXPECT_EQ(model.figures().fraction, 0);
     made.folder.write("source/a.jpg", "one");
     ASSERT_TRUE(made.goToPreview());
     const Gate gate(made.disk, "createFile");
     made.state.startOperation();
     ASSERT_TRUE(gate.awaitArrival());
     EXPECT_TRUE(model.isRunning());
-    EXPECT_EQ(model.processedOfTotal(), QStringLiteral("0 / 1")) << "before the run has told of itself";
-    EXPECT_EQ(model.remaining(), QStringLiteral("1"));
+    EXPECT_EQ(model.figures().processedOfTotal, QStringLiteral("0 / 1"))
+        << "before the run has told of itself";
+    EXPECT_EQ(model.figures().remaining, QStringLiteral("1"));
     model.pause();
-    EXPECT_TRUE(model.isPaused());
+    EXPECT_TRUE(model.figures().isPaused);
     model.resume();
-    EXPECT_FALSE(model.isPaused());
-    EXPECT_TRUE(waitUntil([&] { return model.elapsed() == QStringLiteral("1s"); }))
+    EXPECT_FALSE(model.figures().isPaused);
+    EXPECT_TRUE(waitUntil([&] { return model.figures().elapsed == QStringLiteral("1s"); }))
         << "within the first file";
     gate.open();
     ASSERT_TRUE(waitUntil([&] { return !model.isRunning(); }));
-    EXPECT_EQ(model.processedOfTotal(), QStringLiteral("1 / 1"));
-    EXPECT_EQ(model.percentage(), QStringLiteral("100%"));
-    EXPECT_EQ(model.remaining(), QStringLiteral("0"));
-    EXPECT_FALSE(model.hasErrors());
+    EXPECT_EQ(model.figures().processedOfTotal, QStringLiteral("1 / 1"));
+    EXPECT_EQ(model.figures().percentage, QStringLiteral("100%"));
+    EXPECT_EQ(model.figures().remaining, QStringLiteral("0"));
+    EXPECT_FALSE(model.figures().hasErrors);
 }
 
 } // namespace

@@ -24,20 +24,20 @@ TEST_F(ScanModelTest, TellsWhatAScanMetAndWhatItFound) {
     made_.folder.write("source/sheet.doc", "text");
     ASSERT_TRUE(made_.scan());
 
-    EXPECT_EQ(model_.photos(), QStringLiteral("3"));
-    EXPECT_EQ(model_.videos(), QStringLiteral("1"));
-    EXPECT_EQ(model_.supported(), QStringLiteral("4"));
-    EXPECT_EQ(model_.unsupported(), QStringLiteral("2"));
-    EXPECT_EQ(model_.inspected(), QStringLiteral("6"));
-    EXPECT_FALSE(model_.hasErrors());
+    EXPECT_EQ(model_.counters().photos, QStringLiteral("3"));
+    EXPECT_EQ(model_.counters().videos, QStringLiteral("1"));
+    EXPECT_EQ(model_.counters().supported, QStringLiteral("4"));
+    EXPECT_EQ(model_.counters().unsupported, QStringLiteral("2"));
+    EXPECT_EQ(model_.counters().inspected, QStringLiteral("6"));
+    EXPECT_FALSE(model_.counters().hasErrors);
 
-    EXPECT_EQ(model_.foundLine(), QStringLiteral("4 media files found across 1"));
-    EXPECT_TRUE(model_.scannedInLine().startsWith(QStringLiteral("Scanned in 0.")));
-    EXPECT_EQ(model_.photosFound(), QStringLiteral("3"));
-    EXPECT_EQ(model_.photosShare(), 0.75);
-    EXPECT_EQ(model_.rawShare(), 0);
-    EXPECT_EQ(model_.missingDates(), QStringLiteral("2"));
-    EXPECT_TRUE(model_.hasItems());
+    EXPECT_EQ(model_.findings().foundLine, QStringLiteral("4 media files found across 1"));
+    EXPECT_TRUE(model_.findings().scannedInLine.startsWith(QStringLiteral("Scanned in 0.")));
+    EXPECT_EQ(model_.findings().photos, QStringLiteral("3"));
+    EXPECT_EQ(model_.findings().photosShare, 0.75);
+    EXPECT_EQ(model_.findings().rawShare, 0);
+    EXPECT_EQ(model_.findings().missingDates, QStringLiteral("2"));
+    EXPECT_TRUE(model_.findings().hasItems);
     model_.organize();
     EXPECT_EQ(made_.state.currentStep(), WizardStep::organization);
 }
@@ -45,8 +45,8 @@ TEST_F(ScanModelTest, TellsWhatAScanMetAndWhatItFound) {
 TEST_F(ScanModelTest, AnEmptyScanLeadsBackOnly) {
     made_.folder.write("source/notes.txt", "text");
     ASSERT_TRUE(made_.scan());
-    EXPECT_FALSE(model_.hasItems());
-    EXPECT_EQ(model_.photosShare(), 0);
+    EXPECT_FALSE(model_.findings().hasItems);
+    EXPECT_EQ(model_.findings().photosShare, 0);
     model_.organize();
     EXPECT_EQ(made_.state.currentStep(), WizardStep::scanResults);
     model_.changeSources();

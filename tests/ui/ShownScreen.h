@@ -20,12 +20,11 @@ namespace lumeo::testing {
 /// Translated texts show as their keys.
 class ShownScreen {
 public:
-    ShownScreen(const char* type, QObject& model) {
+    ShownScreen(const char* type, const QVariantMap& properties) {
         view_.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
         QQmlComponent component(view_.engine());
         component.setData(std::string("import Lumeo.Window\n").append(type).append(" {}").c_str(), QUrl());
-        auto* screen =
-            component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
+        auto* screen = component.createWithInitialProperties(properties);
         if (screen == nullptr) {
             throw std::runtime_error(component.errorString().toStdString());
         }
@@ -38,6 +37,9 @@ public:
             throw std::runtime_error("The window does not come up");
         }
     }
+
+    ShownScreen(const char* type, QObject& model)
+        : ShownScreen(type, QVariantMap{{QStringLiteral("model"), QVariant::fromValue(&model)}}) {}
 
     /// The visible item with this name. Null when there is none.
     [[nodiscard]] QQuickItem* find(std::string_view name) const { return find(view_.rootObject(), name); }

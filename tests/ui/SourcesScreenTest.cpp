@@ -1,5 +1,6 @@
 #include "ui/MadeState.h"
 #include "ui/ShownScreen.h"
+#include "ui/models/ReportModel.h"
 #include "ui/models/SourcesModel.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +36,10 @@ TEST(SourcesScreenTest, TakesDroppedFoldersAndShowsThemAsCards) {
     MadeState made;
     made.volumes.add(FilePath("/media/card"), 1000, 500, true);
     SourcesModel model(made.state, made.localization);
-    ShownScreen screen("SourcesScreen", model);
+    ReportModel report(made.state, made.localization, {made.desktop, made.desktop, made.desktop}, made.disk,
+                       made.clock);
+    ShownScreen screen("SourcesScreen", {{QStringLiteral("model"), QVariant::fromValue(&model)},
+                                         {QStringLiteral("report"), QVariant::fromValue(&report)}});
     EXPECT_FALSE(screen.isEnabled("sources.scanMedia"));
     EXPECT_NE(screen.find("sources.emptyInstruction"), nullptr);
 

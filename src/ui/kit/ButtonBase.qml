@@ -33,7 +33,7 @@ T.AbstractButton {
     }
 
     FocusRing {
-        target: control
+        shown: control.visualFocus
         radius: control.radius + 3
     }
 }

@@ -3,6 +3,8 @@ import QtQuick.Templates as T
 
 /// A surface for things that belong together; as tall as they are.
 T.Pane {
+    id: card
+
     property color color: Theme.surface
     property color lineColor: Theme.line
     property real radius: Theme.radiusCard
@@ -13,8 +15,8 @@ T.Pane {
     focusPolicy: Qt.NoFocus
 
     background: Rectangle {
-        color: parent.color
-        border.color: parent.lineColor
-        radius: parent.radius
+        color: card.color
+        border.color: card.lineColor
+        radius: card.radius
     }
 }

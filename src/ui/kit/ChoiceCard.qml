@@ -53,6 +53,7 @@ ExclusiveButton {
 
         ControlOverlay {
             control: control
+            radius: control.radius
         }
     }
 }

@@ -6,7 +6,6 @@ Rectangle {
     required property T.AbstractButton control
 
     anchors.fill: parent
-    radius: control.radius
     color: control.down ? Theme.press : control.hovered ? Theme.hover : "transparent"
 
     Behavior on color {

@@ -55,6 +55,7 @@ ColumnLayout {
 
             ControlOverlay {
                 control: header
+                radius: header.radius
             }
         }
     }

@@ -59,7 +59,7 @@ T.RadioButton {
     }
 
     FocusRing {
-        target: control
+        shown: control.visualFocus
         radius: control.radius + 3
     }
 }

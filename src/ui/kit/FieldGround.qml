@@ -1,10 +1,11 @@
 import QtQuick
+import QtQuick.Templates as T
 
 /// The ground of a line to write on, and what it says while the line is empty.
 Rectangle {
     id: ground
 
-    required property Item field
+    required property T.TextField field
     required property bool focused
     required property string placeholder
     property bool invalid: false

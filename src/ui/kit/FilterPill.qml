@@ -41,6 +41,7 @@ ExclusiveButton {
 
         ControlOverlay {
             control: control
+            radius: control.radius
         }
     }
 }

@@ -1,9 +1,8 @@
 import QtQuick
 
-/// Shows which control the keyboard speaks to. Lies around `target`, which draws it as its child.
+/// Shows which control the keyboard speaks to. Lies around its parent.
 Rectangle {
-    required property Item target
-    property bool shown: target.visualFocus
+    required property bool shown
 
     anchors.fill: parent
     anchors.margins: -3

@@ -28,6 +28,7 @@ ButtonBase {
 
         ControlOverlay {
             control: control
+            radius: control.radius
         }
     }
 

@@ -23,6 +23,7 @@ ButtonBase {
 
         ControlOverlay {
             control: control
+            radius: control.radius
         }
     }
 }

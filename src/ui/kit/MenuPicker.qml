@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
@@ -42,7 +44,7 @@ T.ComboBox {
     }
 
     FocusRing {
-        target: control
+        shown: control.visualFocus
     }
 
     contentItem: RowLayout {
@@ -127,7 +129,7 @@ T.ComboBox {
         contentItem: ListView {
             clip: true
             implicitHeight: contentHeight
-            model: control.delegateModel
+            model: control.delegateModel // qmllint disable type
             currentIndex: control.highlightedIndex
             boundsBehavior: Flickable.StopAtBounds
         }

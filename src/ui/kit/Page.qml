@@ -49,7 +49,6 @@ Flickable {
 
     FocusRing {
         parent: page
-        target: page
         shown: page.activeFocus && page.Window.activeFocusItem === page
         anchors.margins: 2
     }

@@ -26,6 +26,7 @@ ButtonBase {
 
         ControlOverlay {
             control: control
+            radius: control.radius
         }
     }
 }

@@ -48,6 +48,7 @@ ExclusiveButton {
 
         ControlOverlay {
             control: control
+            radius: control.radius
         }
     }
 }

@@ -3,6 +3,10 @@ import QtQuick
 /// Shows one of several screens. If the old screen had the keyboard focus, Tab moves to the first control of
 /// the new one.
 Loader {
+    /// The URL of the screen that is shown, and what it is made with.
+    property url screen
+    property var properties: ({})
+
     function firstControl(item: Item): Item {
         for (let i = 0; i < item.children.length; ++i) {
             const child = item.children[i];
@@ -15,6 +19,7 @@ Loader {
         return null;
     }
 
+    onScreenChanged: setSource(screen, properties)
     Keys.onTabPressed: event => {
         const first = item ? firstControl(item) : null;
         event.accepted = first !== null;

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 /// A choice of a few short words in one frame.
@@ -55,6 +57,7 @@ Rectangle {
 
                     ControlOverlay {
                         control: segment
+                        radius: segment.radius
                     }
                 }
             }

@@ -32,7 +32,7 @@ T.Switch {
     }
 
     FocusRing {
-        target: control
+        shown: control.visualFocus
     }
 
     contentItem: RowLayout {

@@ -56,7 +56,7 @@ FocusScope {
             selectionColor: Theme.filled(Theme.accent)
             selectedTextColor: Theme.onFilled
             font.pixelSize: Theme.bodySize
-            font.family: control.monospaced ? Theme.mono : Qt.application.font.family
+            font.family: control.monospaced ? Theme.mono : Application.font.family
             onTextEdited: control.textEdited()
             onAccepted: control.accepted()
             Accessible.role: Accessible.EditableText

@@ -62,7 +62,7 @@ QtObject {
 
     readonly property int quick: duration(160)
 
-    /// The colour of a tint by its name; of the text for an unknown one.
+    /// The colour of a tint by its name; of the text, with a warning, for an unknown one.
     function tint(name: string): color {
         switch (name) {
         case "blue": return blue;
@@ -75,6 +75,7 @@ QtObject {
         case "yellow": return yellow;
         case "grey": return grey;
         }
+        console.warn(`There is no tint "${name}"`);
         return textPrimary;
     }
 
@@ -89,7 +90,9 @@ QtObject {
         case "green": return "#1B8138";
         case "red": return "#D2303A";
         case "yellow": return "#7A5600";
+        case "grey": return "#636368";
         }
+        console.warn(`There is no tint "${name}"`);
         return "#636368";
     }
 

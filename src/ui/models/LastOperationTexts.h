@@ -5,6 +5,7 @@
 #include <QMetaType>
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <optional>
 
@@ -15,6 +16,7 @@ class LocalizationManager;
 /// The summary of the last run as its card shows it.
 struct LastOperationTexts {
     Q_GADGET
+    QML_ANONYMOUS
     Q_PROPERTY(bool isPresent MEMBER isPresent)
     Q_PROPERTY(QString line MEMBER line)
     Q_PROPERTY(QString files MEMBER files)

@@ -42,19 +42,17 @@ OrganizationModel::OrganizationModel(AppState& state, const LocalizationManager&
     connect(&state_, &AppState::organizationPlanChanged, this, &OrganizationModel::showPlan);
     connect(&state_, &AppState::scannedItemsChanged, this, &OrganizationModel::showItems);
     connect(&state_, &AppState::currentStepChanged, this, &OrganizationModel::showItems);
-    connect(&state_, &AppState::destinationVolumeChanged, this, [this] {
-        emit destinationChanged();
-        emit capacityChanged();
-    });
-    connect(this, &OrganizationModel::planChanged, this, &OrganizationModel::canEditChanged);
+    connect(&state_, &AppState::destinationVolumeChanged, this, &OrganizationModel::showDestination);
+    connect(this, &OrganizationModel::destinationChanged, this, &OrganizationModel::canEditChanged);
     connect(&state_, &AppState::isProcessingChanged, this, &OrganizationModel::canEditChanged);
     connect(&state_, &AppState::isUndoingChanged, this, &OrganizationModel::canEditChanged);
     connect(&state_, &AppState::isPlanningChanged, this, &OrganizationModel::planningChanged);
     connect(&state_, &AppState::planningProgressChanged, this, &OrganizationModel::planningChanged);
     connect(&localization_, &LocalizationManager::currentLanguageChanged, this, [this] {
         emit languageChanged();
-        emit capacityChanged();
+        showDestination();
     });
+    showDestination();
     showItems();
 }
 
@@ -103,60 +101,6 @@ QStringList OrganizationModel::tags() const {
         tags.append(matches.next().captured());
     }
     return tags;
-}
-
-bool OrganizationModel::hasDestination() const {
-    return state_.organizationPlan().destinationURL.has_value();
-}
-
-QString OrganizationModel::destinationName() const {
-    const auto& volume = state_.destinationVolume();
-    return volume ? shownText(volume->name) : QString();
-}
-
-QString OrganizationModel::destinationPath() const {
-    const auto& folder = state_.organizationPlan().destinationURL;
-    return folder ? shownPath(*folder) : QString();
-}
-
-QString OrganizationModel::destinationSymbol() const {
-    const auto& volume = state_.destinationVolume();
-    return volume && volume->isRemovable ? QStringLiteral("externaldrive.fill")
-                                         : QStringLiteral("folder.fill");
-}
-
-QString OrganizationModel::capacityLine() const {
-    const auto& volume = state_.destinationVolume();
-    if (!volume) {
-        return {};
-    }
-    const auto free = volume->freeSpaceBytes ? shownByteCount(*volume->freeSpaceBytes) + QLatin1Char(' ') +
-                                                   localization_.localized(QStringLiteral("org.freeSpace"))
-                                             : localization_.localized(QStringLiteral("org.unknownCapacity"));
-    return QStringLiteral("%1 (%2: %3)")
-        .arg(free, localization_.localized(QStringLiteral("org.estimatedSize")),
-             shownByteCount(estimatedBytes_));
-}
-
-bool OrganizationModel::lacksRoom() const {
-    const auto& volume = state_.destinationVolume();
-    return volume && volume->freeSpaceBytes && estimatedBytes_ >= *volume->freeSpaceBytes;
-}
-
-bool OrganizationModel::hasCapacity() const {
-    const auto& volume = state_.destinationVolume();
-    return volume && volume->usagePercentage().has_value();
-}
-
-double OrganizationModel::usedShare() const {
-    const auto& volume = state_.destinationVolume();
-    return volume ? volume->usagePercentage().value_or(0) : 0;
-}
-
-double OrganizationModel::addedShare() const {
-    return hasCapacity() ? static_cast<double>(estimatedBytes_) /
-                               static_cast<double>(*state_.destinationVolume()->totalCapacityBytes)
-                         : 0;
 }
 
 bool OrganizationModel::isMove() const {
@@ -232,7 +176,6 @@ void OrganizationModel::showPlan() {
     }
     showExample();
     emit planChanged();
-    emit destinationChanged();
 }
 
 /// Walks through the whole catalogue, so only while the screen is shown.
@@ -255,7 +198,12 @@ void OrganizationModel::showItems() {
 void OrganizationModel::estimate() {
     estimatedUnder_ = state_.organizationPlan().duplicatePolicy;
     estimatedBytes_ = state_.requiredOutputSizeBytes();
-    emit capacityChanged();
+    showDestination();
+}
+
+void OrganizationModel::showDestination() {
+    destination_ = DestinationTexts::of(state_.destinationVolume(), estimatedBytes_, localization_);
+    emit destinationChanged();
 }
 
 void OrganizationModel::showExample() {

@@ -2,6 +2,7 @@
 
 #include "model/MediaItem.h"
 #include "model/OrganizationPlan.h"
+#include "ui/models/DestinationTexts.h"
 
 #include <QObject>
 #include <QString>
@@ -31,16 +32,7 @@ class OrganizationModel : public QObject {
     Q_PROPERTY(QString tagsLabel READ tagsLabel NOTIFY languageChanged)
     Q_PROPERTY(QStringList tags READ tags NOTIFY languageChanged)
 
-    Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY planChanged)
-    Q_PROPERTY(QString destinationName READ destinationName NOTIFY destinationChanged)
-    Q_PROPERTY(QString destinationPath READ destinationPath NOTIFY destinationChanged)
-    Q_PROPERTY(QString destinationSymbol READ destinationSymbol NOTIFY destinationChanged)
-    Q_PROPERTY(QString capacityLine READ capacityLine NOTIFY capacityChanged)
-    Q_PROPERTY(bool lacksRoom READ lacksRoom NOTIFY capacityChanged)
-    Q_PROPERTY(bool hasCapacity READ hasCapacity NOTIFY capacityChanged)
-    Q_PROPERTY(double usedShare READ usedShare NOTIFY capacityChanged)
-    Q_PROPERTY(double addedShare READ addedShare NOTIFY capacityChanged)
-
+    Q_PROPERTY(lumeo::DestinationTexts destination READ destination NOTIFY destinationChanged)
     Q_PROPERTY(bool isMove READ isMove WRITE setMove NOTIFY planChanged)
     Q_PROPERTY(QStringList unknownDatePolicies READ unknownDatePolicies CONSTANT)
     Q_PROPERTY(int unknownDatePolicy READ unknownDatePolicy WRITE setUnknownDatePolicy NOTIFY planChanged)
@@ -78,15 +70,7 @@ public:
     [[nodiscard]] QString tagsLabel() const;
     [[nodiscard]] QStringList tags() const;
 
-    [[nodiscard]] bool hasDestination() const;
-    [[nodiscard]] QString destinationName() const;
-    [[nodiscard]] QString destinationPath() const;
-    [[nodiscard]] QString destinationSymbol() const;
-    [[nodiscard]] QString capacityLine() const;
-    [[nodiscard]] bool lacksRoom() const; ///< false while the free space is unknown
-    [[nodiscard]] bool hasCapacity() const;
-    [[nodiscard]] double usedShare() const; ///< of the whole volume, as addedShare
-    [[nodiscard]] double addedShare() const;
+    [[nodiscard]] const DestinationTexts& destination() const { return destination_; }
 
     [[nodiscard]] bool isMove() const;
     void setMove(bool isMove);
@@ -98,7 +82,7 @@ public:
     void setVerifyTransfers(bool verify);
 
     [[nodiscard]] bool canEdit() const;
-    [[nodiscard]] bool canPreview() const { return hasDestination() && canEdit(); }
+    [[nodiscard]] bool canPreview() const { return destination_.isChosen && canEdit(); }
     [[nodiscard]] bool isPlanning() const;
     [[nodiscard]] double plannedShare() const; ///< from 0 to 1
 
@@ -112,7 +96,6 @@ signals:
     void exampleChanged();
     void languageChanged();
     void destinationChanged();
-    void capacityChanged();
     void planningChanged();
 
 private:
@@ -120,10 +103,12 @@ private:
     void showPlan();
     void showItems();
     void estimate();
+    void showDestination();
     void showExample();
 
     AppState& state_;
     const LocalizationManager& localization_;
+    DestinationTexts destination_;
     std::int64_t estimatedBytes_ = 0;
     DuplicatePolicy estimatedUnder_ = DuplicatePolicy::skipDuplicates;
     std::optional<MediaItem> exampleItem_;

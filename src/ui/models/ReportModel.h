@@ -5,13 +5,9 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "transfer/OperationManifest.h"
-#include "ui/models/ReportFigures.h"
+#include "ui/models/ReportTexts.h"
 
-#include <QAbstractItemModel>
 #include <QObject>
-#include <QString>
-#include <QStringListModel>
-#include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
@@ -28,69 +24,23 @@ class ReportModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the program")
-    Q_PROPERTY(bool hasManifest READ hasManifest NOTIFY figuresChanged)
-    Q_PROPERTY(bool hasFailures READ hasFailures NOTIFY figuresChanged)
-    Q_PROPERTY(QString organized READ organized NOTIFY figuresChanged)
-    Q_PROPERTY(QString skipped READ skipped NOTIFY figuresChanged)
-    Q_PROPERTY(QString errors READ errors NOTIFY figuresChanged)
-    Q_PROPERTY(QString totalTransferred READ totalTransferred NOTIFY figuresChanged)
-    Q_PROPERTY(QVariantList timeline READ timeline NOTIFY figuresChanged) ///< {label, count, share: 0…1}
-    Q_PROPERTY(QString duration READ duration NOTIFY figuresChanged)
-    Q_PROPERTY(QString mode READ mode NOTIFY figuresChanged)
-    Q_PROPERTY(QString photosVsVideos READ photosVsVideos NOTIFY figuresChanged)
-    Q_PROPERTY(QString unknownDates READ unknownDates NOTIFY figuresChanged)
-    /// Why the journal of the run is not kept on disk; empty when it is.
-    Q_PROPERTY(QString journalProblem READ journalProblem NOTIFY figuresChanged)
+    Q_PROPERTY(lumeo::ReportTexts figures READ figures NOTIFY figuresChanged)
     Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY destinationChanged)
-
-    Q_PROPERTY(bool isExporting READ isExporting NOTIFY exportChanged)
-    Q_PROPERTY(bool exportFailed READ exportFailed NOTIFY exportChanged)
-    Q_PROPERTY(QString exportMessage READ exportMessage NOTIFY exportChanged) ///< how the last one ended
-
+    Q_PROPERTY(lumeo::ExportState exporting READ exporting NOTIFY exportChanged)
     Q_PROPERTY(bool showUndoAlert READ showUndoAlert WRITE setShowUndoAlert NOTIFY undoChanged)
-    Q_PROPERTY(QString undoForecast READ undoForecast NOTIFY undoForecastChanged)
-    Q_PROPERTY(bool isUndoing READ isUndoing NOTIFY undoChanged)
-    Q_PROPERTY(double undoFraction READ undoFraction NOTIFY undoProgressChanged) ///< from 0 to 1
-    /// "120 / 4000 files processed"; empty until the first file is looked at.
-    Q_PROPERTY(QString undoProgressText READ undoProgressText NOTIFY undoProgressChanged)
-    Q_PROPERTY(QString undoStatusMessage READ undoStatusMessage NOTIFY undoChanged) ///< empty before
-    Q_PROPERTY(bool undoIsComplete READ undoIsComplete NOTIFY undoChanged) ///< nothing was left as it was
-    Q_PROPERTY(QString undoCounts READ undoCounts NOTIFY undoChanged)      ///< empty when all went well
-    Q_PROPERTY(QAbstractItemModel* undoWarnings READ undoWarnings CONSTANT)
-    Q_PROPERTY(int undoWarningCount READ undoWarningCount NOTIFY undoChanged)
+    Q_PROPERTY(lumeo::UndoTexts undo READ undo NOTIFY undoChanged)
 
 public:
     /// What is given must outlive this object.
     ReportModel(AppState& state, const LocalizationManager& texts, const Desktop& desktop,
                 FileSystem& fileSystem, const Clock& clock, QObject* parent = nullptr);
 
-    [[nodiscard]] bool hasManifest() const;
-    [[nodiscard]] bool hasFailures() const { return figures_.failed > 0; }
-    [[nodiscard]] QString organized() const;
-    [[nodiscard]] QString skipped() const;
-    [[nodiscard]] QString errors() const;
-    [[nodiscard]] QString totalTransferred() const;
-    [[nodiscard]] QVariantList timeline() const;
-    [[nodiscard]] QString duration() const;
-    [[nodiscard]] QString mode() const;
-    [[nodiscard]] QString photosVsVideos() const;
-    [[nodiscard]] QString unknownDates() const;
-    [[nodiscard]] QString journalProblem() const;
+    [[nodiscard]] const ReportTexts& figures() const { return figures_; }
     [[nodiscard]] bool hasDestination() const;
-    [[nodiscard]] bool isExporting() const { return isExporting_; }
-    [[nodiscard]] bool exportFailed() const { return exportFailed_; }
-    [[nodiscard]] const QString& exportMessage() const { return exportMessage_; }
+    [[nodiscard]] const ExportState& exporting() const { return exporting_; }
     [[nodiscard]] bool showUndoAlert() const { return showUndoAlert_; }
     void setShowUndoAlert(bool show);
-    [[nodiscard]] QString undoForecast() const;
-    [[nodiscard]] bool isUndoing() const;
-    [[nodiscard]] double undoFraction() const;
-    [[nodiscard]] QString undoProgressText() const;
-    [[nodiscard]] QString undoStatusMessage() const;
-    [[nodiscard]] bool undoIsComplete() const;
-    [[nodiscard]] QString undoCounts() const;
-    [[nodiscard]] QAbstractItemModel* undoWarnings() { return &undoWarnings_; }
-    [[nodiscard]] int undoWarningCount() const { return undoWarnings_.rowCount(); }
+    [[nodiscard]] const UndoTexts& undo() const { return undo_; }
 
     Q_INVOKABLE void exportCSV();
     Q_INVOKABLE void exportReport();
@@ -106,8 +56,6 @@ signals:
     void destinationChanged();
     void exportChanged();
     void undoChanged();
-    void undoForecastChanged();
-    void undoProgressChanged();
 
 private:
     using Manifest = std::shared_ptr<const OperationManifest>;
@@ -118,8 +66,8 @@ private:
     [[nodiscard]] std::optional<FilePath> destination() const;
     void save(const SaveRequest& request, Document document);
     void write(Manifest manifest, Document document, const FilePath& path);
-    void endExport(const QString& message, bool failed);
-    void takeUndoResult();
+    void tellExport(ExportState state);
+    void showUndo();
 
     AppState& state_;
     const LocalizationManager& texts_;
@@ -127,12 +75,10 @@ private:
     FileSystem& fileSystem_;
     const Clock& clock_;
     std::shared_ptr<const std::vector<MediaItem>> items_; ///< of the run; never null
-    ReportFigures figures_;
-    bool isExporting_ = false; ///< from the question where to on
-    bool exportFailed_ = false;
-    QString exportMessage_;
+    ReportTexts figures_;
+    ExportState exporting_;
     bool showUndoAlert_ = false;
-    QStringListModel undoWarnings_;
+    UndoTexts undo_;
     BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with
 };
 

@@ -27,14 +27,14 @@ ColumnLayout {
                 Layout.maximumWidth: parent.width
                 Layout.topMargin: Theme.s8
                 Layout.bottomMargin: Theme.s8
-                visible: !section.model.hasDestination
+                visible: !section.model.destination.isChosen
                 text: qsTrId("org.chooseDestination")
                 symbol: "folder.badge.plus"
                 onClicked: section.model.chooseDestination()
             }
 
             RowLayout {
-                visible: section.model.hasDestination
+                visible: section.model.destination.isChosen
                 spacing: Theme.s12
 
                 Rectangle {
@@ -45,7 +45,7 @@ ColumnLayout {
 
                     Symbol {
                         anchors.centerIn: parent
-                        name: section.model.destinationSymbol
+                        name: section.model.destination.symbol
                         color: Theme.tint(Theme.accent)
                     }
                 }
@@ -56,7 +56,7 @@ ColumnLayout {
 
                     BodyText {
                         Layout.fillWidth: true
-                        text: section.model.destinationName
+                        text: section.model.destination.name
                         font.weight: Font.DemiBold
                         wrapMode: Text.NoWrap
                         maximumLineCount: 1
@@ -65,7 +65,7 @@ ColumnLayout {
 
                     MonoText {
                         Layout.fillWidth: true
-                        text: section.model.destinationPath
+                        text: section.model.destination.path
                         maximumLineCount: 1
                     }
                 }
@@ -78,19 +78,19 @@ ColumnLayout {
 
             CapacityBar {
                 Layout.fillWidth: true
-                visible: section.model.hasDestination && section.model.hasCapacity
-                used: section.model.usedShare
-                added: section.model.addedShare
-                Accessible.name: section.model.capacityLine
+                visible: section.model.destination.isChosen && section.model.destination.hasCapacity
+                used: section.model.destination.usedShare
+                added: section.model.destination.addedShare
+                Accessible.name: section.model.destination.capacityLine
             }
 
             RowLayout {
-                visible: section.model.hasDestination
+                visible: section.model.destination.isChosen
                 spacing: Theme.s8
 
                 Symbol {
                     Layout.alignment: Qt.AlignTop
-                    visible: section.model.lacksRoom
+                    visible: section.model.destination.lacksRoom
                     name: "exclamationmark.triangle.fill"
                     size: 16
                     color: Theme.red
@@ -98,8 +98,8 @@ ColumnLayout {
 
                 BodyText {
                     Layout.fillWidth: true
-                    text: section.model.capacityLine
-                    color: section.model.lacksRoom ? Theme.red : Theme.textSecondary
+                    text: section.model.destination.capacityLine
+                    color: section.model.destination.lacksRoom ? Theme.red : Theme.textSecondary
                     font.pixelSize: Theme.tableSize
                 }
             }

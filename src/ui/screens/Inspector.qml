@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
@@ -8,7 +10,6 @@ Rectangle {
     id: panel
 
     required property InspectorModel model
-    readonly property int labelWidth: 104
 
     color: Theme.surface
     Accessible.role: Accessible.Pane
@@ -88,7 +89,7 @@ Rectangle {
                     anchors.centerIn: parent
                     width: Math.min(160, parent.width)
                     height: Math.min(128, parent.height)
-                    image: panel.model.picture
+                    image: panel.model.picture // qmllint disable type
                 }
             }
 

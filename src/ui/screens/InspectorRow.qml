@@ -28,7 +28,7 @@ GridLayout {
         Layout.fillWidth: true
         text: row.value
         color: row.isPath ? Theme.textSecondary : Theme.textPrimary
-        font.family: row.isPath ? Theme.mono : Qt.application.font.family
+        font.family: row.isPath ? Theme.mono : Application.font.family
         font.pixelSize: row.isPath ? Theme.captionSize : Theme.tableSize
         wrapMode: row.isPath ? Text.WrapAnywhere : Text.Wrap
         Accessible.ignored: true

@@ -12,7 +12,6 @@ Item {
     readonly property real room: Math.max(0, width - Theme.s12 - Theme.s8)
 
     component Part: MonoText {
-        height: cell.height
         horizontalAlignment: Text.AlignLeft
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
@@ -22,6 +21,7 @@ Item {
         id: beginning
 
         x: Theme.s12
+        height: cell.height
         width: Math.min(implicitWidth, cell.room - end.width)
         visible: !end.truncated
         text: cell.text.slice(0, cell.lastFolder)
@@ -32,6 +32,7 @@ Item {
         id: end
 
         x: Theme.s12 + (truncated ? 0 : beginning.width)
+        height: cell.height
         width: Math.min(implicitWidth, cell.room - Math.min(beginning.implicitWidth, cell.ellipsis))
         text: cell.text.slice(cell.lastFolder)
         elide: Text.ElideLeft

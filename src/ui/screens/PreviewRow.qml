@@ -17,14 +17,14 @@ Item {
 
     required property TableColumns columns
     required property bool isCurrent
-    /// Called with the cell that the pointer is on if its text was cut short, with null after that.
+    /// Called with the cell that the pointer is on and its text, if that was cut short; with null after that.
     required property var explain
     signal chosen
 
     width: columns.total
     height: 30
     Accessible.role: Accessible.ListItem
-    Accessible.name: [fileName, date, confidence, destination].join(", ")
+    Accessible.name: `${fileName}, ${date}, ${confidence}, ${destination}`
     Accessible.selectable: true
     Accessible.selected: isCurrent
     Accessible.onPressAction: row.chosen()
@@ -48,9 +48,11 @@ Item {
         id: hover
 
         readonly property Item place: hovered ? cells.childAt(point.position.x, 1) : null
-        readonly property Item cell: place === first ? fileCell : place
+        readonly property TableCell cell: place === first ? fileCell : place as TableCell
+        readonly property PathCell path: place as PathCell
+        readonly property Item cut: cell?.truncated ? cell : path?.truncated ? path : null
 
-        onCellChanged: row.explain(cell && cell.truncated ? cell : null)
+        onCutChanged: row.explain(cut, cell?.text ?? path?.text ?? "")
     }
 
     TapHandler {

@@ -19,7 +19,7 @@ Item {
     }
 
     Shortcut {
-        sequence: StandardKey.Find
+        sequence: "Ctrl+F"
         onActivated: {
             search.forceActiveFocus(Qt.ShortcutFocusReason);
             search.selectAll();

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Lumeo.Kit
@@ -15,11 +17,11 @@ T.Control {
         table.model.inspect(row);
     }
 
-    function explain(cell: Item) {
+    function explain(cell: Item, text: string) {
         tip.visible = false;
         if (cell) {
             tip.parent = cell;
-            tip.text = cell.text;
+            tip.text = text;
             tip.visible = true;
         }
     }
@@ -103,8 +105,15 @@ T.Control {
         reuseItems: true
         clip: true
         keyNavigationEnabled: false
-        onWidthChanged: Qt.callLater(showFirstColumn)
-        onMirroredChanged: Qt.callLater(showFirstColumn)
+        onWidthChanged: settling.restart()
+        onMirroredChanged: settling.restart()
+
+        Timer {
+            id: settling
+
+            interval: 0
+            onTriggered: list.showFirstColumn()
+        }
 
         delegate: PreviewRow {
             columns: layout
@@ -140,7 +149,6 @@ T.Control {
     }
 
     FocusRing {
-        target: table
         shown: table.visualFocus || (table.activeFocus && table.byKeyboard)
         anchors.margins: 0
     }

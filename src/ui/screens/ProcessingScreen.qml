@@ -31,7 +31,7 @@ Item {
                 TitleText {
                     objectName: "title"
                     Layout.fillWidth: true
-                    text: screen.model.isPaused ? qsTrId("proc.pausedTitle") : qsTrId("proc.title")
+                    text: screen.model.figures.isPaused ? qsTrId("proc.pausedTitle") : qsTrId("proc.title")
                     horizontalAlignment: Text.AlignHCenter
                 }
 
@@ -56,7 +56,7 @@ Item {
                         RoleText {
                             Layout.fillWidth: true
                             Layout.alignment: Qt.AlignBaseline
-                            text: screen.model.processedOfTotal + " " + qsTrId("proc.processed")
+                            text: screen.model.figures.processedOfTotal + " " + qsTrId("proc.processed")
                             font.pixelSize: Theme.subtitleSize
                             color: Theme.textSecondary
                             elide: Text.ElideRight
@@ -64,7 +64,7 @@ Item {
 
                         FigureText {
                             Layout.alignment: Qt.AlignBaseline
-                            text: screen.model.percentage
+                            text: screen.model.figures.percentage
                             font.pixelSize: 44
                         }
                     }
@@ -72,15 +72,15 @@ Item {
                     ProgressBar {
                         Layout.fillWidth: true
                         implicitHeight: 10
-                        value: screen.model.fraction
-                        tint: screen.model.isPaused ? "grey" : Theme.accent
-                        Accessible.name: screen.model.percentage
+                        value: screen.model.figures.fraction
+                        tint: screen.model.figures.isPaused ? "grey" : Theme.accent
+                        Accessible.name: screen.model.figures.percentage
                     }
 
                     MonoText {
                         Layout.fillWidth: true
                         Layout.preferredHeight: 18
-                        text: screen.model.currentName
+                        text: screen.model.figures.currentName
                     }
                 }
             }
@@ -94,56 +94,56 @@ Item {
                 RunTile {
                     symbol: "checkmark.shield.fill"
                     tint: "green"
-                    value: screen.model.verified
+                    value: screen.model.figures.verified
                     caption: qsTrId("proc.verified")
                 }
 
                 RunTile {
                     symbol: "arrowshape.turn.up.right.fill"
                     tint: "orange"
-                    value: screen.model.skipped
+                    value: screen.model.figures.skipped
                     caption: qsTrId("proc.skipped")
                 }
 
                 RunTile {
                     symbol: "exclamationmark.triangle.fill"
-                    tint: screen.model.hasErrors ? "red" : "grey"
-                    value: screen.model.errors
+                    tint: screen.model.figures.hasErrors ? "red" : "grey"
+                    value: screen.model.figures.errors
                     caption: qsTrId("proc.errors")
                 }
 
                 RunTile {
                     symbol: "externaldrive.fill"
                     tint: "blue"
-                    value: screen.model.transferred
+                    value: screen.model.figures.transferred
                     caption: qsTrId("proc.transferred")
                 }
 
                 RunTile {
                     symbol: "speedometer"
                     tint: "cyan"
-                    value: screen.model.speed
+                    value: screen.model.figures.speed
                     caption: qsTrId("proc.speed")
                 }
 
                 RunTile {
                     symbol: "doc.stack"
                     tint: "purple"
-                    value: screen.model.remaining
+                    value: screen.model.figures.remaining
                     caption: qsTrId("proc.remaining")
                 }
 
                 RunTile {
                     symbol: "timer"
                     tint: "indigo"
-                    value: screen.model.elapsed
+                    value: screen.model.figures.elapsed
                     caption: qsTrId("proc.elapsed")
                 }
 
                 RunTile {
                     symbol: "hourglass"
                     tint: "indigo"
-                    value: screen.model.timeLeft
+                    value: screen.model.figures.timeLeft
                     caption: qsTrId("proc.estTimeLeft")
                 }
             }
@@ -170,10 +170,10 @@ Item {
 
         PrimaryButton {
             objectName: "pause"
-            text: screen.model.isPaused ? qsTrId("proc.resume") : qsTrId("proc.pause")
-            symbol: screen.model.isPaused ? "play.fill" : "pause.fill"
+            text: screen.model.figures.isPaused ? qsTrId("proc.resume") : qsTrId("proc.pause")
+            symbol: screen.model.figures.isPaused ? "play.fill" : "pause.fill"
             enabled: screen.model.isRunning
-            onClicked: screen.model.isPaused ? screen.model.resume() : screen.model.pause()
+            onClicked: screen.model.figures.isPaused ? screen.model.resume() : screen.model.pause()
         }
     }
 }

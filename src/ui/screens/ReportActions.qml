@@ -17,8 +17,8 @@ ColumnLayout {
 
         PlainButton {
             objectName: "exportCSV"
-            visible: actions.model.hasManifest
-            enabled: !actions.model.isExporting
+            visible: actions.model.figures.hasManifest
+            enabled: !actions.model.exporting.isUnderWay
             text: qsTrId("report.exportCSV")
             symbol: "doc.text"
             onClicked: actions.model.exportCSV()
@@ -26,8 +26,8 @@ ColumnLayout {
 
         PlainButton {
             objectName: "exportReport"
-            visible: actions.model.hasManifest
-            enabled: !actions.model.isExporting
+            visible: actions.model.figures.hasManifest
+            enabled: !actions.model.exporting.isUnderWay
             text: qsTrId("report.exportReport")
             symbol: "doc.text"
             onClicked: actions.model.exportReport()
@@ -48,8 +48,8 @@ ColumnLayout {
 
         DestructiveButton {
             objectName: "undo"
-            visible: actions.model.hasManifest
-            enabled: !actions.model.isUndoing
+            visible: actions.model.figures.hasManifest
+            enabled: !actions.model.undo.isUnderWay
             text: qsTrId("report.undo")
             symbol: "arrow.uturn.backward"
             onClicked: actions.model.showUndoAlert = true
@@ -60,8 +60,8 @@ ColumnLayout {
         objectName: "exportMessage"
         Layout.fillWidth: true
         visible: text !== ""
-        symbol: actions.model.exportFailed ? "xmark.circle.fill" : "checkmark.circle.fill"
-        tint: actions.model.exportFailed ? "red" : "green"
-        text: actions.model.exportMessage
+        symbol: actions.model.exporting.hasFailed ? "xmark.circle.fill" : "checkmark.circle.fill"
+        tint: actions.model.exporting.hasFailed ? "red" : "green"
+        text: actions.model.exporting.message
     }
 }

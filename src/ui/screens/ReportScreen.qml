@@ -25,7 +25,7 @@ Item {
 
             ReportHeading {
                 Layout.fillWidth: true
-                hasFailures: screen.model.hasFailures
+                hasFailures: screen.model.figures.hasFailures
             }
 
             RowLayout {
@@ -35,28 +35,28 @@ Item {
                 RunTile {
                     symbol: "checkmark.shield.fill"
                     tint: "green"
-                    value: screen.model.organized
+                    value: screen.model.figures.organized
                     caption: qsTrId("report.organized")
                 }
 
                 RunTile {
                     symbol: "arrowshape.turn.up.right.fill"
                     tint: "orange"
-                    value: screen.model.skipped
+                    value: screen.model.figures.skipped
                     caption: qsTrId("report.skipped")
                 }
 
                 RunTile {
                     symbol: "exclamationmark.triangle.fill"
-                    tint: screen.model.hasFailures ? "red" : "grey"
-                    value: screen.model.errors
+                    tint: screen.model.figures.hasFailures ? "red" : "grey"
+                    value: screen.model.figures.errors
                     caption: qsTrId("report.errors")
                 }
 
                 RunTile {
                     symbol: "externaldrive.fill"
                     tint: "blue"
-                    value: screen.model.totalTransferred
+                    value: screen.model.figures.totalTransferred
                     caption: qsTrId("report.totalTransferred")
                 }
             }
@@ -66,7 +66,7 @@ Item {
                 Layout.fillWidth: true
                 visible: text !== ""
                 symbol: "exclamationmark.triangle.fill"
-                text: screen.model.journalProblem
+                text: screen.model.figures.journalProblem
             }
 
             ReportActions {
@@ -76,7 +76,7 @@ Item {
 
             UndoOutcome {
                 Layout.fillWidth: true
-                visible: screen.model.isUndoing || screen.model.undoStatusMessage !== ""
+                visible: screen.model.undo.isUnderWay || screen.model.undo.outcome !== ""
                 model: screen.model
             }
 
@@ -88,7 +88,7 @@ Item {
                     Layout.fillWidth: true
                     Layout.preferredWidth: 3
                     Layout.alignment: Qt.AlignTop
-                    years: screen.model.timeline
+                    years: screen.model.figures.timeline
                 }
 
                 RunStatistics {
@@ -110,7 +110,7 @@ Item {
         PlainButton {
             objectName: "newArchive"
             text: qsTrId("report.newArchive")
-            enabled: !screen.model.isUndoing
+            enabled: !screen.model.undo.isUnderWay
             onClicked: screen.model.startNewArchive()
         }
 
@@ -121,7 +121,7 @@ Item {
         PrimaryButton {
             objectName: "done"
             text: qsTrId("common.done")
-            enabled: !screen.model.isUndoing
+            enabled: !screen.model.undo.isUnderWay
             onClicked: screen.model.done()
         }
     }
@@ -129,7 +129,7 @@ Item {
     UndoQuestion {
         id: undoQuestion
 
-        forecast: screen.model.undoForecast
+        forecast: screen.model.undo.forecast
         onConfirmed: screen.model.confirmUndo()
         onCancelled: screen.model.showUndoAlert = false
     }

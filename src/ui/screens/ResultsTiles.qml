@@ -20,33 +20,33 @@ ColumnLayout {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             symbol: "photo.fill"
-            value: tiles.model.photosFound
+            value: tiles.model.findings.photos
             title: qsTrId("scan.photos")
             caption: "Standard images"
             tint: "blue"
-            share: tiles.model.photosShare
+            share: tiles.model.findings.photosShare
         }
 
         FigureTile {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             symbol: "film.fill"
-            value: tiles.model.videosFound
+            value: tiles.model.findings.videos
             title: qsTrId("scan.videos")
             caption: "Movies & clips"
             tint: "purple"
-            share: tiles.model.videosShare
+            share: tiles.model.findings.videosShare
         }
 
         FigureTile {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             symbol: "camera.fill"
-            value: tiles.model.rawFound
+            value: tiles.model.findings.raw
             title: qsTrId("scan.raw")
             caption: "Camera sensor originals"
             tint: "orange"
-            share: tiles.model.rawShare
+            share: tiles.model.findings.rawShare
         }
     }
 
@@ -57,7 +57,7 @@ ColumnLayout {
 
         ScanCounter {
             symbol: "doc.on.doc.fill"
-            value: tiles.model.duplicates
+            value: tiles.model.findings.duplicates
             caption: qsTrId("results.exactDuplicates")
             detail: qsTrId("results.exactDuplicatesSubtitle")
             tint: "indigo"
@@ -65,7 +65,7 @@ ColumnLayout {
 
         ScanCounter {
             symbol: "calendar.badge.exclamationmark"
-            value: tiles.model.missingDates
+            value: tiles.model.findings.missingDates
             caption: qsTrId("results.missingDate")
             detail: qsTrId("results.missingDateSubtitle")
             tint: "orange"
@@ -73,7 +73,7 @@ ColumnLayout {
 
         ScanCounter {
             symbol: "exclamationmark.triangle.fill"
-            value: tiles.model.warnings
+            value: tiles.model.findings.warnings
             caption: qsTrId("results.warnings")
             detail: qsTrId("results.warningsSubtitle")
             tint: "yellow"
@@ -81,7 +81,7 @@ ColumnLayout {
 
         ScanCounter {
             symbol: "internaldrive.fill"
-            value: tiles.model.totalSize
+            value: tiles.model.findings.totalSize
             caption: qsTrId("results.totalSize")
             tint: "cyan"
         }

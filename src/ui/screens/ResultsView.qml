@@ -32,9 +32,9 @@ Item {
                 Symbol {
                     Layout.alignment: Qt.AlignHCenter
                     Layout.bottomMargin: Theme.s4
-                    name: view.model.hasItems ? "checkmark.circle.fill" : "magnifyingglass"
+                    name: view.model.findings.hasItems ? "checkmark.circle.fill" : "magnifyingglass"
                     size: 40
-                    color: view.model.hasItems ? Theme.green : Theme.textTertiary
+                    color: view.model.findings.hasItems ? Theme.green : Theme.textTertiary
                 }
 
                 TitleText {
@@ -45,13 +45,13 @@ Item {
 
                 SubtitleText {
                     Layout.fillWidth: true
-                    text: view.model.foundLine
+                    text: view.model.findings.foundLine
                     horizontalAlignment: Text.AlignHCenter
                 }
 
                 BodyText {
                     Layout.fillWidth: true
-                    text: view.model.scannedInLine
+                    text: view.model.findings.scannedInLine
                     color: Theme.textTertiary
                     horizontalAlignment: Text.AlignHCenter
                 }
@@ -59,7 +59,7 @@ Item {
 
             ResultsTiles {
                 Layout.fillWidth: true
-                visible: view.model.hasItems
+                visible: view.model.findings.hasItems
                 model: view.model
             }
 
@@ -70,18 +70,18 @@ Item {
                 spacing: Theme.s8
 
                 Chip {
-                    text: qsTrId("scan.filesInspected") + ": " + view.model.inspected
+                    text: qsTrId("scan.filesInspected") + ": " + view.model.counters.inspected
                     tint: "grey"
                 }
 
                 Chip {
-                    text: qsTrId("scan.unsupported") + ": " + view.model.unsupported
+                    text: qsTrId("scan.unsupported") + ": " + view.model.counters.unsupported
                     tint: "grey"
                 }
 
                 Chip {
-                    text: qsTrId("scan.errors") + ": " + view.model.errors
-                    tint: view.model.hasErrors ? "red" : "grey"
+                    text: qsTrId("scan.errors") + ": " + view.model.counters.errors
+                    tint: view.model.counters.hasErrors ? "red" : "grey"
                 }
             }
         }
@@ -122,7 +122,7 @@ Item {
         }
 
         PlainButton {
-            visible: view.model.hasItems && !view.model.isAnalyzing
+            visible: view.model.findings.hasItems && !view.model.isAnalyzing
             text: qsTrId("results.analyzeDuplicates")
             symbol: "doc.on.doc.fill"
             onClicked: view.model.analyzeDuplicates()
@@ -132,7 +132,7 @@ Item {
             text: qsTrId("results.organize")
             symbol: "arrow.right"
             trailingSymbol: true
-            enabled: view.model.hasItems
+            enabled: view.model.findings.hasItems
             onClicked: view.model.organize()
         }
     }

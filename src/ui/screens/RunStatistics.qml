@@ -41,22 +41,22 @@ Card {
 
         Line {
             label: qsTrId("report.duration")
-            value: statistics.model.duration
+            value: statistics.model.figures.duration
         }
 
         Line {
             label: qsTrId("report.mode")
-            value: statistics.model.mode
+            value: statistics.model.figures.mode
         }
 
         Line {
             label: qsTrId("report.photosVsVideos")
-            value: statistics.model.photosVsVideos
+            value: statistics.model.figures.photosVsVideos
         }
 
         Line {
             label: qsTrId("report.unknownDates")
-            value: statistics.model.unknownDates
+            value: statistics.model.figures.unknownDates
         }
     }
 }

@@ -4,29 +4,14 @@ import Lumeo.Window
 
 /// The second step: the scan while it runs, and what it found once it is over.
 Item {
-    id: screen
+    id: page
 
     required property ScanModel model
 
     ScreenLoader {
         anchors.fill: parent
         focus: true
-        sourceComponent: screen.model.isScanning ? scanning : results
-    }
-
-    Component {
-        id: scanning
-
-        ScanningView {
-            model: screen.model
-        }
-    }
-
-    Component {
-        id: results
-
-        ResultsView {
-            model: screen.model
-        }
+        properties: ({ model: page.model })
+        screen: Qt.resolvedUrl(page.model.isScanning ? "ScanningView.qml" : "ResultsView.qml")
     }
 }

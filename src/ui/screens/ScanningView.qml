@@ -20,14 +20,14 @@ Item {
 
             Symbol {
                 Layout.alignment: Qt.AlignHCenter
-                name: view.model.isPaused ? "pause.fill" : "magnifyingglass"
+                name: view.model.counters.isPaused ? "pause.fill" : "magnifyingglass"
                 size: 40
-                color: view.model.isPaused ? Theme.orange : Theme.cyan
+                color: view.model.counters.isPaused ? Theme.orange : Theme.cyan
             }
 
             TitleText {
                 Layout.fillWidth: true
-                text: view.model.isPaused ? qsTrId("scan.pausedTitle") : qsTrId("scan.title")
+                text: view.model.counters.isPaused ? qsTrId("scan.pausedTitle") : qsTrId("scan.title")
                 horizontalAlignment: Text.AlignHCenter
             }
 
@@ -46,56 +46,56 @@ Item {
 
             ScanCounter {
                 symbol: "photo.fill"
-                value: view.model.photos
+                value: view.model.counters.photos
                 caption: qsTrId("scan.photos")
                 tint: "blue"
             }
 
             ScanCounter {
                 symbol: "film.fill"
-                value: view.model.videos
+                value: view.model.counters.videos
                 caption: qsTrId("scan.videos")
                 tint: "purple"
             }
 
             ScanCounter {
                 symbol: "camera.fill"
-                value: view.model.raw
+                value: view.model.counters.raw
                 caption: qsTrId("scan.raw")
                 tint: "orange"
             }
 
             ScanCounter {
                 symbol: "checkmark.circle.fill"
-                value: view.model.supported
+                value: view.model.counters.supported
                 caption: qsTrId("scan.totalSupported")
                 tint: "green"
             }
 
             ScanCounter {
                 symbol: "doc.text.magnifyingglass"
-                value: view.model.inspected
+                value: view.model.counters.inspected
                 caption: qsTrId("scan.filesInspected")
                 tint: "cyan"
             }
 
             ScanCounter {
                 symbol: "questionmark.circle"
-                value: view.model.unsupported
+                value: view.model.counters.unsupported
                 caption: qsTrId("scan.unsupported")
                 tint: "grey"
             }
 
             ScanCounter {
                 symbol: "exclamationmark.triangle.fill"
-                value: view.model.errors
+                value: view.model.counters.errors
                 caption: qsTrId("scan.errors")
-                tint: view.model.hasErrors ? "red" : "grey"
+                tint: view.model.counters.hasErrors ? "red" : "grey"
             }
 
             ScanCounter {
                 symbol: "timer"
-                value: view.model.duration
+                value: view.model.counters.duration
                 caption: qsTrId("scan.duration")
                 tint: "indigo"
             }
@@ -107,8 +107,8 @@ Item {
 
             ProgressBar {
                 Layout.fillWidth: true
-                tint: view.model.isPaused ? "orange" : "cyan"
-                indeterminate: !view.model.isPaused
+                tint: view.model.counters.isPaused ? "orange" : "cyan"
+                indeterminate: !view.model.counters.isPaused
                 value: 0
                 Accessible.name: qsTrId("scan.title")
             }
@@ -117,7 +117,7 @@ Item {
             MonoText {
                 Layout.fillWidth: true
                 Layout.preferredHeight: 18
-                text: view.model.currentName
+                text: view.model.counters.currentName
                 maximumLineCount: 1
                 horizontalAlignment: Text.AlignHCenter
                 // It changes twenty times a second: too much to be read aloud.
@@ -143,10 +143,10 @@ Item {
         }
 
         PrimaryButton {
-            text: view.model.isPaused ? qsTrId("scan.resume") : qsTrId("scan.pause")
-            symbol: view.model.isPaused ? "play.fill" : "pause.fill"
+            text: view.model.counters.isPaused ? qsTrId("scan.resume") : qsTrId("scan.pause")
+            symbol: view.model.counters.isPaused ? "play.fill" : "pause.fill"
             onClicked: {
-                if (view.model.isPaused)
+                if (view.model.counters.isPaused)
                     view.model.resume();
                 else
                     view.model.pause();

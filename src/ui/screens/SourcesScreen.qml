@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
@@ -8,7 +10,7 @@ Item {
     id: screen
 
     required property SourcesModel model
-    property ReportModel report: null // whose undo, and how it ended, is shown here too
+    required property ReportModel report ///< whose undo, and how it ended, is shown here too
 
     // Whatever is dropped anywhere on the screen is meant for the zone.
     DropArea {
@@ -73,14 +75,10 @@ Item {
                 history: screen.model.history
             }
 
-            Loader {
+            UndoOutcome {
                 Layout.fillWidth: true
-                active: screen.report !== null
-                        && (screen.report.isUndoing || screen.report.undoStatusMessage !== "")
-                visible: active
-                sourceComponent: UndoOutcome {
-                    model: screen.report
-                }
+                visible: screen.report.undo.isUnderWay || screen.report.undo.outcome !== ""
+                model: screen.report
             }
 
             LastOperationCard {

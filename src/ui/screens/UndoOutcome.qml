@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
@@ -14,7 +16,7 @@ Card {
 
         RowLayout {
             Layout.fillWidth: true
-            visible: outcome.model.isUndoing
+            visible: outcome.model.undo.isUnderWay
             spacing: Theme.s16
 
             RoleText {
@@ -26,7 +28,7 @@ Card {
 
             BodyText {
                 objectName: "undoProgress"
-                text: outcome.model.undoProgressText
+                text: outcome.model.undo.progress
                 color: Theme.textSecondary
             }
         }
@@ -34,19 +36,19 @@ Card {
         ProgressBar {
             objectName: "undoing"
             Layout.fillWidth: true
-            visible: outcome.model.isUndoing
-            value: outcome.model.undoFraction
+            visible: outcome.model.undo.isUnderWay
+            value: outcome.model.undo.fraction
             tint: "red"
             Accessible.name: qsTrId("report.undoConfirmTitle")
         }
 
         RowLayout {
-            visible: outcome.model.undoStatusMessage !== ""
+            visible: outcome.model.undo.outcome !== ""
             spacing: Theme.s8
 
             Symbol {
-                name: outcome.model.undoIsComplete ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
-                color: outcome.model.undoIsComplete ? Theme.green : Theme.orange
+                name: outcome.model.undo.isComplete ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
+                color: outcome.model.undo.isComplete ? Theme.green : Theme.orange
             }
 
             ColumnLayout {
@@ -55,7 +57,7 @@ Card {
                 RoleText {
                     objectName: "undoStatusMessage"
                     Layout.fillWidth: true
-                    text: outcome.model.undoStatusMessage
+                    text: outcome.model.undo.outcome
                     font.weight: Font.DemiBold
                     wrapMode: Text.Wrap
                 }
@@ -64,7 +66,7 @@ Card {
                     objectName: "undoCounts"
                     Layout.fillWidth: true
                     visible: text !== ""
-                    text: outcome.model.undoCounts
+                    text: outcome.model.undo.counts
                 }
             }
         }
@@ -74,13 +76,13 @@ Card {
 
             objectName: "undoWarnings"
             Layout.fillWidth: true
-            visible: outcome.model.undoWarningCount > 0
+            visible: outcome.model.undo.warnings.length > 0
             text: qsTrId("preview.filter.warnings")
 
             ListView {
                 Layout.fillWidth: true
                 Layout.preferredHeight: Math.min(contentHeight, 180)
-                model: outcome.model.undoWarnings
+                model: outcome.model.undo.warnings
                 spacing: Theme.s4
                 boundsBehavior: Flickable.StopAtBounds
                 clip: true
@@ -88,10 +90,10 @@ Card {
                 ScrollBar.vertical: ScrollBar {}
 
                 delegate: RoleText {
-                    required property string display
+                    required property string modelData
 
                     width: ListView.view.width - 12
-                    text: display
+                    text: modelData
                     color: Theme.textSecondary
                     font.pixelSize: Theme.tableSize
                     wrapMode: Text.Wrap

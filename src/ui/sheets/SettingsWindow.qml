@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
@@ -20,7 +22,7 @@ Window {
     flags: Qt.Dialog
 
     Shortcut {
-        sequences: [StandardKey.Cancel, StandardKey.Close]
+        sequences: ["Escape", "Ctrl+W"]
         onActivated: settings.close()
     }
 

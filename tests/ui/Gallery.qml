@@ -8,6 +8,7 @@ Rectangle {
     id: gallery
 
     signal used(string name)
+    readonly property var theme: Theme
 
     implicitWidth: 1000
     implicitHeight: page.implicitHeight + 2 * Theme.s32
@@ -184,9 +185,8 @@ Rectangle {
             }
         }
 
-        RadioGroup {
+        Column {
             Layout.fillWidth: true
-            label: "Structure"
 
             RadioRow {
                 text: "By year"

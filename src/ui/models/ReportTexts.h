@@ -1,0 +1,93 @@
+#pragma once
+
+#include "transfer/UndoEngine.h"
+#include "ui/models/ReportFigures.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+
+namespace lumeo {
+
+class AppState;
+class LocalizationManager;
+
+/// The outcome of a run as the report shows it.
+struct ReportTexts {
+    Q_GADGET
+    QML_ANONYMOUS
+    Q_PROPERTY(bool hasManifest MEMBER hasManifest)
+    Q_PROPERTY(bool hasFailures MEMBER hasFailures)
+    Q_PROPERTY(QString organized MEMBER organized)
+    Q_PROPERTY(QString skipped MEMBER skipped)
+    Q_PROPERTY(QString errors MEMBER errors)
+    Q_PROPERTY(QString totalTransferred MEMBER totalTransferred)
+    Q_PROPERTY(QVariantList timeline MEMBER timeline)
+    Q_PROPERTY(QString duration MEMBER duration)
+    Q_PROPERTY(QString mode MEMBER mode)
+    Q_PROPERTY(QString photosVsVideos MEMBER photosVsVideos)
+    Q_PROPERTY(QString unknownDates MEMBER unknownDates)
+    Q_PROPERTY(QString journalProblem MEMBER journalProblem)
+
+public:
+    bool hasManifest = false;
+    bool hasFailures = false;
+    QString organized;
+    QString skipped;
+    QString errors;
+    QString totalTransferred;
+    QVariantList timeline; ///< {label, count, share: from 0 to 1}
+    QString duration;
+    QString mode;
+    QString photosVsVideos;
+    QString unknownDates;
+    QString journalProblem; ///< why the journal of the run is not kept on disk; empty when it is
+
+    /// `manifest` may be null, for no run.
+    static ReportTexts of(const OperationManifest* manifest, std::span<const MediaItem> items,
+                          std::string_view journalProblem);
+};
+
+/// The saving of a document.
+struct ExportState {
+    Q_GADGET
+    QML_ANONYMOUS
+    Q_PROPERTY(bool isUnderWay MEMBER isUnderWay)
+    Q_PROPERTY(bool hasFailed MEMBER hasFailed)
+    Q_PROPERTY(QString message MEMBER message)
+
+public:
+    bool isUnderWay = false; ///< from the question where to on
+    bool hasFailed = false;
+    QString message{}; ///< how the last one ended; empty before, and when the user cancelled it
+};
+
+/// An undo that is considered, under way or over, as it is shown.
+struct UndoTexts {
+    Q_GADGET
+    QML_ANONYMOUS
+    Q_PROPERTY(QString forecast MEMBER forecast)
+    Q_PROPERTY(bool isUnderWay MEMBER isUnderWay)
+    Q_PROPERTY(double fraction MEMBER fraction)
+    Q_PROPERTY(QString progress MEMBER progress)
+    Q_PROPERTY(QString outcome MEMBER outcome)
+    Q_PROPERTY(bool isComplete MEMBER isComplete)
+    Q_PROPERTY(QString counts MEMBER counts)
+    Q_PROPERTY(QStringList warnings MEMBER warnings)
+
+public:
+    QString forecast; ///< what it would leave in place; empty when that is nothing or not known
+    bool isUnderWay = false;
+    double fraction = 0;    ///< from 0 to 1
+    QString progress;       ///< "120 / 4000 files processed"; empty until the first file is looked at
+    QString outcome;        ///< empty before its end
+    bool isComplete = true; ///< nothing was left as it was
+    QString counts;         ///< empty when all went well
+    QStringList warnings;
+
+    static UndoTexts of(const AppState& state, const LocalizationManager& texts);
+};
+
+} // namespace lumeo
