@@ -40,6 +40,7 @@ std::string pathProblem(const std::string& text) {
 struct Texts {
     std::vector<std::string> sources;
     std::string destination;
+    std::string archive;
     std::string manifest;
     std::string csv;
     std::string report;
@@ -128,12 +129,35 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
     addFile(*organize, "--manifest", texts.manifest, "Write the run's journal there, as JSON; undo reads it");
     addFile(*organize, "--csv", texts.csv, "Write a table of what was done there");
     addFile(*organize, "--report", texts.report, "Write a report for people there");
+    organize->add_flag("--checksums", arguments.plan.listsChecksums,
+                       "Add each digest to the file SHA256SUMS in DEST, which verify and sha256sum -c read");
     organize->add_flag("-y,--yes", arguments.assumeYes, "Move without asking");
     addOutput(*organize, arguments, "Print the run's journal");
 
     CLI::App* duplicates = app.add_subcommand("duplicates", "Find byte-identical files; write nothing");
     addSources(*duplicates, texts);
     addOutput(*duplicates, arguments, "Print the groups and what they waste");
+
+    CLI::App* check =
+        app.add_subcommand("check", "Tell whether every media file of the sources is in the archive");
+    addSources(*check, texts);
+    check->add_option("--archive", texts.archive, "The archive's root folder; only read")
+        ->type_name("DIR")
+        ->required()
+        ->check(pathProblem);
+    check->add_flag("--read-all", arguments.readAll,
+                    "Read every file of the archive, also those that an earlier check or verify has read");
+    addOutput(*check, arguments, "Print one file a line that is not there, then the counters");
+
+    CLI::App* verify =
+        app.add_subcommand("verify", "Compare an archive with its SHA256SUMS; write nothing there");
+    verify->add_option("DIR", texts.archive, "The archive's root folder")->required()->check(pathProblem);
+    verify
+        ->add_option("--since", arguments.sinceDays,
+                     "Spare files that were read within so many days and look untouched since")
+        ->type_name("DAYS")
+        ->check(CLI::Range(std::int64_t{1}, std::int64_t{36500}));
+    addOutput(*verify, arguments, "Print one file a line that is not as listed, then the counters");
 
     CLI::App* undo = app.add_subcommand("undo", "Take a run back, as far as its files are unchanged");
     undo->add_option("JOURNAL", texts.manifest,
@@ -154,6 +178,7 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
     for (const auto& [subcommand, command] :
          {std::pair{scan, Command::scan}, std::pair{plan, Command::plan},
           std::pair{organize, Command::organize}, std::pair{duplicates, Command::duplicates},
+          std::pair{check, Command::check}, std::pair{verify, Command::verify},
           std::pair{undo, Command::undo}, std::pair{runs, Command::runs}}) {
         if (subcommand->parsed()) {
             arguments.command = command;
@@ -163,6 +188,7 @@ std::variant<Arguments, ExitStatus> parseArguments(int argc, const char* const* 
         arguments.sources.push_back(FilePath::standardized(source));
     }
     arguments.plan.destinationURL = pathFrom(texts.destination);
+    arguments.archive = FilePath::standardized(texts.archive);
     arguments.manifestFile = pathFrom(texts.manifest);
     arguments.csvFile = pathFrom(texts.csv);
     arguments.reportFile = pathFrom(texts.report);

@@ -3,6 +3,7 @@
 #include "model/OrganizationPlan.h"
 #include "platform/FilePath.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
@@ -20,7 +21,7 @@ enum class ExitStatus {
     interrupted = 130, ///< the same as after Ctrl-C
 };
 
-enum class Command { scan, plan, organize, duplicates, undo, runs };
+enum class Command { scan, plan, organize, duplicates, check, verify, undo, runs };
 
 /// The request on the command line.
 struct Arguments {
@@ -31,6 +32,9 @@ struct Arguments {
     /// organize: where to write the journal as a separate document. undo: the journal of the run to undo;
     /// absent means that of the last run.
     std::optional<FilePath> manifestFile;
+    FilePath archive;                      ///< check and verify: its root
+    bool readAll = false;                  ///< check: also what was read before and looks untouched
+    std::optional<std::int64_t> sinceDays; ///< verify: spare what was read within them
     std::optional<FilePath> csvFile;
     std::optional<FilePath> reportFile;
     bool assumeYes = false;

@@ -1,12 +1,14 @@
 #include "cli/Commands.h"
 
 #include "cli/Catalogue.h"
+#include "cli/Check.h"
 #include "cli/Duplicates.h"
 #include "cli/Organize.h"
 #include "cli/Runs.h"
 #include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "cli/Undo.h"
+#include "cli/Verify.h"
 #include "model/MediaTypeDetector.h"
 #include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
@@ -62,6 +64,12 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
     for (const FilePath& source : arguments.sources) {
         if (const FileResult<FileStatus> status = environment.fileSystem.targetStatus(source); !status) {
             return "the source cannot be used: " + status.error().message();
+        }
+    }
+    if (!arguments.archive.empty()) {
+        const FileResult<FileStatus> status = environment.fileSystem.targetStatus(arguments.archive);
+        if (!status || status->kind != FileKind::folder) {
+            return "the archive is not a folder: " + printable(arguments.archive.bytes());
         }
     }
     if (arguments.plan.destinationURL) {
@@ -153,6 +161,12 @@ ExitStatus runWithOutput(const Arguments& arguments, const Environment& environm
     }
     if (arguments.command == Command::undo) {
         return undo(arguments, environment);
+    }
+    if (arguments.command == Command::check) {
+        return check(arguments, environment);
+    }
+    if (arguments.command == Command::verify) {
+        return verify(arguments, environment);
     }
     if (arguments.command == Command::runs) {
         return listRuns(arguments, environment);

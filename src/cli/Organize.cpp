@@ -1,6 +1,7 @@
 #include "cli/Organize.h"
 
 #include "cli/Terminal.h"
+#include "planning/OutputSize.h"
 #include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
 #include "transfer/ReportExporter.h"
@@ -50,6 +51,16 @@ void printWantOfRoom(const AppState& state) {
                TextFormat::byteCount(destination.freeSpaceBytes.value_or(0)) + " free; nothing was written");
 }
 
+/// Before the start, since it takes hours until they are reached.
+void announceTooLarge(const Arguments& arguments, const Environment& environment, const Session& session) {
+    const DiskTraits disk = environment.fileSystem.diskTraits(*arguments.plan.destinationURL);
+    if (const std::int64_t count = tooLargeFiles(session.items(), disk); count > 0) {
+        printError(TextFormat::count(count, "file") + (count == 1 ? " is" : " are") +
+                   " too large for the disk of the archive, which takes files up to " +
+                   TextFormat::byteCount(*disk.largestFile));
+    }
+}
+
 void printFailures(const OperationManifest& manifest) {
     for (const FileTransactionItem& record : manifest.items) {
         if (record.status == TransactionStatus::failed) {
@@ -65,7 +76,7 @@ void printSummary(const OperationManifest& manifest, const OperationProgress& pr
               << " verified (" << TextFormat::byteCount(manifest.totalTransferredBytes) << "), "
               << TextFormat::number(progress.skippedCount) << " skipped, "
               << TextFormat::number(progress.errorsCount) << " failed";
-    if (progress.isCancelled) {
+    if (progress.processedCount < progress.totalFiles) {
         std::cout << ", " << TextFormat::number(progress.totalFiles - progress.processedCount)
                   << " not reached";
     }
@@ -125,6 +136,7 @@ std::string runFacts(const OperationProgress& progress) {
 
 ExitStatus organize(const Arguments& arguments, const Environment& environment, Session& session) {
     const AppState& state = session.state();
+    announceTooLarge(arguments, environment, session);
     if (!session.items().empty() &&
         !moveIsConfirmed(arguments, session.items().size(), state.requiredOutputSizeBytes())) {
         printError("nothing was moved");
@@ -156,6 +168,9 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
     // The documents come before the output, because the reader of the output may be gone.
     const bool allWritten = writeDocuments(arguments, environment, session, manifest, journal);
     printFailures(manifest);
+    for (const std::string& notice : manifest.notices) {
+        printError(notice);
+    }
     if (arguments.json) {
         std::cout << journal;
     } else if (!arguments.quiet) {
@@ -164,8 +179,9 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
     if (outcome.isCancelled) {
         return ExitStatus::interrupted;
     }
-    return state.operationProgress().errorsCount > 0 || !allWritten ? ExitStatus::someFailed
-                                                                    : ExitStatus::success;
+    const bool isAllWell =
+        state.operationProgress().errorsCount == 0 && manifest.notices.empty() && allWritten;
+    return isAllWell ? ExitStatus::success : ExitStatus::someFailed;
 }
 
 } // namespace lumeo::cli

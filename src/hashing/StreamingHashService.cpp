@@ -104,6 +104,18 @@ Result<std::string, HashError> StreamingHashService::computeSHA256(const FileSys
     return digestOf(read, path, bytesPerRead, cancelled);
 }
 
+Result<std::string, HashError>
+StreamingHashService::computeSHA256FromDevice(const FileSystem& fileSystem, const FilePath& path,
+                                              const CancellationCheck& cancelled) {
+    const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
+    if (!file) {
+        return HashError(file.error());
+    }
+    (*file)->evict();
+    const auto read = [&file](std::span<std::byte> chunk) { return file.value()->read(chunk); };
+    return digestOf(read, path, chunkSize, cancelled);
+}
+
 Result<std::string, HashError> StreamingHashService::computeSHA256(WritableFile& file, const FilePath& path,
                                                                    std::size_t bytesPerRead,
                                                                    const CancellationCheck& cancelled) {

@@ -33,6 +33,11 @@ struct StreamingHashService {
                                                         std::size_t bytesPerRead,
                                                         const CancellationCheck& cancelled);
 
+    /// The same as the device has it, not as the system remembers it.
+    static Result<std::string, HashError> computeSHA256FromDevice(const FileSystem& fileSystem,
+                                                                  const FilePath& path,
+                                                                  const CancellationCheck& cancelled);
+
     /// The same of a file that is being written, read back from its start through the descriptor that
     /// wrote it. `path` is for the error.
     static Result<std::string, HashError> computeSHA256(WritableFile& file, const FilePath& path,

@@ -36,6 +36,7 @@ struct OrganizationPlan {
     DuplicatePolicy duplicatePolicy = DuplicatePolicy::skipDuplicates;
     UnknownDatePolicy unknownDatePolicy = UnknownDatePolicy::unknownFolder;
     bool verifyTransfers = true; ///< the user's switch; every transfer is verified whatever it says
+    bool listsChecksums = false; ///< the run adds its digests to the archive's list of them
 
     friend bool operator==(const OrganizationPlan&, const OrganizationPlan&) = default;
 };

@@ -2,7 +2,6 @@
 
 #include "hashing/StreamingHashService.h"
 #include "platform/TextHash.h"
-#include "platform/Utf8Text.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -51,13 +50,14 @@ struct NumberedNames {
 
 struct Folder {
     bool exists = false;
-    std::unordered_map<std::string, Place, TextHash, std::equal_to<>> places;
+    std::unordered_map<std::string, Place, TextHash, std::equal_to<>> places; ///< by comparable name
 };
 
 /// A wanted path taken apart: everything up to the last slash, with it, and the file's name.
 struct WantedPath {
-    explicit WantedPath(const std::string& bytes)
-        : folder(std::string_view(bytes).substr(0, bytes.rfind('/') + 1)),
+    WantedPath(const std::string& bytes, const DiskTraits& traits)
+        : disk(traits),
+          folder(std::string_view(bytes).substr(0, bytes.rfind('/') + 1)),
           name(std::string_view(bytes).substr(folder.size())),
           extension(pathExtension(name)),
           base(deletingPathExtension(name)) {}
@@ -71,14 +71,14 @@ struct WantedPath {
             ending += '.';
             ending += extension;
         }
-        // A name that fills all that a file system takes gives way for the number.
-        const std::size_t room = longestFileName - std::min(longestFileName, ending.size());
-        return std::string(clippedToBytes(base, room)) + ending;
+        // A name that fills all that a disk takes gives way for the number.
+        return joinedName(base, ending, disk);
     }
     [[nodiscard]] FilePath path(Counter counter) const {
         return FilePath(std::string(folder) + numberedName(counter));
     }
 
+    const DiskTraits& disk;
     std::string_view folder;
     std::string_view name;
     std::string_view extension;
@@ -89,7 +89,8 @@ struct WantedPath {
 
 struct CollisionResolver::Memory {
     const FileSystem& fileSystem;
-    std::unordered_map<std::string, Folder, TextHash, std::equal_to<>> folders;
+    DiskTraits disk;
+    std::unordered_map<std::string, Folder, TextHash, std::equal_to<>> folders{}; ///< by comparable path
 
     Folder& folderOf(const FilePath& desired, std::string_view text);
     Place& placeOf(Folder& folder, const WantedPath& wanted, Counter counter);
@@ -104,11 +105,11 @@ struct CollisionResolver::Memory {
 };
 
 Folder& CollisionResolver::Memory::folderOf(const FilePath& desired, std::string_view text) {
-    const auto known = folders.find(text);
-    if (known != folders.end()) {
-        return known->second;
+    const auto [entry, isNew] = folders.try_emplace(comparableName(text, disk));
+    Folder& folder = entry->second;
+    if (!isNew) {
+        return folder;
     }
-    Folder& folder = folders[std::string(text)];
     // Most folders of a new archive do not exist yet: then nothing in them need be looked up.
     const FileResult<FileStatus> status = fileSystem.targetStatus(desired.parent());
     folder.exists = status || (status.error().errnoValue != ENOENT && status.error().errnoValue != ENOTDIR);
@@ -116,7 +117,7 @@ Folder& CollisionResolver::Memory::folderOf(const FilePath& desired, std::string
 }
 
 Place& CollisionResolver::Memory::placeOf(Folder& folder, const WantedPath& wanted, Counter counter) {
-    const auto [entry, isNew] = folder.places.try_emplace(wanted.numberedName(counter));
+    const auto [entry, isNew] = folder.places.try_emplace(comparableName(wanted.numberedName(counter), disk));
     Place& place = entry->second;
     if (!isNew || !folder.exists) {
         return place;
@@ -198,14 +199,15 @@ std::optional<Counter> CollisionResolver::Memory::findIdentical(Folder& folder, 
     return std::nullopt;
 }
 
-CollisionResolver::CollisionResolver(const FileSystem& fileSystem) : memory_(new Memory{fileSystem, {}}) {}
+CollisionResolver::CollisionResolver(const FileSystem& fileSystem, const DiskTraits& disk)
+    : memory_(new Memory{fileSystem, disk}) {}
 
 CollisionResolver::~CollisionResolver() = default;
 
 FilePath CollisionResolver::resolveUniqueDestination(const FilePath& desired, std::int64_t size,
                                                      const std::optional<std::string>& sourceHash,
                                                      const std::stop_token& stop) {
-    const WantedPath wanted(desired.bytes());
+    const WantedPath wanted(desired.bytes(), memory_->disk);
     Folder& folder = memory_->folderOf(desired, wanted.folder);
     Place& first = memory_->placeOf(folder, wanted, 1);
     if (sourceHash && first.fileSize == size) {
@@ -232,7 +234,7 @@ FilePath CollisionResolver::resolveUniqueDestination(const FilePath& desired, st
 }
 
 bool CollisionResolver::meetsFileOfSize(const FilePath& desired, std::int64_t size) {
-    const WantedPath wanted(desired.bytes());
+    const WantedPath wanted(desired.bytes(), memory_->disk);
     Folder& folder = memory_->folderOf(desired, wanted.folder);
     Place& first = memory_->placeOf(folder, wanted, 1);
     if (!memory_->hasRow(folder, wanted, first)) {

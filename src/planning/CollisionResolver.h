@@ -19,8 +19,8 @@ namespace lumeo {
 /// transfer, which never replaces anything, has the last word.
 class CollisionResolver {
 public:
-    /// `fileSystem` must outlive the resolver.
-    explicit CollisionResolver(const FileSystem& fileSystem);
+    /// `fileSystem` must outlive the resolver. `disk` says which names are one and how long they may be.
+    explicit CollisionResolver(const FileSystem& fileSystem, const DiskTraits& disk = {});
     ~CollisionResolver();
     CollisionResolver(const CollisionResolver&) = delete;
     CollisionResolver& operator=(const CollisionResolver&) = delete;

@@ -8,6 +8,7 @@
 #include <functional>
 #include <span>
 #include <stop_token>
+#include <string_view>
 
 namespace lumeo {
 
@@ -29,8 +30,18 @@ struct DestinationPlanner {
     ///
     /// An item that meets an existing file of its own size is hashed, which sets its `sha256Hash`, and
     /// so is that file: a card that is imported again leads to the copies that are there already.
+    ///
+    /// The places are ones that the destination's disk takes, and that it tells apart. An item that is larger
+    /// than any file there can be gets a warning that begins with `tooLarge`, for as long as that is so.
     static void plan(std::span<MediaItem> items, const OrganizationPlan& plan, const FileSystem& fileSystem,
                      const std::stop_token& stop = {}, const ProgressCallback& onProgress = {});
+
+    /// The same for a disk of which more is known than its file system tells.
+    static void plan(std::span<MediaItem> items, const OrganizationPlan& plan, const FileSystem& fileSystem,
+                     const DiskTraits& disk, const std::stop_token& stop = {},
+                     const ProgressCallback& onProgress = {});
+
+    static constexpr std::string_view tooLarge = "Too large for the destination's disk";
 };
 
 } // namespace lumeo

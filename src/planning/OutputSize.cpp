@@ -1,5 +1,6 @@
 #include "planning/OutputSize.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace lumeo {
@@ -15,6 +16,12 @@ std::int64_t requiredOutputSizeBytes(std::span<const MediaItem> items, Duplicate
         }
     }
     return total;
+}
+
+std::int64_t tooLargeFiles(std::span<const MediaItem> items, const DiskTraits& disk) {
+    return std::ranges::count_if(items, [&disk](const MediaItem& item) {
+        return disk.largestFile && item.fileSize > *disk.largestFile;
+    });
 }
 
 } // namespace lumeo

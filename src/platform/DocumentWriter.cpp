@@ -8,8 +8,9 @@
 namespace lumeo {
 namespace {
 
-FileResult<void> writeWhole(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
-    FileResult<std::unique_ptr<WritableFile>> file = fileSystem.createFile(path, FileAccess::everyone);
+FileResult<void> writeWhole(FileSystem& fileSystem, std::string_view document, const FilePath& path,
+                            FileAccess access) {
+    FileResult<std::unique_ptr<WritableFile>> file = fileSystem.createFile(path, access);
     if (!file) {
         return file.error();
     }
@@ -55,9 +56,9 @@ FilePath temporaryBeside(const FilePath& path) {
 using Rename = FileResult<void> (FileSystem::*)(const FilePath&, const FilePath&);
 
 FileResult<void> write(FileSystem& fileSystem, std::string_view document, const FilePath& target,
-                       Rename rename) {
+                       Rename rename, FileAccess access = FileAccess::everyone) {
     const FilePath temporary = temporaryBeside(target);
-    FileResult<void> done = writeWhole(fileSystem, document, temporary);
+    FileResult<void> done = writeWhole(fileSystem, document, temporary, access);
     if (done) {
         done = (fileSystem.*rename)(temporary, target);
     }
@@ -71,9 +72,11 @@ FileResult<void> write(FileSystem& fileSystem, std::string_view document, const 
 
 } // namespace
 
-FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path) {
+FileResult<void> writeDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path,
+                               FileAccess access) {
     const FileResult<FilePath> target = behindLinks(fileSystem, path);
-    return target ? write(fileSystem, document, *target, &FileSystem::renameReplacing) : target.error();
+    return target ? write(fileSystem, document, *target, &FileSystem::renameReplacing, access)
+                  : target.error();
 }
 
 FileResult<void> writeNewDocument(FileSystem& fileSystem, std::string_view document, const FilePath& path) {

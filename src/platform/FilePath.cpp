@@ -123,6 +123,17 @@ FilePath FilePath::appending(std::string_view relative) const {
     return FilePath(std::move(joined));
 }
 
+bool FilePath::liesIn(const FilePath& folder) const noexcept {
+    const std::string& above = folder.bytes_;
+    return bytes_.starts_with(above) &&
+           (bytes_.size() == above.size() || above.ends_with('/') || bytes_[above.size()] == '/');
+}
+
+std::string FilePath::relativeTo(const FilePath& folder) const {
+    const std::size_t length = folder.bytes_.size() + (folder.bytes_.ends_with('/') ? 0 : 1);
+    return bytes_.substr(std::min(bytes_.size(), length));
+}
+
 std::string FilePath::displayText() const {
     return replacingInvalidUtf8(bytes_);
 }

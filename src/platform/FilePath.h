@@ -43,6 +43,12 @@ public:
     /// Empty `relative` gives this path.
     [[nodiscard]] FilePath appending(std::string_view relative) const;
 
+    /// True when this path is `folder` or, by its text alone, lies below it.
+    [[nodiscard]] bool liesIn(const FilePath& folder) const noexcept;
+
+    /// What of this path follows `folder`, in which it lies; empty for the folder itself.
+    [[nodiscard]] std::string relativeTo(const FilePath& folder) const;
+
     /// The path as text for a person: what is not UTF-8 shows as U+FFFD. Never turned back into a path.
     [[nodiscard]] std::string displayText() const;
 

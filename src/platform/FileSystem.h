@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DiskTraits.h"
 #include "platform/FilePath.h"
 #include "platform/Instant.h"
 #include "platform/Result.h"
@@ -70,6 +71,8 @@ struct FileStatus {
 struct VolumeSpace {
     std::int64_t total = 0;
     std::int64_t available = 0; ///< for files of this user
+    std::optional<std::int64_t>
+        freeFiles{}; ///< how many more can be made; absent where there is no such limit
     friend bool operator==(const VolumeSpace&, const VolumeSpace&) = default;
 };
 
@@ -87,6 +90,10 @@ public:
 
     /// The status of the open file itself, whatever has become of its name.
     virtual FileResult<FileStatus> status() = 0;
+
+    /// Drops what the system keeps of the file in memory and is on the device, so that the next read comes
+    /// from there. A hint: where the system cannot, nothing happens.
+    virtual void evict() {}
 
     /// True while any process has the file open for writing. False also where the system cannot tell: on
     /// file systems without leases, and for files of another user.
@@ -222,6 +229,10 @@ public:
 
     /// The room on the file system that `path`, which must exist, lies on.
     virtual FileResult<VolumeSpace> volumeSpace(const FilePath& path) const = 0;
+
+    /// What the disk under `path`, or under the nearest folder above it that exists, takes. Writes nothing;
+    /// what cannot be told counts as on this system's own disks.
+    [[nodiscard]] virtual DiskTraits diskTraits(const FilePath& path) const = 0;
 };
 
 } // namespace lumeo

@@ -2,6 +2,7 @@
 
 #include "platform/PosixDirectoryEnumerator.h"
 #include "platform/PosixOpenFile.h"
+#include "platform/volumes/DiskTable.h"
 
 #include <algorithm>
 #include <climits>
@@ -252,7 +253,15 @@ FileResult<VolumeSpace> PosixFileSystem::volumeSpace(const FilePath& path) const
     if (!descriptor.isOpen() || retrying([&] { return fstatvfs(descriptor.get(), &told); }) != 0) {
         return FileError{FileAction::measure, path, errno};
     }
-    return VolumeSpace{byteCount(told.f_blocks, told.f_frsize), byteCount(told.f_bavail, told.f_frsize)};
+    VolumeSpace space{byteCount(told.f_blocks, told.f_frsize), byteCount(told.f_bavail, told.f_frsize)};
+    if (told.f_files > 0) { // some make room for the names of files as they go
+        space.freeFiles = byteCount(told.f_favail, 1);
+    }
+    return space;
+}
+
+DiskTraits PosixFileSystem::diskTraits(const FilePath& path) const {
+    return traitsOfDisk(nearestExisting(path), FilePath("/"));
 }
 
 } // namespace lumeo

@@ -22,6 +22,7 @@ public:
     FileResult<void> removeFile(const FilePath& path) override;
     FileResult<void> flushFolder(const FilePath& folder) override;
     FileResult<VolumeSpace> volumeSpace(const FilePath& path) const override;
+    [[nodiscard]] DiskTraits diskTraits(const FilePath& path) const override;
 };
 
 } // namespace lumeo

@@ -55,6 +55,10 @@ FileResult<FileStatus> PosixReadableFile::status() {
     return statusAt(descriptor_.get(), "", AT_EMPTY_PATH, path_);
 }
 
+void PosixReadableFile::evict() {
+    posix_fadvise(descriptor_.get(), 0, 0, POSIX_FADV_DONTNEED);
+}
+
 bool PosixReadableFile::isOpenForWriting() {
     ignoreBrokenLeases();
     // The system grants a lease for reading only while nobody writes. It is given back at once: holding it

@@ -13,6 +13,7 @@ public:
     FileResult<std::size_t> read(std::span<std::byte> buffer) override;
     FileResult<std::size_t> readAt(std::int64_t offset, std::span<std::byte> buffer) override;
     FileResult<FileStatus> status() override;
+    void evict() override;
     bool isOpenForWriting() override;
     [[nodiscard]] std::optional<int> descriptor() const override { return descriptor_.get(); }
 

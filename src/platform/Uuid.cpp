@@ -1,14 +1,54 @@
 #include "platform/Uuid.h"
 
+#include <cstdlib>
 #include <cstring>
 
+#include <unistd.h>
 #include <uuid/uuid.h>
 
 namespace lumeo {
 
+namespace {
+
+/// A catalogue takes hundreds of thousands of identifiers, and the system answers one call for many of them
+/// as fast as for one. A process that forks would have the same ones in both halves, so each begins with its
+/// own.
+class RandomPool {
+public:
+    std::array<std::uint8_t, 16> take() {
+        std::array<std::uint8_t, 16> bytes{};
+        if (next_ == pool_.size() || owner_ != getpid()) {
+            fill();
+        }
+        std::memcpy(bytes.data(), pool_.data() + next_, bytes.size());
+        next_ += bytes.size();
+        return bytes;
+    }
+
+private:
+    void fill() {
+        constexpr std::size_t mostAtOnce = 256; // the system gives so many bytes whole or not at all
+        for (std::size_t done = 0; done < pool_.size(); done += mostAtOnce) {
+            if (getentropy(pool_.data() + done, mostAtOnce) != 0) {
+                std::abort(); // no system that this runs on is without
+            }
+        }
+        next_ = 0;
+        owner_ = getpid();
+    }
+
+    std::array<std::uint8_t, 2048> pool_{};
+    std::size_t next_ = pool_.size();
+    pid_t owner_ = 0;
+};
+
+} // namespace
+
 Uuid Uuid::random() {
-    Uuid id;
-    uuid_generate_random(id.bytes.data());
+    thread_local RandomPool pool;
+    Uuid id{pool.take()};
+    id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0FU) | 0x40U); // random, as told by the version
+    id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3FU) | 0x80U); // and by the variant
     return id;
 }
 

@@ -1,7 +1,6 @@
 #include "platform/Volumes.h"
 
 #include "platform/PosixFileSystem.h"
-#include "platform/PosixHandle.h"
 #include "platform/volumes/BlockDevice.h"
 #include "platform/volumes/MountTable.h"
 #include "platform/volumes/SystemFiles.h"
@@ -10,25 +9,8 @@
 #include <array>
 #include <string_view>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 namespace lumeo {
 namespace {
-
-/// Absent when the path does not exist, or its mount is none that this process may see.
-std::optional<Mount> mountOf(const FilePath& path, const FilePath& systemRoot) {
-    struct statx told {};
-    const int result = callAt(
-        path, [&told](int folder, const char* name) { return statx(folder, name, 0, STATX_MNT_ID, &told); });
-    if (result != 0) {
-        return std::nullopt;
-    }
-    const bool isNumbered = (told.stx_mask & STATX_MNT_ID) != 0;
-    const std::string table = contentOfSystemFile(systemRoot.appending("proc/self/mountinfo"));
-    return mountHolding(path, isNumbered ? std::optional<std::uint64_t>(told.stx_mnt_id) : std::nullopt,
-                        parseMountTable(table));
-}
 
 /// "photos" for "nas:/export/photos" and "//nas/photos"; the host where the share is all that it has.
 std::optional<std::string> shareName(const Mount& mount) {
@@ -77,14 +59,14 @@ FilePath SystemVolumes::resolved(const FilePath& path) const {
 }
 
 std::optional<FilePath> SystemVolumes::mountPoint(const FilePath& path) const {
-    std::optional<Mount> mount = mountOf(path, systemRoot_);
+    std::optional<Mount> mount = mountUnder(path, systemRoot_);
     return mount ? std::optional(std::move(mount->point)) : std::nullopt;
 }
 
 VolumeFacts SystemVolumes::facts(const FilePath& mountPoint) const {
     VolumeFacts facts;
     measure(mountPoint, facts);
-    const std::optional<Mount> mount = mountOf(mountPoint, systemRoot_);
+    const std::optional<Mount> mount = mountUnder(mountPoint, systemRoot_);
     if (!mount) {
         return facts;
     }

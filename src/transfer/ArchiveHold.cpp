@@ -1,6 +1,7 @@
 #include "transfer/ArchiveHold.h"
 
 #include "platform/LockHolder.h"
+#include "transfer/DiskTrial.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -51,7 +52,15 @@ Result<ArchiveHold, RunRefusal> ArchiveHold::forRun(FileSystem& fileSystem, cons
     }
     Result<ArchiveHold, RunRefusal> hold = take(fileSystem, root);
     // Between the two looks the drive may have gone, and the folder been made on the disk below it.
-    return hold && device && hold->device() != *device ? changedDrive(root) : std::move(hold);
+    if (hold && device && hold->device() != *device) {
+        return changedDrive(root);
+    }
+    if (hold) {
+        const DiskTraits told = fileSystem.diskTraits(root);
+        hold->disk_ = triedTraits(fileSystem, root, told);
+        hold->takesLessThanTold_ = hold->disk_ != told;
+    }
+    return hold;
 }
 
 Result<ArchiveHold, RunRefusal> ArchiveHold::forUndo(FileSystem& fileSystem, const OperationManifest& run) {

@@ -32,6 +32,10 @@ public:
 
     [[nodiscard]] const FilePath& root() const noexcept { return root_; }
     [[nodiscard]] std::uint64_t device() const noexcept { return device_; }
+    /// What its disk takes; for a run, tried.
+    [[nodiscard]] const DiskTraits& disk() const noexcept { return disk_; }
+    /// The disk turned out to take less than its file system tells, which is what a plan goes by.
+    [[nodiscard]] bool takesLessThanTold() const noexcept { return takesLessThanTold_; }
 
 private:
     ArchiveHold(FilePath root, std::uint64_t device, std::unique_ptr<FileLock> lock)
@@ -41,6 +45,8 @@ private:
 
     FilePath root_;
     std::uint64_t device_;
+    DiskTraits disk_{};
+    bool takesLessThanTold_ = false;
     std::unique_ptr<FileLock> lock_; ///< null where there are no locks
 };
 

@@ -1,29 +1,75 @@
 #include "transfer/FileOperationEngine.h"
 
+#include "planning/DestinationPlanner.h"
+#include "platform/TextFormat.h"
+#include "proof/ChecksumList.h"
 #include "transfer/OperationRun.h"
+#include "transfer/RunOutlook.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 namespace lumeo {
+namespace {
+
+std::optional<std::string> hopelessnessAfter(const VerifiedTransfer& transfers, RunOutlook& outlook,
+                                             std::size_t next) {
+    return transfers.lastError() ? outlook.hopelessness(next, *transfers.lastError()) : std::nullopt;
+}
+
+std::string earlyEnd(const std::string& reason, std::size_t filesLeft) {
+    return reason + " The run ended early; " +
+           TextFormat::count(static_cast<std::int64_t>(filesLeft), "file") +
+           (filesLeft == 1 ? " was" : " were") + " not reached.";
+}
+
+std::string keptSources(const VerifiedTransfer::KeptSources& kept) {
+    return "The copies are in the archive, but " + TextFormat::count(kept.count, "source") +
+           " could not be removed: " +
+           (kept.first->errnoValue == EROFS ? "their disk is write-protected."
+                                            : "you may not remove files there.");
+}
+
+/// Adds what the run has proven to the archive's list: nothing is read for it.
+FileResult<void> listChecksums(FileSystem& fileSystem, const OperationManifest& run) {
+    std::vector<Checksum> checksums;
+    for (const FileTransactionItem& record : run.items) {
+        const bool isThere =
+            record.status == TransactionStatus::verified || record.status == TransactionStatus::skipped;
+        if (isThere && record.destinationHash && record.destinationHash == record.sourceHash) {
+            checksums.push_back(
+                {record.destinationPath.relativeTo(run.destinationRoot), *record.destinationHash});
+        }
+    }
+    return ChecksumList::extend(fileSystem, run.destinationRoot, checksums);
+}
+
+} // namespace
 
 OperationManifest FileOperationEngine::execute(PreparedRun& prepared, std::span<const MediaItem> items,
                                                const OrganizationPlan& plan,
                                                const ProgressCallback& onProgress,
                                                const std::stop_token& stop) {
     reset();
+    std::vector<MediaItem> replanned;
+    if (prepared.archive.takesLessThanTold()) {
+        replanned.assign(items.begin(), items.end());
+        DestinationPlanner::plan(replanned, plan, fileSystem_, prepared.archive.disk(), stop);
+        items = replanned;
+    }
     RunJournal* const journal = prepared.journal.get();
     OperationRun run(items, prepared.head, clock_);
     VerifiedTransfer transfers(fileSystem_, prepared.archive, journal);
+    RunOutlook outlook(fileSystem_, prepared.archive, prepared.head.sourceRoots, items);
     const auto note = [journal](const FileTransactionItem& record) {
         if (journal != nullptr) {
             journal->add(record);
         }
     };
-    for (const MediaItem& item : items) {
-        if (!mayTakeNextFile(stop)) {
-            break;
-        }
+    std::size_t taken = 0;
+    while (taken < items.size() && mayTakeNextFile(stop)) {
+        const MediaItem& item = items[taken++];
         run.take(item);
         if (run.isRepeatedDuplicate(item) && plan.duplicatePolicy == DuplicatePolicy::skipDuplicates) {
             note(run.addSkippedDuplicate(item));
@@ -37,6 +83,10 @@ OperationManifest FileOperationEngine::execute(PreparedRun& prepared, std::span<
         if (isCancelled() || stop.stop_requested()) {
             continue;
         }
+        if (const std::optional<std::string> hopelessness = hopelessnessAfter(transfers, outlook, taken)) {
+            run.note(earlyEnd(*hopelessness, items.size() - taken));
+            break;
+        }
         if (const std::optional<OperationProgress> progress = run.sample(isPaused())) {
             onProgress(*progress);
         }
@@ -44,6 +94,14 @@ OperationManifest FileOperationEngine::execute(PreparedRun& prepared, std::span<
     // A move has made its names durable one by one, before it removed their sources.
     if (plan.operationMode == OperationMode::copy) {
         std::ranges::for_each(run.withdraw(transfers.flushFolders()), note);
+    }
+    if (transfers.keptSources().first) {
+        run.note(keptSources(transfers.keptSources()));
+    }
+    if (plan.listsChecksums) {
+        if (const FileResult<void> listed = listChecksums(fileSystem_, run.manifest()); !listed) {
+            run.note("The list of checksums could not be extended: " + listed.error().message());
+        }
     }
     const OperationProgress last = run.finish(isCancelled() || stop.stop_requested());
     if (journal != nullptr) {

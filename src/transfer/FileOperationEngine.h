@@ -31,9 +31,10 @@ public:
         : fileSystem_(fileSystem), clock_(clock) {}
 
     /// Transfers `items` to their planned destinations and gives the finished journal, which `run` keeps on
-    /// disk meanwhile. Never fails: what happens to a file stands in its record. `onProgress` is called on
-    /// this thread. A cancel() from before the call has no effect; a stop requested of `stop` has, whenever
-    /// it came.
+    /// disk meanwhile. Never fails: what happens to a file stands in its record, and what cuts the run short,
+    /// once no other file can succeed, in a notice. Where the archive's disk takes less than was known when
+    /// they were planned, the items get places that it takes. `onProgress` is called on this thread. A
+    /// cancel() from before the call has no effect; a stop requested of `stop` has, whenever it came.
     OperationManifest execute(PreparedRun& run, std::span<const MediaItem> items,
                               const OrganizationPlan& plan, const ProgressCallback& onProgress,
                               const std::stop_token& stop = {});

@@ -2,6 +2,7 @@
 
 #include "model/MediaTypeDetector.h"
 #include "model/OrganizationPlan.h"
+#include "platform/LineReader.h"
 #include "transfer/RunJournal.h"
 
 #include <algorithm>
@@ -37,23 +38,17 @@ bool isPlain(const FilePath& path) {
     return path.bytes().starts_with('/') && FilePath::standardized(path.bytes()) == path;
 }
 
-bool liesBelow(const FilePath& path, const FilePath& root) {
-    const std::string_view prefix = root.bytes() == "/" ? std::string_view() : root.bytes();
-    return path.bytes().size() > prefix.size() + 1 && path.bytes().starts_with(prefix) &&
-           path.bytes()[prefix.size()] == '/';
-}
-
 bool isDigest(const std::string& text) {
     return text.size() == 64 && text.find_first_not_of("0123456789abcdef") == std::string::npos;
 }
 
 Problem problemOf(const FileTransactionItem& record, const OperationManifest& manifest) {
-    if (!isPlain(record.destinationPath) || !liesBelow(record.destinationPath, manifest.destinationRoot)) {
+    if (!isPlain(record.destinationPath) || record.destinationPath == manifest.destinationRoot ||
+        !record.destinationPath.liesIn(manifest.destinationRoot)) {
         return "a destination does not lie in the archive: " + printable(record.destinationPath.bytes());
     }
-    const bool isBelowASource = std::ranges::any_of(manifest.sourceRoots, [&](const FilePath& root) {
-        return record.originalPath == root || liesBelow(record.originalPath, root);
-    });
+    const bool isBelowASource = std::ranges::any_of(
+        manifest.sourceRoots, [&](const FilePath& root) { return record.originalPath.liesIn(root); });
     if (!isPlain(record.originalPath) || !isBelowASource) {
         return "an original does not lie in a source: " + printable(record.originalPath.bytes());
     }
@@ -92,44 +87,6 @@ Problem problemOf(const OperationManifest& manifest) {
 }
 
 // ---- the two forms ----
-
-/// Gives a document piece by piece.
-class LineSource {
-public:
-    explicit LineSource(ReadableFile& file) : file_(file) {}
-
-    /// The next line without its end; absent behind the last. `isWhole` tells whether its end was there.
-    std::optional<std::string> next(bool& isWhole) {
-        while (true) {
-            if (const std::size_t end = text_.find('\n', start_); end != std::string::npos) {
-                isWhole = true;
-                std::string line = text_.substr(start_, end - start_);
-                start_ = end + 1;
-                return line;
-            }
-            text_.erase(0, std::exchange(start_, 0));
-            const FileResult<std::size_t> count = file_.read(std::as_writable_bytes(std::span(piece_)));
-            if (!count) {
-                error_ = count.error();
-                return std::nullopt;
-            }
-            if (*count == 0) {
-                isWhole = false;
-                return text_.empty() ? std::nullopt : std::optional(std::exchange(text_, {}));
-            }
-            text_.append(piece_.data(), *count);
-        }
-    }
-
-    [[nodiscard]] const std::optional<FileError>& error() const noexcept { return error_; }
-
-private:
-    ReadableFile& file_;
-    std::array<char, 65536> piece_{};
-    std::string text_;
-    std::size_t start_ = 0;
-    std::optional<FileError> error_;
-};
 
 Problem readHead(const Json& line, ReadJournal& journal) {
     JsonReader reader(line);
@@ -215,23 +172,21 @@ private:
     std::unordered_map<Uuid, std::size_t> places_;
 };
 
-Problem readFirstLine(LineSource& lines, ReadJournal& journal) {
-    bool isWhole = false;
-    const std::optional<std::string> first = lines.next(isWhole);
+Problem readFirstLine(LineReader& lines, ReadJournal& journal) {
+    const std::optional<std::string> first = lines.next();
     const Json head = Json::parse(first.value_or(""), nullptr, /*allow_exceptions=*/false);
-    return isWhole && !head.is_discarded() ? readHead(head, journal) : Problem(damaged());
+    return lines.isWhole() && !head.is_discarded() ? readHead(head, journal) : Problem(damaged());
 }
 
 /// The form that a run keeps itself. A line that cannot be read is where it was cut off, unless another
 /// record follows: a mark may have been added since, behind a line end of its own.
-Problem readLines(LineSource& lines, ReadJournal& journal) {
+Problem readLines(LineReader& lines, ReadJournal& journal) {
     if (Problem problem = readFirstLine(lines, journal)) {
         return problem;
     }
     LineTaker taker(journal);
-    bool isWhole = false;
     bool isCut = false;
-    while (const std::optional<std::string> line = lines.next(isWhole)) {
+    while (const std::optional<std::string> line = lines.next()) {
         const std::size_t records = journal.manifest.items.size();
         const bool isTaken = line->empty() || taker.take(*line);
         if (isCut && journal.manifest.items.size() > records) {
@@ -242,10 +197,9 @@ Problem readLines(LineSource& lines, ReadJournal& journal) {
     return std::nullopt;
 }
 
-Problem readDocument(LineSource& lines, ReadJournal& journal) {
+Problem readDocument(LineReader& lines, ReadJournal& journal) {
     std::string text;
-    bool isWhole = false;
-    while (const std::optional<std::string> line = lines.next(isWhole)) {
+    while (const std::optional<std::string> line = lines.next()) {
         text += *line;
     }
     const Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
@@ -299,7 +253,7 @@ Result<JournalSummary, std::string> readJournalSummary(const FileSystem& fileSys
         return status.error().message();
     }
     ReadJournal journal;
-    LineSource lines(**file);
+    LineReader lines(**file);
     if (Problem problem = readFirstLine(lines, journal)) {
         return *std::move(problem);
     }
@@ -354,7 +308,7 @@ Result<ReadJournal, std::string> readJournal(const FileSystem& fileSystem, const
         return noJournal("it is too large");
     }
     ReadJournal journal;
-    LineSource lines(**file);
+    LineReader lines(**file);
     Problem problem = isOfLines ? readLines(lines, journal) : readDocument(lines, journal);
     if (lines.error()) {
         return lines.error()->message();

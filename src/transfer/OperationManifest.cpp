@@ -175,6 +175,9 @@ Json encode(const OperationManifest& manifest) {
     writer.set("totalTransferredBytes", manifest.totalTransferredBytes);
     writer.set("durationSeconds", manifest.durationSeconds);
     writer.set("isCancelled", manifest.isCancelled);
+    if (!manifest.notices.empty()) {
+        writer.set("notices", manifest.notices);
+    }
     return std::move(writer).take();
 }
 
@@ -186,6 +189,9 @@ Decoded<OperationManifest> decodeOperationManifest(const Json& json) {
     reader.require("totalTransferredBytes", manifest.totalTransferredBytes);
     reader.require("durationSeconds", manifest.durationSeconds);
     reader.read("isCancelled", manifest.isCancelled);
+    if (reader.has("notices")) {
+        reader.require("notices", manifest.notices);
+    }
     if (reader.error()) {
         return *reader.error();
     }

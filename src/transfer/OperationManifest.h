@@ -53,6 +53,9 @@ struct OperationManifest {
     /// Those of the roots that lay on another device than "/" when the run started. Told by the journal
     /// that a run keeps itself; the coded form below does not hold it.
     std::vector<FilePath> foreignRoots{};
+    /// What a person should know of the run as a whole: sentences, in English. Only the coded form below
+    /// holds them.
+    std::vector<std::string> notices{};
     friend bool operator==(const OperationManifest&, const OperationManifest&) = default;
 };
 

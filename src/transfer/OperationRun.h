@@ -31,12 +31,17 @@ public:
     const FileTransactionItem& addTransferred(const MediaItem& item, FileTransactionItem record);
     void addMissingDestination();
 
+    /// Notes what a person should know of the run as a whole: a sentence.
+    void note(std::string sentence) { manifest_.notices.push_back(std::move(sentence)); }
+
     /// Turns the verified records at or below folders whose names may not be durable into failed ones, and
     /// gives those.
     std::vector<FileTransactionItem> withdraw(const std::vector<UnflushedFolder>& unflushed);
 
     /// Brings the rates up to date after a transferred file. Gives the record to publish, if it is time.
     std::optional<OperationProgress> sample(bool isPaused);
+
+    [[nodiscard]] const OperationManifest& manifest() const noexcept { return manifest_; }
 
     /// Closes the books. Gives the last record to publish.
     OperationProgress finish(bool isCancelled);

@@ -8,10 +8,12 @@ struct MessageOf {
 
     std::string operator()(Cancelled) const { return "Operation cancelled. Source file was left untouched."; }
 
+    std::string operator()(const CouldNotCreatePartial& /*refusal*/) const {
+        return "Could not create the temporary transfer file.";
+    }
+
     std::string operator()(TransferFault fault) const {
         switch (fault) {
-        case TransferFault::couldNotCreatePartial:
-            return "Could not create the temporary transfer file.";
         case TransferFault::destinationAlreadyExists:
             return "Destination file appeared during transfer; the source was left untouched.";
         case TransferFault::checksumMismatch:

@@ -11,7 +11,6 @@ namespace lumeo {
 
 /// What a transfer itself finds wrong, apart from refusals of the system.
 enum class TransferFault {
-    couldNotCreatePartial,
     destinationAlreadyExists, ///< it appeared while the copy was being made
     checksumMismatch,
     copyReplaced,  ///< the copy's name leads to another file, or to none
@@ -19,8 +18,14 @@ enum class TransferFault {
     sourceInUse,   ///< somebody has it open for writing
 };
 
+/// The copy could not be begun, or somebody else has its temporary name.
+struct CouldNotCreatePartial {
+    FileError reason;
+    friend bool operator==(const CouldNotCreatePartial&, const CouldNotCreatePartial&) = default;
+};
+
 /// Why a file's transfer ended early.
-using TransferError = std::variant<FileError, Cancelled, TransferFault>;
+using TransferError = std::variant<FileError, Cancelled, TransferFault, CouldNotCreatePartial>;
 
 template<class Value>
 using TransferResult = Result<Value, TransferError>;

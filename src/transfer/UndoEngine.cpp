@@ -3,6 +3,7 @@
 #include "hashing/StreamingHashService.h"
 #include "model/OrganizationPlan.h"
 #include "platform/AsciiCase.h"
+#include "proof/ChecksumList.h"
 #include "transfer/ArchiveHold.h"
 #include "transfer/FolderFlusher.h"
 #include "transfer/HeldFile.h"
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
 namespace lumeo {
@@ -330,6 +332,21 @@ TransferResult<void> Rollback::removeArchived(const FilePath& originalPath, Held
     return archived.remove();
 }
 
+/// What the run brought and is gone again need not be in the archive's list any more.
+FileResult<void> withdrawChecksums(FileSystem& fileSystem, const OperationManifest& run) {
+    std::unordered_map<std::string, std::string_view> digests;
+    for (const FileTransactionItem& record : run.items) {
+        if (record.status == TransactionStatus::verified && record.destinationHash) {
+            digests.emplace(record.destinationPath.relativeTo(run.destinationRoot), *record.destinationHash);
+        }
+    }
+    return ChecksumList::withdraw(fileSystem, run.destinationRoot, [&](const Checksum& listed) {
+        const auto brought = digests.find(listed.name);
+        return brought != digests.end() && brought->second == listed.digest &&
+               !fileSystem.exists(run.destinationRoot.appending(listed.name));
+    });
+}
+
 } // namespace
 
 UndoResult UndoEngine::rollback(const OperationManifest& manifest, const ProgressCallback& onProgress,
@@ -398,6 +415,8 @@ Result<UndoResult, RunRefusal> takeBack(FileSystem& fileSystem, const OperationM
         return archive.error();
     }
     UndoResult result = UndoEngine(fileSystem).rollback(manifest, onProgress, std::move(stop));
+    // A list that cannot be rewritten stays whole, and a verification tells what is missing.
+    static_cast<void>(withdrawChecksums(fileSystem, manifest));
     if (result.isComplete()) {
         // Where it cannot be noted, a second undo finds everything back.
         static_cast<void>(journals.markUndone(journal));

@@ -14,10 +14,14 @@ namespace {
 
 constexpr std::string_view temporarySuffix = ".partial";
 
+/// What a home that is encrypted file by file has room for in a name, which is the least of all disks.
+constexpr std::size_t longestTemporaryName = 143;
+
 } // namespace
 
 FilePath VerifiedCopy::temporaryPath(const FilePath& destination) {
-    std::string name(clippedToBytes(destination.lastComponent(), longestFileName - temporarySuffix.size()));
+    std::string name(
+        clippedToBytes(destination.lastComponent(), longestTemporaryName - temporarySuffix.size()));
     return destination.parent().appending(name.append(temporarySuffix));
 }
 
@@ -39,7 +43,7 @@ TransferResult<void> VerifiedCopy::create(const FilePath& source) {
     }
     FileResult<std::unique_ptr<WritableFile>> file = fileSystem_.createFile(temporary_, FileAccess::everyone);
     if (!file) {
-        return TransferError(TransferFault::couldNotCreatePartial);
+        return TransferError(CouldNotCreatePartial{file.error()});
     }
     file_ = *std::move(file);
     return claim();
@@ -51,7 +55,7 @@ TransferResult<void> VerifiedCopy::claim() {
     const FileResult<void> locked = file_->lock();
     const bool isTaken = !locked && locked.error().errnoValue == EWOULDBLOCK;
     if (isTaken || !seeThatItIsMine(temporary_)) {
-        return TransferError(TransferFault::couldNotCreatePartial);
+        return TransferError(CouldNotCreatePartial{{FileAction::lock, temporary_, EWOULDBLOCK}});
     }
     return {};
 }

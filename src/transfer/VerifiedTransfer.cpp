@@ -24,7 +24,9 @@ bool isAsScanned(const MediaItem& item, const FileStatus& now) {
 FileTransactionItem VerifiedTransfer::transferFile(const MediaItem& item, const FilePath& destination,
                                                    OperationMode mode, TransferCancellationToken& token) {
     FileTransactionItem record = newRecord(item, destination);
+    lastError_.reset();
     if (!fileSystem_.exists(item.sourceURL)) {
+        lastError_ = FileError{FileAction::examine, item.sourceURL, ENOENT};
         fail(record, "Source file is no longer available.");
         return record;
     }
@@ -38,6 +40,7 @@ FileTransactionItem VerifiedTransfer::transferFile(const MediaItem& item, const 
         }
     }
     if (const TransferResult<void> done = bringIntoArchive(item, mode, token, record); !done) {
+        lastError_ = done.error();
         fail(record, message(done.error()));
     }
     return record;
@@ -60,6 +63,9 @@ TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, O
     // Such as a name too long: better told now than once all of the content was copied.
     if (found.error().errnoValue != ENOENT) {
         return TransferError(found.error());
+    }
+    if (archive_.disk().largestFile && item.fileSize > *archive_.disk().largestFile) {
+        return TransferError(FileError{FileAction::write, destination, EFBIG});
     }
     VerifiedCopy copy(fileSystem_, destination, cancelled);
     if (TransferResult<void> created = copy.create(item.sourceURL); !created) {
@@ -178,7 +184,22 @@ TransferResult<void> VerifiedTransfer::removeSource(HeldFile& source, const File
     if (!token.unlessCancelled([&] { removed = source.remove(); })) {
         conclude(record, TransactionStatus::verified, "Verified; move cancelled before source deletion");
     }
-    return removed;
+    return !removed && isKept(removed.error(), record) ? TransferResult<void>() : removed;
+}
+
+/// A card that is write-protected, or a folder of somebody else's: the copy is as good as any, so that only
+/// the source is told of.
+bool VerifiedTransfer::isKept(const TransferError& error, FileTransactionItem& record) {
+    const auto* refused = std::get_if<FileError>(&error);
+    const bool isProtected =
+        refused != nullptr && refused->action == FileAction::remove &&
+        (refused->errnoValue == EROFS || refused->errnoValue == EACCES || refused->errnoValue == EPERM);
+    if (isProtected) {
+        ++keptSources_.count;
+        keptSources_.first = keptSources_.first.value_or(*refused);
+        conclude(record, TransactionStatus::verified, "Verified; the source could not be removed");
+    }
+    return isProtected;
 }
 
 } // namespace lumeo

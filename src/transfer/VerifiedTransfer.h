@@ -64,6 +64,17 @@ public:
     FileTransactionItem transferFile(const MediaItem& item, const FilePath& destination, OperationMode mode,
                                      TransferCancellationToken& token);
 
+    /// Why the transfer of the last file failed; absent when it did not.
+    [[nodiscard]] const std::optional<TransferError>& lastError() const noexcept { return lastError_; }
+
+    /// Sources of a move that stay where they are, since the system lets nobody remove them. Their copies are
+    /// in the archive, verified.
+    struct KeptSources {
+        std::int64_t count = 0;
+        std::optional<FileError> first;
+    };
+    [[nodiscard]] const KeptSources& keptSources() const noexcept { return keptSources_; }
+
     /// Makes the names that copies made durable. Gives the folders where the device refused: what was
     /// put there may not outlive a loss of power.
     std::vector<UnflushedFolder> flushFolders() { return folders_.flushAll(); }
@@ -78,6 +89,7 @@ private:
                                    const CancellationCheck& cancelled, FileTransactionItem& record) const;
     TransferResult<std::string> sourceHash(const MediaItem& item, const CancellationCheck& cancelled) const;
     TransferResult<std::string> hash(const FilePath& path, const CancellationCheck& cancelled) const;
+    bool isKept(const TransferError& error, FileTransactionItem& record);
     TransferResult<void> removeSource(HeldFile& source, const FilePath& destinationFolder,
                                       TransferCancellationToken& token, FileTransactionItem& record);
 
@@ -85,6 +97,8 @@ private:
     const ArchiveHold& archive_;
     RunJournal* journal_;
     FolderFlusher folders_;
+    std::optional<TransferError> lastError_;
+    KeptSources keptSources_;
 };
 
 } // namespace lumeo

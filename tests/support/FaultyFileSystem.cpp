@@ -294,7 +294,13 @@ FileResult<void> FaultyFileSystem::flushFolder(const FilePath& folder) {
 }
 
 FileResult<VolumeSpace> FaultyFileSystem::volumeSpace(const FilePath& path) const {
-    return through("volumeSpace", FileAction::measure, path, [&] { return target_.volumeSpace(path); });
+    FileResult<VolumeSpace> space =
+        through("volumeSpace", FileAction::measure, path, [&] { return target_.volumeSpace(path); });
+    const std::lock_guard guard(mutex_);
+    if (space && spaceLeft_) {
+        space->available = *spaceLeft_;
+    }
+    return space;
 }
 
 } // namespace lumeo

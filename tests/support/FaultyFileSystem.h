@@ -66,6 +66,9 @@ public:
     FileResult<void> removeFile(const FilePath& path) override;
     FileResult<void> flushFolder(const FilePath& folder) override;
     FileResult<VolumeSpace> volumeSpace(const FilePath& path) const override;
+    [[nodiscard]] DiskTraits diskTraits(const FilePath& path) const override {
+        return target_.diskTraits(path); // no call to the disk worth counting
+    }
 
 private:
     friend class FaultyReadableFile;

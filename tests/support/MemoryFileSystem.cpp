@@ -37,7 +37,8 @@ private:
 
 void MemoryFileSystem::addFile(const FilePath& path, std::string_view content) {
     addFolder(path.parent());
-    entries_[path] = {FileKind::regular, std::string(content)};
+    const auto known = find(path); // in whatever letters
+    entries_[known != entries_.end() ? known->first : path] = {FileKind::regular, std::string(content)};
 }
 
 void MemoryFileSystem::addFolder(const FilePath& path) {
@@ -51,12 +52,21 @@ void MemoryFileSystem::addLink(const FilePath& path, const FilePath& target) {
     entries_[path] = {FileKind::symbolicLink, target.bytes()};
 }
 
+MemoryFileSystem::Entries::const_iterator MemoryFileSystem::find(const FilePath& path) const {
+    if (!traits.ignoresCase && !traits.ignoresComposition) {
+        return entries_.find(path);
+    }
+    const std::string wanted = comparableName(path.bytes(), traits);
+    return std::ranges::find_if(
+        entries_, [&](const auto& entry) { return comparableName(entry.first.bytes(), traits) == wanted; });
+}
+
 FileResult<FileStatus> MemoryFileSystem::status(const FilePath& path) const {
     ++examined_[path];
     if (const auto refused = refusedExamining_.find(path.parent()); refused != refusedExamining_.end()) {
         return FileError{FileAction::examine, path, refused->second};
     }
-    const auto found = entries_.find(path);
+    const auto found = find(path);
     if (found == entries_.end()) {
         return FileError{FileAction::examine, path, ENOENT};
     }
@@ -67,7 +77,7 @@ FileResult<FileStatus> MemoryFileSystem::status(const FilePath& path) const {
 }
 
 FileResult<FileStatus> MemoryFileSystem::targetStatus(const FilePath& path) const {
-    const auto found = entries_.find(path);
+    const auto found = find(path);
     const bool isLink = found != entries_.end() && found->second.kind == FileKind::symbolicLink;
     return status(isLink ? FilePath(found->second.content) : path);
 }
@@ -77,12 +87,13 @@ FileResult<std::unique_ptr<ReadableFile>> MemoryFileSystem::openForReading(const
         onOpen(path);
     }
     opened_.push_back(path);
-    if (const auto refused = refusedOpening_.find(path); refused != refusedOpening_.end()) {
+    auto found = find(path);
+    const FilePath& name = found != entries_.end() ? found->first : path;
+    if (const auto refused = refusedOpening_.find(name); refused != refusedOpening_.end()) {
         return FileError{FileAction::open, path, refused->second};
     }
-    auto found = entries_.find(path);
     if (found != entries_.end() && found->second.kind == FileKind::symbolicLink) {
-        found = entries_.find(FilePath(found->second.content));
+        found = find(FilePath(found->second.content));
     }
     if (found == entries_.end() || found->second.kind != FileKind::regular) {
         return FileError{FileAction::open, path, found == entries_.end() ? ENOENT : EISDIR};

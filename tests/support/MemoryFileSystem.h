@@ -21,10 +21,17 @@ public:
     void addLink(const FilePath& path, const FilePath& target);
 
     /// From now on, opening `path` fails with `errnoValue`.
-    void refuseOpening(const FilePath& path, int errnoValue) { refusedOpening_[path] = errnoValue; }
+    void refuseOpening(const FilePath& path, int errnoValue) {
+        const auto known = find(path);
+        refusedOpening_[known != entries_.end() ? known->first : path] = errnoValue;
+    }
 
     /// From now on, no name below `folder` can be examined: `errnoValue`, as where permission lacks.
     void refuseExamining(const FilePath& folder, int errnoValue) { refusedExamining_[folder] = errnoValue; }
+
+    /// What the disk takes. Of its comparisons, the lookup of existing names knows those of case and
+    /// composition.
+    DiskTraits traits;
 
     /// Called at each opening, before it.
     std::function<void(const FilePath&)> onOpen;
@@ -59,6 +66,7 @@ public:
     FileResult<void> removeFile(const FilePath& path) override { return refused(path); }
     FileResult<void> flushFolder(const FilePath& folder) override { return refused(folder); }
     FileResult<VolumeSpace> volumeSpace(const FilePath&) const override { return VolumeSpace{}; }
+    [[nodiscard]] DiskTraits diskTraits(const FilePath&) const override { return traits; }
 
 private:
     static FileError refused(const FilePath& path) { return {FileAction::write, path, EROFS}; }
@@ -68,7 +76,10 @@ private:
         std::string content; ///< of a link: its target
     };
 
-    std::map<FilePath, Entry> entries_;
+    using Entries = std::map<FilePath, Entry>;
+    [[nodiscard]] Entries::const_iterator find(const FilePath& path) const;
+
+    Entries entries_;
     std::map<FilePath, int> refusedOpening_;
     std::map<FilePath, int> refusedExamining_;
     mutable std::map<FilePath, int> examined_;

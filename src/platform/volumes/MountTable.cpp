@@ -1,8 +1,14 @@
 #include "platform/volumes/MountTable.h"
 
+#include "platform/PosixHandle.h"
+#include "platform/volumes/SystemFiles.h"
+
 #include <algorithm>
 #include <charconv>
 #include <ranges>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace lumeo {
 namespace {
@@ -56,12 +62,6 @@ std::optional<Mount> parseRow(std::string_view row) {
     return mount;
 }
 
-bool holds(const FilePath& folder, const FilePath& path) {
-    const std::string& above = folder.bytes();
-    return path.bytes().starts_with(above) &&
-           (above == "/" || path.bytes().size() == above.size() || path.bytes()[above.size()] == '/');
-}
-
 } // namespace
 
 std::vector<Mount> parseMountTable(std::string_view text) {
@@ -81,12 +81,25 @@ std::optional<Mount> mountHolding(const FilePath& path, std::optional<std::uint6
         if (mount.id == mountId) {
             return mount;
         }
-        if (holds(mount.point, path) &&
+        if (path.liesIn(mount.point) &&
             (deepest == nullptr || mount.point.bytes().size() >= deepest->point.bytes().size())) {
             deepest = &mount;
         }
     }
     return deepest != nullptr ? std::optional(*deepest) : std::nullopt;
+}
+
+std::optional<Mount> mountUnder(const FilePath& path, const FilePath& systemRoot) {
+    struct statx told {};
+    const int result = callAt(
+        path, [&told](int folder, const char* name) { return statx(folder, name, 0, STATX_MNT_ID, &told); });
+    if (result != 0) {
+        return std::nullopt;
+    }
+    const bool isNumbered = (told.stx_mask & STATX_MNT_ID) != 0;
+    const std::string table = contentOfSystemFile(systemRoot.appending("proc/self/mountinfo"));
+    return mountHolding(path, isNumbered ? std::optional<std::uint64_t>(told.stx_mnt_id) : std::nullopt,
+                        parseMountTable(table));
 }
 
 } // namespace lumeo

@@ -27,4 +27,8 @@ std::vector<Mount> parseMountTable(std::string_view text);
 std::optional<Mount> mountHolding(const FilePath& path, std::optional<std::uint64_t> mountId,
                                   const std::vector<Mount>& table);
 
+/// The mount that holds a path now. Absent when the path does not exist, or its mount is none that this
+/// process may see. `systemRoot` is where "proc" lies.
+std::optional<Mount> mountUnder(const FilePath& path, const FilePath& systemRoot);
+
 } // namespace lumeo

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
-import Lumeo.Window
 
 /// One figure of the last run, as wide as its neighbours.
 Rectangle {

@@ -1,6 +1,5 @@
 import QtQuick.Layouts
 import Lumeo.Kit
-import Lumeo.Window
 
 /// A tile as wide as its neighbours, whatever figures they show.
 StatTile {

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
-import Lumeo.Window
 
 /// One chosen folder or drive.
 Card {

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
-import Lumeo.Window
 
 /// The place to drop folders, with a button for users who prefer to choose them. It becomes smaller when
 /// there is something to show below it.

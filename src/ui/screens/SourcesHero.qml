@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
-import Lumeo.Window
 
 /// What the program is for, in two lines.
 ColumnLayout {

@@ -1,6 +1,5 @@
 import QtQuick
 import Lumeo.Kit
-import Lumeo.Window
 
 /// Writes its text where the cursor is.
 ButtonBase {

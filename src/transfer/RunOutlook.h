@@ -1,0 +1,47 @@
+#pragma once
+
+#include "model/MediaItem.h"
+#include "transfer/ArchiveHold.h"
+#include "transfer/TransferError.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace lumeo {
+
+/// Tells, after a file of a run has failed, whether any of those that are left can still succeed. What is
+/// wrong with one file says nothing of the next; a full disk, or one that has gone, does. Used by the thread
+/// that runs.
+class RunOutlook {
+public:
+    /// All must outlive the outlook. `items` are those of the run, in its order.
+    RunOutlook(FileSystem& fileSystem, const ArchiveHold& archive, std::span<const FilePath> sourceRoots,
+               std::span<const MediaItem> items);
+
+    /// Why none of the items from `next` on can succeed, now that the one before failed with `error`: one
+    /// sentence for a person. Absent when one of them may.
+    std::optional<std::string> hopelessness(std::size_t next, const TransferError& error);
+
+private:
+    struct Source {
+        FilePath root;
+        std::optional<std::uint64_t> device; ///< when the run began
+    };
+
+    [[nodiscard]] bool isArchiveGone() const;
+    bool isFullForAll(std::size_t next);
+    bool areSourcesGone(std::size_t next);
+    [[nodiscard]] bool hasGone(const Source& source) const;
+
+    FileSystem& fileSystem_;
+    const ArchiveHold& archive_;
+    std::span<const MediaItem> items_;
+    std::vector<Source> sources_;
+    std::vector<std::int64_t> smallestFrom_; ///< of each item and those behind it; made when first needed
+};
+
+} // namespace lumeo

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "model/MediaItem.h"
+#include "transfer/OperationManifest.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace lumeo {
+
+/// How much of one source a run has proven to be in the archive.
+struct SourceProof {
+    FilePath root;
+    std::int64_t mediaFiles = 0; ///< that the scan found in it
+    std::int64_t inArchive = 0;  ///< of these: copied and verified, or found there with the same content
+    friend bool operator==(const SourceProof&, const SourceProof&) = default;
+};
+
+/// One for each source of the run, in its order, from its records alone. An item that lies in two sources
+/// counts for the first. `items` are those of the run. Any thread may call.
+std::vector<SourceProof> proveSources(const OperationManifest& run, std::span<const MediaItem> items);
+
+} // namespace lumeo
