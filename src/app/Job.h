@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/BackgroundJobs.h"
+#include "platform/Mutex.h"
 
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <utility>
@@ -20,7 +20,7 @@ public:
     /// job does.
     template<class Take>
     void post(QObject& context, Value value, Take take) {
-        const std::scoped_lock lock(mutex_);
+        const MutexGuard guard(mutex_);
         const bool isOnItsWay = value_.has_value();
         value_ = std::move(value);
         if (!isOnItsWay) {
@@ -32,12 +32,12 @@ public:
 
 private:
     Value taken() {
-        const std::scoped_lock lock(mutex_);
+        const MutexGuard guard(mutex_);
         return *std::exchange(value_, std::nullopt);
     }
 
-    std::mutex mutex_;
-    std::optional<Value> value_; ///< guarded by mutex_
+    Mutex mutex_;
+    std::optional<Value> value_ LUMEO_GUARDED_BY(mutex_);
 };
 
 /// A place for one kind of long work, of which only the latest counts: starting it again stops the one before

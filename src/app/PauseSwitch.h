@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/Mutex.h"
+
 #include <memory>
-#include <mutex>
 #include <utility>
 
 namespace lumeo {
@@ -14,7 +15,7 @@ public:
     explicit PauseSwitch(std::shared_ptr<Service> service) : service_(std::move(service)) {}
 
     void set(bool paused) {
-        const std::scoped_lock lock(mutex_);
+        const MutexGuard guard(mutex_);
         isPaused_ = paused;
         if (paused) {
             service_->pause();
@@ -25,15 +26,15 @@ public:
 
     /// To be called on the service's own thread while it works.
     void hold() {
-        const std::scoped_lock lock(mutex_);
+        const MutexGuard guard(mutex_);
         if (isPaused_) {
             service_->pause();
         }
     }
 
 private:
-    std::mutex mutex_;
-    bool isPaused_ = false; ///< guarded by mutex_
+    Mutex mutex_;
+    bool isPaused_ LUMEO_GUARDED_BY(mutex_) = false;
     std::shared_ptr<Service> service_;
 };
 
