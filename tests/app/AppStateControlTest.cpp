@@ -451,7 +451,7 @@ TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
             } while (std::chrono::steady_clock::now() < until);
         }
     };
-    constexpr int mostRounds = 300; // a busy machine needs more until a run comes to its end
+    constexpr int mostRounds = 300; // a run takes longer to end on a busy machine
     for (int round = 0; round < 10 || (runEnds_ == 0 && round < mostRounds); ++round) {
         give(allCommands, 40);
         state().resumeScan();
