@@ -11,7 +11,7 @@ namespace lumeo {
 
 class AppState;
 
-/// A running run: its figures, and the commands to pause and to end it.
+/// The run in progress: its figures, and the commands to pause and to end it.
 class ProcessingModel : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -10,7 +10,7 @@
 
 namespace lumeo {
 
-/// The figures of a running run as they are shown.
+/// The figures of a run in progress, as they are shown.
 struct RunFigures {
     Q_GADGET
     QML_ANONYMOUS
