@@ -1,21 +1,21 @@
-# One library a folder of src/, and no more on its include path than the folders that it may use: an include
-# against the floors finds no file. src/CMakeLists.txt holds the table.
+# Each folder of src/ is one library. Its include path has only the folders that it may use, so an include
+# against the floors finds no file. src/CMakeLists.txt has the table.
 
 file(WRITE ${PROJECT_BINARY_DIR}/floors/table "")
 
-# lumeo_floor(folder SEES folder…): what the code of a folder may include beside its own headers; what those
-# folders see, it sees too. Link lumeo_floor_NAME to build code of the folder, NAME being its last part.
+# lumeo_floor(folder SEES folder…): the folders whose headers the code of a folder may include. The folder
+# also sees what those folders see. Code of the folder links lumeo_floor_NAME, where NAME is its last part.
 function(lumeo_floor folder)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SEES")
     cmake_path(GET folder FILENAME name)
     cmake_path(GET folder PARENT_PATH above)
-    # A folder of its own, with a link to the one that is meant: includes are written from src/, and src/
-    # itself would show them all.
+    # The include path is a separate folder with a link to the folder that is meant. Includes are written from
+    # src/, but src/ itself would show all folders.
     set(view ${PROJECT_BINARY_DIR}/floors/${name})
     get_property(floors GLOBAL PROPERTY LUMEO_FLOORS)
     set_property(GLOBAL APPEND PROPERTY LUMEO_FLOORS ${folder})
     set(shown ${folder})
-    if(floors MATCHES "${folder}/") # floors of their own within it are not shown with it
+    if(floors MATCHES "${folder}/") # nested folders with their own floors are not shown with it
         set(source ${PROJECT_SOURCE_DIR}/src)
         file(GLOB shown CONFIGURE_DEPENDS RELATIVE ${source} ${source}/${folder}/*)
         list(REMOVE_ITEM shown ${floors})
@@ -36,7 +36,7 @@ function(lumeo_floor folder)
     file(APPEND ${PROJECT_BINARY_DIR}/floors/table "${folder} ${seen}\n")
 endfunction()
 
-# lumeo_add_library(name sources…): the library of a folder that knows no window toolkit.
+# lumeo_add_library(name sources…): the library of a folder that does not use Qt.
 function(lumeo_add_library name)
     add_library(lumeo_${name} STATIC ${ARGN})
     target_link_libraries(lumeo_${name} PUBLIC lumeo_floor_${name} PRIVATE lumeo_warnings)

@@ -1,5 +1,5 @@
-# The distribution's hardening flags, for what is built to be used: code at no fixed place, a guarded stack,
-# checked copies, and tables of the linker that cannot be written to.
+# The distribution's hardening flags, for builds that people use: position-independent code, a guarded stack,
+# checked copies, and read-only linker tables.
 if(NOT LUMEO_SANITIZE)
     include(CheckPIESupported)
     check_pie_supported()

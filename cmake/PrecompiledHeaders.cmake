@@ -1,7 +1,8 @@
-# Reading the same few headers would be most of a first build. Each file names those it uses all the same:
-# the sanitizer presets build without these.
+# Without this, a first build would mostly read the same few headers. Each file must still include what it
+# uses, because the sanitizer presets build without precompiled headers.
 
-# lumeo_precompile(target headers…): what nearly all of a large target reads, beside what the core reads.
+# lumeo_precompile(target headers…): the headers that nearly all files of a large target read, in addition to
+# those of the core.
 function(lumeo_precompile target)
     target_precompile_headers(${target} PRIVATE
         <algorithm> <array> <chrono> <condition_variable> <filesystem> <functional> <memory> <mutex>
@@ -9,11 +10,12 @@ function(lumeo_precompile target)
         <nlohmann/json.hpp>
         ${ARGN})
     if(LUMEO_CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
-        target_compile_options(${target} PRIVATE -fpch-preprocess) # which it asks for
+        target_compile_options(${target} PRIVATE -fpch-preprocess) # ccache needs this flag
     endif()
 endfunction()
 
-# lumeo_share_precompiled(target owner): the headers of another target, which is compiled with the same flags.
+# lumeo_share_precompiled(target owner): uses the headers of another target that is compiled with the same
+# flags.
 function(lumeo_share_precompiled target owner)
     if(CMAKE_DISABLE_PRECOMPILE_HEADERS)
         return()

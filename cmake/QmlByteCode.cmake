@@ -1,6 +1,6 @@
-# What is generated from a target's QML files holds byte code only: bindings that ask the theme gain nothing
-# from becoming C++, which takes a minute to compile. All of it is compiled as one file, for each by itself
-# would read the same headers for a second.
+# Only byte code is generated from a target's QML files. As C++, bindings to the theme would not be faster,
+# but would take a minute to compile. All generated files are compiled as one, because each alone would read
+# the same headers for a second.
 function(lumeo_bundle_byte_code target)
     set_target_properties(${target} PROPERTIES
         QT_QMLCACHEGEN_ARGUMENTS --only-bytecode

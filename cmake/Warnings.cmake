@@ -1,5 +1,5 @@
-# Every target of ours compiles without a warning. The presets that we work with take one for an error; `run`,
-# which is for everybody, does not, as a compiler that we do not know may warn of more.
+# All our targets compile without a warning. In the presets that developers use, a warning is an error. In
+# `run`, which is for everybody, it is not, because an unknown compiler may warn about more.
 add_library(lumeo_warnings INTERFACE)
 target_compile_options(lumeo_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast

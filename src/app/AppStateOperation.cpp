@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-// The state's work on files: the run, and the way back.
+// The part of the state that works on files: the run and its undo.
 namespace lumeo {
 namespace {
 
@@ -31,7 +31,7 @@ void AppState::startOperation() {
     startAwaitedOperation();
 }
 
-/// A run waits for the plan and for a cancelled run that is yet to end.
+/// A run waits for the plan and for the end of a cancelled run.
 bool AppState::canRun() const {
     return isStartingOperation_ && isPlanCurrent_ && !isPlanning() && !isRunEnding();
 }
@@ -43,7 +43,7 @@ void AppState::takeStartBack() {
 void AppState::startAwaitedOperation() {
     if (canRun()) {
         measureDestination([this](const MeasuredDestination& now) {
-            // The destination may have been chosen so lately that this is the first look at it.
+            // The destination may have been chosen a moment ago, and this is then the first look at it.
             destinationDevice_ = destinationDevice_ ? destinationDevice_ : now.device;
             if (canRun()) {
                 runOrRefuse();
@@ -77,7 +77,7 @@ void AppState::prepareAndRun() {
         },
         [this, catalogue = scannedItems_](Prepared prepared) {
             if (!canRun() || catalogue != scannedItems_) {
-                return; // taken back meanwhile
+                return; // the start was cancelled in the meantime
             }
             if (prepared) {
                 runOperation(std::make_shared<PreparedRun>(*std::move(prepared)));
@@ -106,9 +106,9 @@ void AppState::runOperation(const std::shared_ptr<PreparedRun>& prepared) {
     operation_.start(
         [engine, prepared, pause = operationPause_, items = scannedItems_,
          plan = organizationPlan_](const std::stop_token& stop, const auto& report) {
-            // The stop alone would let the file in transfer finish first, be it 100 GB long.
+            // With the stop alone, the current file would be finished first, even if it is 100 GB long.
             const std::stop_callback cancelling(stop, [&engine] { engine->cancel(); });
-            // Gives the archive back before the end is told, so that the next run finds it free.
+            // Releases the archive before the end is announced, so that the next run finds it free.
             PreparedRun run = std::move(*prepared);
             return std::make_shared<const OperationManifest>(engine->execute(
                 run, *items, plan,
@@ -124,7 +124,7 @@ void AppState::runOperation(const std::shared_ptr<PreparedRun>& prepared) {
 
 void AppState::showProgress(OperationProgress progress) {
     if (operationPause_ == nullptr) {
-        return; // of a cancelled run, after which the wizard has begun again
+        return; // from a cancelled run, after which the wizard has started again
     }
     progress.isPaused = operationProgress_.isPaused && !progress.isCompleted;
     progress.isCancelled = progress.isCancelled || operationProgress_.isCancelled;
@@ -133,7 +133,7 @@ void AppState::showProgress(OperationProgress progress) {
 }
 
 void AppState::finishOperation(const std::shared_ptr<const OperationManifest>& journal) {
-    // What a cancel is to show was shown when it was asked for.
+    // A cancel was shown at once when it was requested.
     const bool isCancelled = !isProcessing_;
     operationPause_ = nullptr;
     if (!isCancelled) {
@@ -142,7 +142,7 @@ void AppState::finishOperation(const std::shared_ptr<const OperationManifest>& j
         environment_.preferences.setLastOperationSummary(
             LastOperationSummary::of(*journal, environment_.clock.now()));
         emit lastOperationSummaryChanged();
-        isPlanCurrent_ = false; // the archive is another one now
+        isPlanCurrent_ = false; // the archive has changed
         complete({WizardStep::preview, WizardStep::processing, WizardStep::report});
         goTo(WizardStep::report);
     }
@@ -177,7 +177,7 @@ void AppState::cancelOperation() {
     emit operationProgressChanged();
     change(isProcessing_, false, &AppState::isProcessingChanged);
     goTo(WizardStep::preview);
-    // Has to wait while a source is being removed, which a slow disk takes its time for.
+    // This waits while a source is being removed, which can take long on a slow disk.
     jobs_.start(
         [stop = operation_.stopSource()](const std::stop_token&) mutable { return stop.request_stop(); },
         [](bool) {});
@@ -281,7 +281,7 @@ void AppState::finishUndo(Result<UndoResult, std::string> result) {
     }
     emit isUndoingChanged();
     emit undoResultChanged();
-    outdatePlan(); // the archive is another one now
+    outdatePlan(); // the archive has changed
     readRecentRuns();
 }
 

@@ -12,12 +12,12 @@
 
 namespace lumeo {
 
-/// Long work on threads of its own, whose results come back through the event loop. Main thread only.
-/// Destroying it asks every job to stop and waits for them; their results are dropped.
+/// Runs long work on separate threads and brings the results back through the event loop. Main thread only.
+/// The destructor asks every job to stop and waits for it. The results are then dropped.
 class BackgroundJobs {
 public:
-    /// Results are delivered on the thread of `context`, which must outlive this object and whose
-    /// events this object's owner must not outlive.
+    /// Results are delivered on the thread of `context`, which must outlive this object. The owner of this
+    /// object must outlive the events of `context`.
     explicit BackgroundJobs(QObject& context) : context_(context) {}
     BackgroundJobs(const BackgroundJobs&) = delete;
     BackgroundJobs& operator=(const BackgroundJobs&) = delete;
@@ -28,7 +28,7 @@ public:
         }
     }
 
-    /// Runs `work(stop_token)` on a thread of its own and then `finish(result)` on the main one.
+    /// Runs `work(stop_token)` on a separate thread and then `finish(result)` on the main thread.
     template<class Work, class Finish>
     std::stop_source start(Work work, Finish finish) {
         using Outcome = std::invoke_result_t<Work&, std::stop_token>;
@@ -39,7 +39,7 @@ public:
             QMetaObject::invokeMethod(
                 &context_,
                 [this, thread, outcome = std::move(outcome), finish = std::move(finish)] {
-                    thread->join(); // it has nothing left to do; left unjoined it would be told to stop
+                    thread->join(); // it has nothing left to do; unjoined it would be told to stop
                     threads_.erase(thread);
                     finish(std::move(*outcome));
                 },

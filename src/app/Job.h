@@ -11,13 +11,12 @@
 
 namespace lumeo {
 
-/// Brings the latest of many values from a job to the main thread: values that come faster than they
-/// are taken replace each other, so the event loop never holds more than one for it.
+/// Brings the latest of many values from a job to the main thread. A value that was not taken is replaced by
+/// the next one, so the event loop never holds more than one event for it.
 template<class Value>
 class LatestValue : public std::enable_shared_from_this<LatestValue<Value>> {
 public:
-    /// Any thread. `take(value)` is called on the thread of `context`, which must live as long as the
-    /// job does.
+    /// Any thread. `take(value)` is called on the thread of `context`, which must live as long as the job.
     template<class Take>
     void post(QObject& context, Value value, Take take) {
         const MutexGuard guard(mutex_);
@@ -40,17 +39,17 @@ private:
     std::optional<Value> value_ LUMEO_GUARDED_BY(mutex_);
 };
 
-/// A place for one kind of long work, of which only the latest counts: starting it again stops the one before
-/// and forgets what that still has to say. Main thread only.
+/// One kind of long work, of which only the latest start counts. Starting it again stops the earlier work and
+/// drops its reports and its result. Main thread only.
 template<class Progress = std::monostate>
 class Job {
 public:
-    /// Both must outlive the job; `context` lives on the main thread.
+    /// Both must outlive the job. `context` lives on the main thread.
     Job(BackgroundJobs& threads, QObject& context) : threads_(threads), context_(context) {}
 
-    /// Runs `work(stop_token, report)` on a thread of its own, where `report(Progress)` may be called as
-    /// often as there is something new. On the main thread `show(Progress)` gets the latest of these, and at
-    /// last `finish(result)` what the work has returned.
+    /// Runs `work(stop_token, report)` on a separate thread. There `report(Progress)` may be called as often
+    /// as there is something new. On the main thread, `show(Progress)` gets the latest of these, and
+    /// `finish(result)` gets the result of the work at the end.
     template<class Work, class Show, class Finish>
     void start(Work work, Show show, Finish finish) {
         drop();
@@ -76,7 +75,7 @@ public:
             });
     }
 
-    /// The same for work that has nothing to tell before its end: `work(stop_token)`.
+    /// The same for work without progress: `work(stop_token)`.
     template<class Work, class Finish>
     void start(Work work, Finish finish) {
         start([work = std::move(work)](const std::stop_token& stop,
@@ -84,12 +83,12 @@ public:
               [](const Progress& /*progress*/) {}, std::move(finish));
     }
 
-    /// Asks the work to end early. What it has come to by then is still delivered.
+    /// Asks the work to end early. Its result is still delivered.
     void stop() { stop_.request_stop(); }
-    /// The same from another thread, where what listens to the stop may take its time.
+    /// The same for another thread, because the functions that react to the stop may take long.
     [[nodiscard]] std::stop_source stopSource() const { return stop_; }
 
-    /// Asks the work to end and delivers nothing more of it.
+    /// Asks the work to end. Neither its progress nor its result is delivered.
     void drop() {
         stop();
         ++number_;
@@ -102,7 +101,7 @@ private:
     BackgroundJobs& threads_;
     QObject& context_;
     std::stop_source stop_{std::nostopstate};
-    int number_ = 0; ///< of the latest work: what an older one still says is not listened to
+    int number_ = 0; ///< of the latest work; reports of older work are ignored
     bool isRunning_ = false;
 };
 

@@ -7,8 +7,8 @@
 
 namespace lumeo {
 
-/// Carries a pause to a service on another thread. A service forgets a pause that reaches it before it
-/// has begun; hold() renews it.
+/// Passes a pause to a service on another thread. A service forgets a pause that comes before it has started,
+/// so hold() repeats it.
 template<class Service>
 class PauseSwitch {
 public:
@@ -24,7 +24,7 @@ public:
         }
     }
 
-    /// To be called on the service's own thread while it works.
+    /// Must be called on the service's own thread while it works.
     void hold() {
         const MutexGuard guard(mutex_);
         if (isPaused_) {

@@ -21,7 +21,7 @@ std::int64_t otherCount(const CheckOutcome& outcome) {
     return count;
 }
 
-/// "36 .xmp, 2 .txt", the most frequent first.
+/// "36 .xmp, 2 .txt", the most frequent kind first.
 std::string kinds(const CheckOutcome& outcome) {
     std::vector<std::pair<std::string, std::int64_t>> sorted(outcome.otherFiles.begin(),
                                                              outcome.otherFiles.end());

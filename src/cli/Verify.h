@@ -5,7 +5,7 @@
 
 namespace lumeo::cli {
 
-/// What a check or a verification has come to, for the status line.
+/// The current result of a check or a verification, for the status line.
 std::string readingFacts(const ReadingProgress& progress);
 
 /// Compares an archive with the list of digests in its root.

@@ -19,14 +19,14 @@ namespace {
 constexpr std::size_t digestSize = 32;
 using Digest = std::array<std::uint8_t, digestSize>;
 
-/// Looking the algorithm up takes the library's locks; once is enough for the whole program.
+/// Looking up the algorithm takes the library's locks, so it happens once for the whole program.
 const EVP_MD* sha256Algorithm() {
     static const std::unique_ptr<EVP_MD, decltype(&EVP_MD_free)> algorithm(
         EVP_MD_fetch(nullptr, "SHA256", nullptr), &EVP_MD_free);
     return algorithm.get();
 }
 
-/// An incremental SHA-256. Any step the library refuses makes the digest unavailable, never wrong.
+/// An incremental SHA-256. If the library refuses a step, the digest becomes unavailable, but never wrong.
 class Sha256 {
 public:
     Sha256() : context_(EVP_MD_CTX_new(), &EVP_MD_CTX_free) {
@@ -60,7 +60,7 @@ std::string hexText(const Digest& digest) {
     return text;
 }
 
-/// The digest of what `read(chunk)` gives until it gives nothing.
+/// The digest of everything that `read(chunk)` returns until it returns nothing.
 template<class Read>
 Result<std::string, HashError> digestOf(Read read, const FilePath& path, std::size_t bytesPerRead,
                                         const CancellationCheck& cancelled) {

@@ -13,25 +13,25 @@
 
 namespace lumeo {
 
-/// A stretch of a file.
+/// A range of bytes in a file.
 struct FileRange {
     std::uint64_t offset = 0;
     std::uint64_t length = 0;
     friend bool operator==(const FileRange&, const FileRange&) = default;
 };
 
-/// What stands behind the first `count` bytes of a stretch, which may be fewer.
+/// The rest of a range after its first `count` bytes. If the range is shorter, nothing is left.
 constexpr FileRange behind(FileRange range, std::uint64_t count) {
     count = count < range.length ? count : range.length;
     return {range.offset + count, range.length - count};
 }
 
-/// Small reads from anywhere in a file, through two buffers: one holds the beginning, where most of
-/// what is asked for lies, one the place that was read last. Used by one thread.
+/// Small reads from anywhere in a file, through two buffers. One holds the start of the file, where most of
+/// the wanted data is. The other holds the last place that was read. Used by one thread.
 ///
-/// Files are read and not mapped, since a failing card would end the program with a signal. All that
-/// one window ever reads or shows is bounded, and so is its life, so that no file takes long, however it
-/// leads about and however slow its disk is.
+/// Files are read and not mapped, because a failing card would end the program with a signal. The bytes that
+/// one window reads or shows are bounded, and so is its lifetime. So no file takes long, wherever its offsets
+/// lead and however slow its disk is.
 class FileWindow {
 public:
     static constexpr std::size_t headSize = 16 * 1024;
@@ -43,18 +43,18 @@ public:
     /// `file` must outlive the window. Once a stop is requested, nothing more is read.
     explicit FileWindow(ReadableFile& file, std::stop_token stop = {});
 
-    /// Exactly `count` bytes from `offset`, valid until the next call; absent where the file ends or
-    /// cannot be read, above `largestView`, and when a budget is spent.
+    /// Exactly `count` bytes from `offset`, valid until the next call. Absent when the file ends earlier or
+    /// cannot be read, when `count` is above `largestView`, and when a budget is spent.
     std::optional<std::string_view> view(std::uint64_t offset, std::size_t count);
 
-    /// A copy of the bytes from `offset` on, fewer than `count` where the file ends; none where view() gives
-    /// none.
+    /// A copy of the bytes from `offset`. It has fewer than `count` bytes at the end of the file. Empty when
+    /// view() would give nothing.
     std::string read(std::uint64_t offset, std::size_t count);
 
-    /// Reads up to `count` bytes straight into `target`, within the budget; gives how many came.
+    /// Reads up to `count` bytes directly into `target`, within the budget. Returns the number of bytes read.
     std::size_t copy(std::uint64_t offset, char* target, std::size_t count);
 
-    /// The file's length in bytes; 0 when it cannot be told.
+    /// The file's length in bytes. 0 when it is unknown.
     std::uint64_t size();
 
 private:

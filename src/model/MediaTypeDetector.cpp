@@ -20,14 +20,14 @@ constexpr auto raw = MediaType::rawPhoto;
 constexpr auto photo = MediaType::photo;
 constexpr auto video = MediaType::video;
 
-/// For formats that have no identifier of their own.
+/// For formats that have no identifier.
 constexpr std::string_view anyRawImage = "public.camera-raw-image";
 constexpr std::string_view anyImage = "public.image";
 constexpr std::string_view anyMovie = "public.movie";
 constexpr std::string_view anyAudio = "public.audio";
 
-/// Raw stands before image where a format is both. Audio is audiovisual content like a movie, so that
-/// recordings made with a camera stay with its pictures.
+/// If a format is both raw and image, raw comes first. Audio counts as audiovisual content like a movie, so
+/// that a camera's recordings stay with its pictures.
 constexpr std::array extensionsByTheme{
     KnownExtension{"3fr", raw, "com.hasselblad.3fr-raw-image"},
     KnownExtension{"arw", raw, "com.sony.arw-raw-image"},
@@ -200,7 +200,7 @@ constexpr std::size_t longestExtension =
         return known.extension.size();
     }).extension.size();
 
-/// The detections in the order of knownExtensions: their shared texts are made once.
+/// The detections in the order of knownExtensions. Their shared texts are made once.
 const auto& detections() {
     static const auto all = [] {
         std::array<MediaTypeDetector::Detection, knownExtensions.size()> made;

@@ -9,15 +9,15 @@
 
 namespace lumeo {
 
-/// A ready-made folder structure, or `custom` for a template of the user's own.
+/// A preset folder structure, or `custom` for the user's own template.
 enum class OrganizationPreset { yearAndMonth, yearOnly, exactDate, custom };
 
 enum class OperationMode { copy, move };
 
-/// What becomes of the later members of a group of byte-identical files.
+/// What to do with the later members of a group of byte-identical files.
 enum class DuplicatePolicy { skipDuplicates, copyToDuplicatesFolder, keepAll };
 
-/// What becomes of files without a capture date.
+/// What to do with files without a capture date.
 enum class UnknownDatePolicy { unknownFolder, useFilesystemDate };
 
 std::string_view title(OrganizationPreset preset);
@@ -27,16 +27,16 @@ std::string_view displayName(OperationMode mode);
 std::string_view displayName(DuplicatePolicy policy);
 std::string_view displayName(UnknownDatePolicy policy);
 
-/// The user's choice of how the archive is to be built.
+/// The user's choices for the structure of the archive.
 struct OrganizationPlan {
     OrganizationPreset preset = OrganizationPreset::yearAndMonth;
-    std::string customTemplate{defaultTemplate(OrganizationPreset::yearAndMonth)}; ///< read for `custom` only
+    std::string customTemplate{defaultTemplate(OrganizationPreset::yearAndMonth)}; ///< used only for `custom`
     std::optional<FilePath> destinationURL; ///< the archive's root folder
     OperationMode operationMode = OperationMode::copy;
     DuplicatePolicy duplicatePolicy = DuplicatePolicy::skipDuplicates;
     UnknownDatePolicy unknownDatePolicy = UnknownDatePolicy::unknownFolder;
-    bool verifyTransfers = true; ///< the user's switch; every transfer is verified whatever it says
-    bool listsChecksums = false; ///< the run adds its digests to the archive's list of them
+    bool verifyTransfers = true; ///< the user's switch; every transfer is verified in either case
+    bool listsChecksums = false; ///< the run adds its digests to the archive's list
 
     friend bool operator==(const OrganizationPlan&, const OrganizationPlan&) = default;
 };

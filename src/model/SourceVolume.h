@@ -12,7 +12,7 @@
 
 namespace lumeo {
 
-/// The room on the volume that holds a folder.
+/// The space on the volume that holds a folder.
 struct VolumeCapacity {
     FilePath volumeRootURL; ///< mount point, or the folder itself when none was found
     std::optional<std::int64_t> totalBytes;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t itemsBetweenReports = 64;
 
-/// Gives out the places of one planning pass.
+/// Gives out the destinations of one planning pass.
 class Pass {
 public:
     Pass(const OrganizationPlan& plan, const FileSystem& fileSystem, const DiskTraits& disk,
@@ -48,7 +48,7 @@ private:
         return root.appending(fittedFolder(folder));
     }
 
-    /// Each of the folder's names as the disk takes it.
+    /// Each name of the folder in a form that the disk accepts.
     [[nodiscard]] std::string fittedFolder(std::string_view folder) const {
         std::string fitted;
         for (std::size_t start = 0; start <= folder.size();) {

@@ -20,7 +20,7 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The field that a letter of a form stands for; null for characters that stand for themselves.
+/// The field that a letter of a form means. Null for characters that mean themselves.
 int* fieldOf(WallTime& time, char letter) {
     switch (letter) {
     case 'y':
@@ -40,7 +40,7 @@ int* fieldOf(WallTime& time, char letter) {
     }
 }
 
-/// Reads `text` digit by digit along `form`; ranges are not looked at.
+/// Reads `text` digit by digit according to `form`, without checking ranges.
 std::optional<WallTime> matchForm(std::string_view text, std::string_view form) {
     if (text.size() != form.size()) {
         return std::nullopt;
@@ -81,8 +81,7 @@ std::optional<seconds> parseOffset(std::string_view text) {
     return text.front() == '-' ? -amount : amount;
 }
 
-/// Takes a fraction such as ".123" off the front of `text`, when one stands there. Absent when it is
-/// malformed.
+/// Removes a fraction such as ".123" from the front of `text`, if there is one. Absent when it is malformed.
 std::optional<microseconds> takeFraction(std::string_view& text) {
     constexpr std::size_t mostDigits = 9;
     constexpr std::size_t digitsKept = 6;
@@ -105,7 +104,7 @@ std::optional<microseconds> takeFraction(std::string_view& text) {
     return microseconds(value);
 }
 
-/// Takes a number of one or two digits off the front of `text`, and the blanks before it.
+/// Removes a number of one or two digits, and the blanks before it, from the front of `text`.
 bool takeNumber(std::string_view& text, int& number) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     std::size_t count = 0;
@@ -122,7 +121,7 @@ bool takeCharacter(std::string_view& text, char character) {
     return isThere;
 }
 
-/// Takes the day off the front of a photo's date.
+/// Removes the day from the front of a photo's date.
 bool takeDay(std::string_view& text, WallTime& time) {
     constexpr std::string_view separators = ":-./";
     const std::optional<WallTime> year = matchForm(text.substr(0, 4), "yyyy");
@@ -135,7 +134,7 @@ bool takeDay(std::string_view& text, WallTime& time) {
     return takeNumber(text, time.month) && takeCharacter(text, separator) && takeNumber(text, time.day);
 }
 
-/// Takes hour, minute and perhaps second off the front of `text`.
+/// Removes hour, minute and, if present, second from the front of `text`.
 bool takeTime(std::string_view& text, WallTime& time) {
     return takeNumber(text, time.hour) && takeCharacter(text, ':') && takeNumber(text, time.minute) &&
            (!takeCharacter(text, ':') || takeNumber(text, time.second));

@@ -16,7 +16,7 @@
 namespace lumeo {
 namespace {
 
-/// The next character of `text`, which negative means an ill-formed byte, and moves `position` behind it.
+/// The next character of `text`; a negative value means an ill-formed byte. Moves `position` after it.
 UChar32 nextCharacter(std::string_view text, std::size_t& position) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     auto next = static_cast<std::int64_t>(position);
@@ -45,7 +45,7 @@ std::size_t lengthOf(std::string_view text, const DiskTraits& disk) {
     return units;
 }
 
-/// As many whole characters of `text`, from its start, as make up `length`.
+/// As many whole characters from the start of `text` as fit into `length`.
 std::string_view clipped(std::string_view text, std::size_t length, const DiskTraits& disk) {
     if (!disk.countsUtf16) {
         return clippedToBytes(text, length);
@@ -77,7 +77,7 @@ bool isRefused(char character) {
     return byte < 0x20U || byte == 0x7FU || refused.find(character) != std::string_view::npos;
 }
 
-/// Whether the name without its extensions is that of a device.
+/// Whether the name without its extensions is the name of a device.
 bool namesADevice(std::string_view name) {
     constexpr std::array<std::string_view, 4> whole{"con", "prn", "aux", "nul"};
     constexpr std::array<std::string_view, 2> numbered{"com", "lpt"};
@@ -106,7 +106,7 @@ void replaceEnd(std::string& name) {
     }
 }
 
-/// Some disks compare by upper-case letters, one by one, and others by folded texts.
+/// Some disks compare upper-case letters one by one, and others compare folded texts.
 icu::UnicodeString folded(const icu::UnicodeString& text) {
     icu::UnicodeString upper;
     for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
@@ -121,7 +121,7 @@ icu::UnicodeString decomposed(const icu::UnicodeString& text) {
     return U_SUCCESS(error) ? result : text;
 }
 
-/// Disks that know of composition pass over characters that are not seen, too.
+/// Disks that know composition also ignore invisible characters.
 icu::UnicodeString withoutUnseen(const icu::UnicodeString& text) {
     icu::UnicodeString seen;
     for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {

@@ -8,30 +8,32 @@
 
 namespace lumeo {
 
-/// What a disk takes as names and files, and how it compares names. The default is what the usual file
-/// systems of this system do: every byte counts.
+/// Which names and files a disk accepts, and how it compares names. The default is the behaviour of this
+/// system's usual file systems: every byte counts.
 struct DiskTraits {
-    bool ignoresCase = false;        ///< "a.jpg" and "A.JPG" are one name
-    bool ignoresComposition = false; ///< so are "é" as one character and as a letter with an accent
-    bool restrictsNames = false;     ///< no " * : < > ? \ | or control characters, no dot or blank at the end
-    bool refusesIllFormedText = false; ///< a name has to be UTF-8
-    bool countsUtf16 = false;          ///< `longestName` is in units of UTF-16, else in bytes
+    bool ignoresCase = false;          ///< "a.jpg" and "A.JPG" are the same name
+    bool ignoresComposition = false;   ///< "é" as one character and as a letter with an accent are the same
+    bool restrictsNames = false;       ///< no " * : < > ? \ |, control characters, final dots or blanks
+    bool refusesIllFormedText = false; ///< a name must be UTF-8
+    bool countsUtf16 = false;          ///< `longestName` is in units of UTF-16, otherwise in bytes
     std::size_t longestName = 255;
     std::optional<std::int64_t> largestFile{}; ///< bytes
-    bool isCertain = false;                    ///< told by the type of the file system, whatever its options
+    bool isCertain = false; ///< the type of the file system decides it, whatever its options
     friend bool operator==(const DiskTraits&, const DiskTraits&) = default;
 };
 
-/// `name`, of a file or folder, as the disk takes it: "_" for what it refuses, and the end of the base cut
-/// off where it is too long. Names that have a meaning of their own where such disks come from ("CON",
-/// "nul.txt") get a "_" as well. The name itself, byte for byte, where the disk takes it.
+/// The `name` of a file or folder in a form that the disk accepts. "_" replaces what the disk refuses, and
+/// the end of the base is cut off if the name is too long. Names with a special meaning on the systems that
+/// such disks come from ("CON", "nul.txt") also get a "_". If the disk accepts the name, it is unchanged,
+/// byte for byte.
 std::string fittedName(std::string_view name, const DiskTraits& disk);
 
-/// `base` with `ending`, the base cut short between two characters where the disk could not take all of it.
+/// `base` with `ending`. The base is cut between two characters if the disk could not accept all of it.
 std::string joinedName(std::string_view base, std::string_view ending, const DiskTraits& disk);
 
-/// The same text for all names, or paths, that the disk takes for one. It may also be the same for a few that
-/// the disk tells apart, since no two disks agree on every letter. For comparing only, never a name.
+/// The same text for all names, or paths, that the disk treats as equal. A few names that the disk tells
+/// apart may also give the same text, because no two disks agree on every letter. Use it only for comparing,
+/// never as a name.
 std::string comparableName(std::string_view text, const DiskTraits& disk);
 
 } // namespace lumeo

@@ -23,10 +23,11 @@ FileResult<void> writeWhole(FileSystem& fileSystem, std::string_view document, c
     return (*file)->close();
 }
 
-/// The name that the document is to have in the end: of what a link leads to, which may not exist yet.
-/// Refuses what is no regular file: a device or a pipe would be replaced by one.
+/// The final name of the document. If the path is a link, this is the name that the link leads to, which may
+/// not exist yet. Refuses anything but a regular file, because a device or a pipe would be replaced by a
+/// file.
 FileResult<FilePath> behindLinks(const FileSystem& fileSystem, FilePath path) {
-    constexpr int mostLinks = 40; // as many as the system follows
+    constexpr int mostLinks = 40; // the system follows the same number
     for (int links = 0; links <= mostLinks; ++links) {
         const FileResult<FileStatus> found = fileSystem.status(path);
         if (!found) {
@@ -47,7 +48,7 @@ FileResult<FilePath> behindLinks(const FileSystem& fileSystem, FilePath path) {
     return FileError{FileAction::create, path, ELOOP};
 }
 
-/// A name of its own length: with the document's name in it, it could be too long for the folder.
+/// The temporary name does not contain the document's name, because it could then be too long for the folder.
 FilePath temporaryBeside(const FilePath& path) {
     const FilePath folder = path.parent().empty() ? FilePath(".") : path.parent();
     return folder.appending(".lumeo-" + Uuid::random().text() + ".tmp");

@@ -11,7 +11,7 @@
 namespace lumeo {
 namespace {
 
-/// Empty when it has been removed.
+/// Empty when the folder has been removed.
 std::string currentFolder() {
     std::string buffer(4096, '\0');
     while (getcwd(buffer.data(), buffer.size()) == nullptr) {
@@ -24,7 +24,7 @@ std::string currentFolder() {
     return buffer;
 }
 
-/// Calls `each` with every well-formed run of `bytes` and every ill-formed sequence between them.
+/// Calls `each` with every well-formed run of `bytes` and with every ill-formed sequence between them.
 template<class Each>
 void walkUtf8(std::string_view bytes, Each each) {
     const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());

@@ -8,16 +8,17 @@
 
 namespace lumeo {
 
-/// Gives the lines of a text file of any size, one after the other. Used by one thread.
+/// Returns the lines of a text file of any size, one after another. Used by one thread.
 class LineReader {
 public:
-    /// Reads from where `file` stands; it must outlive the reader.
+    /// Reads from the current position of `file`, which must outlive the reader.
     explicit LineReader(ReadableFile& file) : file_(file) {}
 
-    /// The next line without its end; absent behind the last, or when the file cannot be read any further.
+    /// The next line without its line end. Absent after the last line, or when the file cannot be read
+    /// further.
     std::optional<std::string> next();
 
-    /// True when the line that came last had its end, so that it cannot have been cut short.
+    /// True when the last line had its line end, so it cannot have been cut short.
     [[nodiscard]] bool isWhole() const noexcept { return isWhole_; }
 
     [[nodiscard]] const std::optional<FileError>& error() const noexcept { return error_; }

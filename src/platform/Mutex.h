@@ -2,8 +2,9 @@
 
 #include <mutex>
 
-/// Clang checks at compile time that what LUMEO_GUARDED_BY(mutex) marks is touched with the mutex held only,
-/// and that a function marked LUMEO_REQUIRES(mutex) is called with it held. Other compilers see nothing.
+/// Clang checks two rules at compile time. Data marked LUMEO_GUARDED_BY(mutex) is only used while the mutex
+/// is held. A function marked LUMEO_REQUIRES(mutex) is only called while it is held. Other compilers ignore
+/// the marks.
 #if defined(__clang__)
 #    define LUMEO_THREAD_ANNOTATION(annotation) __attribute__((annotation))
 #else
@@ -14,7 +15,7 @@
 
 namespace lumeo {
 
-/// A std::mutex that the check knows. A std::condition_variable_any can wait on it.
+/// A std::mutex that Clang's check knows. A std::condition_variable_any can wait on it.
 class LUMEO_THREAD_ANNOTATION(capability("mutex")) Mutex {
 public:
     void lock() LUMEO_THREAD_ANNOTATION(acquire_capability()) { mutex_.lock(); }
@@ -24,7 +25,7 @@ private:
     std::mutex mutex_;
 };
 
-/// Holds a mutex for as long as it lives.
+/// Holds a mutex as long as it exists.
 class LUMEO_THREAD_ANNOTATION(scoped_lockable) MutexGuard {
 public:
     explicit MutexGuard(Mutex& mutex) LUMEO_THREAD_ANNOTATION(acquire_capability(mutex)) : mutex_(mutex) {

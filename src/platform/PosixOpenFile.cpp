@@ -20,8 +20,8 @@ FileResult<std::size_t> readFrom(const Descriptor& descriptor, std::int64_t offs
     return static_cast<std::size_t>(count);
 }
 
-/// Somebody who opens the file for writing while we hold the lease makes the system send us this signal,
-/// which would end the process.
+/// If somebody opens the file for writing while we hold the lease, the system sends us this signal. By
+/// default it would end the process.
 void ignoreBrokenLeases() {
     static std::once_flag once;
     std::call_once(once, [] {
@@ -61,8 +61,8 @@ void PosixReadableFile::evict() {
 
 bool PosixReadableFile::isOpenForWriting() {
     ignoreBrokenLeases();
-    // The system grants a lease for reading only while nobody writes. It is given back at once: holding it
-    // would keep others from opening the file.
+    // The system grants a read lease only while nobody has the file open for writing. It is given back at
+    // once, because holding it would block others from opening the file.
     if (fcntl(descriptor_.get(), F_SETLEASE, F_RDLCK) != 0) {
         return errno == EAGAIN;
     }
@@ -107,8 +107,8 @@ FileResult<void> PosixWritableFile::lock() {
 }
 
 void PosixWritableFile::beginWriteBack() {
-    // Left alone, the kernel begins when the flush waits for it. So the device works while the program
-    // reads and hashes, and memory does not fill with unwritten pages.
+    // Without this, the kernel would only start writing when the flush waits for it. Now the device works
+    // while the program reads and hashes, and memory does not fill with unwritten pages.
     constexpr std::int64_t stride = std::int64_t{8} << 20;
     if (written_ - writeBackBegun_ >= stride) {
         sync_file_range(descriptor_.get(), writeBackBegun_, written_ - writeBackBegun_,
@@ -118,7 +118,7 @@ void PosixWritableFile::beginWriteBack() {
 }
 
 FileResult<void> PosixWritableFile::flush() {
-    // Content and size, which is what a later read needs; fsync() would wait for the times as well.
+    // fdatasync() flushes content and size, which a later read needs. fsync() would also wait for the times.
     if (retrying([&] { return fdatasync(descriptor_.get()); }) != 0) {
         return FileError{FileAction::flush, path_, errno};
     }
@@ -131,7 +131,7 @@ void PosixWritableFile::evict() {
 }
 
 FileResult<void> PosixWritableFile::close() {
-    // Interrupted or not, the descriptor is gone: calling again could close somebody else's.
+    // The descriptor is gone even if the call was interrupted. A second call could close another file.
     if (::close(descriptor_.release()) != 0 && errno != EINTR) {
         return FileError{FileAction::write, path_, errno};
     }

@@ -18,8 +18,8 @@ public:
     [[nodiscard]] std::optional<int> descriptor() const override { return descriptor_.get(); }
 
 private:
-    /// Who reads on and on wants the system to read ahead; who picks a header out of a large file pays
-    /// for every byte that it reads ahead in vain: on a cold disk six of seven.
+    /// Sequential readers want the system to read ahead. For a reader that only needs the header of a large
+    /// file, reading ahead is wasted: on a cold disk six of seven bytes.
     void advise(int advice);
 
     Descriptor descriptor_;
@@ -45,7 +45,7 @@ private:
     Descriptor descriptor_;
     FilePath path_;
     std::int64_t written_ = 0;
-    std::int64_t writeBackBegun_ = 0; ///< the bytes before it are on their way to the device
+    std::int64_t writeBackBegun_ = 0; ///< the bytes before it are being written to the device
 };
 
 class PosixFileLock final : public FileLock {

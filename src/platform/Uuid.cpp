@@ -10,9 +10,8 @@ namespace lumeo {
 
 namespace {
 
-/// A catalogue takes hundreds of thousands of identifiers, and the system answers one call for many of them
-/// as fast as for one. A process that forks would have the same ones in both halves, so each begins with its
-/// own.
+/// A catalogue needs hundreds of thousands of identifiers, and one call to the system can return many as fast
+/// as one. After a fork both processes would have the same stock, so each starts with a new one.
 class RandomPool {
 public:
     std::array<std::uint8_t, 16> take() {
@@ -27,10 +26,10 @@ public:
 
 private:
     void fill() {
-        constexpr std::size_t mostAtOnce = 256; // the system gives so many bytes whole or not at all
+        constexpr std::size_t mostAtOnce = 256; // up to this size the system returns all or nothing
         for (std::size_t done = 0; done < pool_.size(); done += mostAtOnce) {
             if (getentropy(pool_.data() + done, mostAtOnce) != 0) {
-                std::abort(); // no system that this runs on is without
+                std::abort(); // every system that this runs on supports it
             }
         }
         next_ = 0;
@@ -47,7 +46,7 @@ private:
 Uuid Uuid::random() {
     thread_local RandomPool pool;
     Uuid id{pool.take()};
-    id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0FU) | 0x40U); // random, as told by the version
+    id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0FU) | 0x40U); // random, by the version
     id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3FU) | 0x80U); // and by the variant
     return id;
 }
@@ -55,7 +54,7 @@ Uuid Uuid::random() {
 std::optional<Uuid> Uuid::fromText(std::string_view text) {
     Uuid id;
     const std::string terminated(text);
-    // The length is told apart from the text: a NUL within must not pass for its end.
+    // The length is checked separately, because a NUL inside the text must not count as its end.
     if (text.size() != UUID_STR_LEN - 1 || uuid_parse(terminated.c_str(), id.bytes.data()) != 0) {
         return std::nullopt;
     }
@@ -71,7 +70,7 @@ std::string Uuid::text() const {
 } // namespace lumeo
 
 std::size_t std::hash<lumeo::Uuid>::operator()(const lumeo::Uuid& id) const noexcept {
-    // Random already: any eight of its bytes are a hash.
+    // The bytes are random, so any eight of them are a hash.
     std::size_t value = 0;
     std::memcpy(&value, id.bytes.data(), sizeof value);
     return value;

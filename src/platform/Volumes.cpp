@@ -12,7 +12,7 @@
 namespace lumeo {
 namespace {
 
-/// "photos" for "nas:/export/photos" and "//nas/photos"; the host where the share is all that it has.
+/// "photos" for "nas:/export/photos" and "//nas/photos". The host when the share has no other name.
 std::optional<std::string> shareName(const Mount& mount) {
     static constexpr std::array<std::string_view, 6> types{"cifs", "fuse.rclone", "fuse.sshfs",
                                                            "nfs",  "nfs4",        "smb3"};
@@ -32,7 +32,7 @@ std::optional<std::string> shareName(const Mount& mount) {
 
 void measure(const FilePath& mountPoint, VolumeFacts& facts) {
     const FileResult<VolumeSpace> space = PosixFileSystem().volumeSpace(mountPoint);
-    // A file system without a size has not counted its free room either.
+    // A file system without a size has not counted its free space either.
     if (space && space->total > 0) {
         facts.totalBytes = space->total;
         facts.availableBytes = space->available;

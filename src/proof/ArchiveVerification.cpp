@@ -129,8 +129,8 @@ void Verification::lookForOthers(const std::vector<Checksum>& list) {
     }
 }
 
-/// What is missing may stand under another name. That is looked for only then, since it takes reading files
-/// that nothing is known of.
+/// A missing file may have another name now. This is only checked at the end, because it needs reading files
+/// about which nothing is known.
 void Verification::findMoved(std::vector<std::string>& others) {
     std::erase_if(others, [this](const std::string& other) {
         if (missingByDigest_.empty() || stop_.stop_requested()) {
@@ -153,7 +153,7 @@ VerificationOutcome Verification::finish() && {
     std::ranges::sort(outcome_.findings, {},
                       [](const ArchiveFinding& one) { return std::pair(one.kind, one.name); });
     if (!outcome_.isStopped) {
-        static_cast<void>(kept_.save(present_)); // else the next verification reads the files again
+        static_cast<void>(kept_.save(present_)); // otherwise the next verification reads the files again
     }
     return std::move(outcome_);
 }

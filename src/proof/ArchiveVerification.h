@@ -14,37 +14,37 @@
 
 namespace lumeo {
 
-/// What a verification found of one file that is not as the list says.
+/// A file that is not as the list says.
 struct ArchiveFinding {
     enum class Kind : std::uint8_t { changed, missing, unreadable, moved, notListed };
 
     Kind kind = Kind::changed;
-    std::string name;  ///< below the archive's root, bytes as on disk; of a moved file, where the list has it
-    std::string other; ///< of a moved file, where it stands now
+    std::string name;  ///< below the archive's root, bytes as on disk; for a moved file, its name in the list
+    std::string other; ///< for a moved file, its name now
     friend bool operator==(const ArchiveFinding&, const ArchiveFinding&) = default;
 };
 
 struct VerificationOutcome {
     std::int64_t listed = 0;
-    std::int64_t unchanged = 0; ///< of these; with `spared`
-    std::int64_t spared = 0;    ///< not read again, since they were not long ago and look untouched
+    std::int64_t unchanged = 0; ///< of these; includes `spared`
+    std::int64_t spared = 0;    ///< not read again, because they were read recently and look unchanged
     std::vector<ArchiveFinding> findings;
     bool isStopped = false;
 
-    /// Every listed file is where it was and what it was. Files that are not listed are no fault.
+    /// Every listed file is in its place and unchanged. Files that are not listed are no error.
     [[nodiscard]] bool isSound() const { return unchanged == listed && !isStopped; }
 };
 
-/// Compares an archive with its list of digests, each file read from the device. Writes nothing into the
+/// Compares an archive with its list of digests. Each file is read from the device. Writes nothing into the
 /// archive. Blocks the thread it is called on.
 class ArchiveVerification {
 public:
-    /// All must outlive it. `kept`, of the archive, learns what was read and when.
+    /// All must outlive it. `kept` belongs to the archive and stores what was read and when.
     ArchiveVerification(const FileSystem& fileSystem, const Clock& clock, KeptDigests& kept)
         : fileSystem_(fileSystem), clock_(clock), kept_(kept) {}
 
-    /// Fails when there is no list, or none that can be read. Files that were read within `recent` and look
-    /// untouched since are not read again; absent to read all.
+    /// Fails when there is no list or it cannot be read. Files that were read within `recent` and look
+    /// unchanged since are not read again. Without `recent` all are read.
     FileResult<VerificationOutcome> run(const FilePath& archive, std::optional<std::chrono::hours> recent,
                                         const ReadingCallback& onProgress, const std::stop_token& stop);
 

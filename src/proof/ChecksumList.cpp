@@ -19,7 +19,7 @@ struct Escape {
     char letter;
 };
 
-/// A line that begins with a backslash has these in its name.
+/// A line that starts with a backslash has these in its name.
 constexpr std::array escapes{Escape{'\\', '\\'}, Escape{'\n', 'n'}, Escape{'\r', 'r'}};
 
 std::string escaped(std::string_view name) {
@@ -64,14 +64,14 @@ std::string lowerCased(std::string_view digits) {
     return text;
 }
 
-/// The list, open to write at its end.
+/// The list, open for writing at its end.
 FileResult<std::unique_ptr<WritableFile>> openList(FileSystem& fileSystem, const FilePath& path) {
     auto file = fileSystem.openForAppending(path);
     const bool isMissing = !file && file.error().errnoValue == ENOENT;
     return isMissing ? fileSystem.createFile(path, FileAccess::everyone) : std::move(file);
 }
 
-/// A power cut may have left half a line, behind which a new one would be lost as well.
+/// A loss of power may have left an incomplete line. A new line directly after it would be lost as well.
 FileResult<bool> endsInALine(WritableFile& file) {
     const FileResult<FileStatus> status = file.status();
     if (!status) {
@@ -118,7 +118,7 @@ std::string ChecksumList::line(const Checksum& checksum) {
 std::optional<Checksum> ChecksumList::parse(std::string_view line) {
     const bool isEscaped = line.starts_with('\\');
     line.remove_prefix(isEscaped ? 1 : 0);
-    constexpr std::size_t nameStart = digestLength + 2; // behind a blank, and one more or an asterisk
+    constexpr std::size_t nameStart = digestLength + 2; // after a blank, and another blank or an asterisk
     if (line.size() <= nameStart || !isDigest(line.substr(0, digestLength)) || line[digestLength] != ' ' ||
         (line[digestLength + 1] != ' ' && line[digestLength + 1] != '*')) {
         return std::nullopt;

@@ -7,7 +7,7 @@
 
 namespace lumeo {
 
-/// What is met on a walk through all that lies below a folder. Every function may be empty.
+/// Receives what a walk below a folder meets. Every function may be empty.
 struct FileVisitor {
     std::function<void(const FilePath& path, const FileStatus& status)> onFile; ///< a regular file
     std::function<void(const FilePath& path, const FileStatus& status)> onFolder;
@@ -15,8 +15,9 @@ struct FileVisitor {
     std::function<void(const FileError& error)> onProblem;
 };
 
-/// Walks through `root`, a folder or a single file, in the order of the disk. The housekeeping of desktop
-/// systems is left out, as a scan does; folders that are one document to their owner are not. Blocks.
+/// Walks through `root`, a folder or a single file, in the order of the disk. Like a scan, it leaves out the
+/// system files of desktops. Unlike a scan, it enters folders that look like one document to their owner.
+/// Blocks.
 void walkFiles(const FileSystem& fileSystem, const FilePath& root, const FileVisitor& visitor,
                const std::stop_token& stop);
 

@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::string_view firstWord = "lumeo-digests-1 ";
 
-/// A name for the file of an archive. Two archives that share it take turns: each finds that the other's
-/// first line is not its own.
+/// The name of an archive's file. If two archives share a name, they overwrite each other: each finds another
+/// archive's first line in the file and starts a new one.
 std::string fileNameFor(const FilePath& root) {
     std::uint64_t hash = 0xCBF29CE484222325U; // FNV-1a: the same on every machine and in every version
     for (const char byte : root.bytes()) {
@@ -68,7 +68,7 @@ KeptDigests::KeptDigests(FileSystem& fileSystem, const FilePath& folder, const F
     }
 }
 
-/// A row that cannot be read is of no use, and of no harm: its file is read once more.
+/// A row that cannot be read does no harm: its file is read again.
 void KeptDigests::read(std::string_view line) {
     constexpr std::size_t digestLength = 64;
     Row row;
@@ -105,7 +105,7 @@ std::optional<KeptDigests::Digest> KeptDigests::find(std::string_view name, cons
 }
 
 void KeptDigests::keep(std::string_view name, const FileStatus& status, std::string digest, Instant readAt) {
-    // A file that changes again within one tick of its disk's clock would look the same.
+    // If a file changes again within one tick of its disk's clock, the change is not visible.
     constexpr std::chrono::seconds coarsestClock(2);
     if (!status.modificationDate || *status.modificationDate > readAt - coarsestClock) {
         rows_.erase(std::string(name));

@@ -12,8 +12,8 @@
 
 namespace lumeo {
 
-/// Digests of an archive's files that were read from its device, kept between one look at it and the next.
-/// One counts only while the file has the size, the times and the inode that it had. Used by one thread.
+/// Digests of an archive's files that were read from its device. They are kept from one check to the next. A
+/// digest is valid only while the file has the same size, times and inode. Used by one thread.
 class KeptDigests {
 public:
     struct Digest {
@@ -21,20 +21,20 @@ public:
         Instant readAt;     ///< when the file was read
     };
 
-    /// Where the user's are.
+    /// The folder of the user's digests.
     static FilePath userFolder();
 
-    /// Those of the archive `root`, which one file in `folder` keeps; none where it cannot be read. An empty
-    /// `folder` means that there is no place for them. `fileSystem` must outlive this object.
+    /// The digests of the archive `root`, which are in one file in `folder`. Empty when it cannot be read. An
+    /// empty `folder` means that there is no place for them. `fileSystem` must outlive this object.
     KeptDigests(FileSystem& fileSystem, const FilePath& folder, const FilePath& root);
 
-    /// The digest of the file `name` below the root, which is as `status` says now.
+    /// The digest of the file `name` below the root, whose current status is `status`.
     [[nodiscard]] std::optional<Digest> find(std::string_view name, const FileStatus& status) const;
 
-    /// `status` is of the file as it was before it was read.
+    /// `status` is the status before the file was read.
     void keep(std::string_view name, const FileStatus& status, std::string digest, Instant readAt);
 
-    /// Forgets files that are not among `names`, and writes the rest down.
+    /// Forgets files that are not among `names`, and saves the rest.
     FileResult<void> save(const std::unordered_set<std::string>& names);
 
 private:
@@ -51,7 +51,7 @@ private:
     void read(std::string_view line);
 
     FileSystem& fileSystem_;
-    FilePath file_; ///< empty where there is no place
+    FilePath file_; ///< empty when there is no place
     FilePath root_;
     std::unordered_map<std::string, Row, TextHash, std::equal_to<>> rows_;
 };

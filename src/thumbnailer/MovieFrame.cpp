@@ -99,7 +99,7 @@ public:
     }
 
 private:
-    /// Skips the frames before a key frame that is near `frameTime`, if the container has an index.
+    /// Seeks to the last key frame before `frameTime`, if the container has an index.
     void goNear() {
         if (avformat_index_get_entries_count(&stream_) > 0) {
             const auto offset = static_cast<std::int64_t>(frameTime / av_q2d(stream_.time_base));

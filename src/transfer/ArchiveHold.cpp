@@ -51,7 +51,8 @@ Result<ArchiveHold, RunRefusal> ArchiveHold::forRun(FileSystem& fileSystem, cons
         return failed(created.error());
     }
     Result<ArchiveHold, RunRefusal> hold = take(fileSystem, root);
-    // Between the two looks the drive may have gone, and the folder been made on the disk below it.
+    // Between the two checks the drive may have gone, and the folder may have been created on the disk below
+    // it.
     if (hold && device && hold->device() != *device) {
         return changedDrive(root);
     }

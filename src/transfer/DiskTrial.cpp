@@ -8,12 +8,12 @@
 namespace lumeo {
 namespace {
 
-/// Nobody else has such a name, in whatever letters.
+/// A unique name that no other file has, in any case.
 std::string trialName(std::string_view letter, std::string_view end) {
     return ".lumeo-trial-" + std::string(letter) + "-" + Uuid::random().text() + std::string(end);
 }
 
-/// Drivers have no one word for a name that they refuse; what has another meaning is left out.
+/// Drivers refuse a name with different errors. Errors with another clear meaning are left out.
 bool mayRefuseTheName(const FileError& error) {
     return error.errnoValue == EINVAL || error.errnoValue == ENOENT || error.errnoValue == EILSEQ ||
            error.errnoValue == EIO || error.errnoValue == EPROTO || error.errnoValue == EACCES;
@@ -26,7 +26,8 @@ std::string replaced(std::string text, std::string_view from, std::string_view t
 constexpr std::string_view composed = "\u00E9";
 constexpr std::string_view decomposed = "e\u0301";
 
-/// What a name may end in, from what only the disks of this system take to what all do.
+/// An ending for a name. The list goes from endings that only this system's disks accept to those that all
+/// disks accept.
 struct Ending {
     std::string_view text;
     bool restrictsNames = false;
@@ -44,7 +45,7 @@ DiskTraits triedTraits(FileSystem& fileSystem, const FilePath& folder, DiskTrait
     for (const Ending& ending : endings) {
         if ((told.restrictsNames && !ending.restrictsNames) ||
             (told.refusesIllFormedText && !ending.refusesIllFormedText)) {
-            continue; // is known already
+            continue; // this is already known
         }
         const std::string name = trialName(composed, ending.text);
         const auto file = fileSystem.createFile(folder.appending(name), FileAccess::ownerOnly);
@@ -63,7 +64,7 @@ DiskTraits triedTraits(FileSystem& fileSystem, const FilePath& folder, DiskTrait
             break;
         }
     }
-    return told; // the run itself will tell why nothing can be made there
+    return told; // the run itself will report why nothing can be created there
 }
 
 FileResult<void> tryWriting(FileSystem& fileSystem, const FilePath& folder) {

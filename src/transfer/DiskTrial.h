@@ -4,11 +4,11 @@
 
 namespace lumeo {
 
-/// What the disk of `folder` takes: `told`, made stricter by what one temporary file shows, unless the type
-/// of the file system leaves no doubt. The file is gone afterwards.
+/// What the disk of `folder` accepts: `told`, made stricter by what a temporary file shows, unless the type
+/// of the file system is certain. The file is removed at the end.
 DiskTraits triedTraits(FileSystem& fileSystem, const FilePath& folder, DiskTraits told);
 
-/// Whether a file of one byte can be brought to the device of `folder`. The file is gone afterwards.
+/// Whether a file of one byte can be written to the device of `folder`. The file is removed at the end.
 FileResult<void> tryWriting(FileSystem& fileSystem, const FilePath& folder);
 
 } // namespace lumeo

@@ -9,7 +9,7 @@
 
 namespace lumeo {
 
-/// What the last run did that was not cancelled. It is kept when the program ends.
+/// The summary of the last run that was not cancelled. It is kept when the program ends.
 struct LastOperationSummary {
     std::string operationType; ///< "copy" or "move"
     std::int64_t processedCount = 0;

@@ -28,7 +28,7 @@ void setPaths(JsonWriter& writer, std::string_view textKey, std::string_view url
     }
 }
 
-/// A NUL would end the path early for the system, which then names another file.
+/// A NUL would end the path early for the system, and it would then name another file.
 FilePath pathFromText(JsonReader& reader, std::string_view key, std::string text) {
     if (text.find('\0') != std::string::npos) {
         reader.fail(key, "holds a character that no path can hold");

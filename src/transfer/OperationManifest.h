@@ -14,7 +14,7 @@
 
 namespace lumeo {
 
-/// What became of one file. A run gives only `verified`, `skipped` and `failed`.
+/// What happened to one file. A run uses only `verified`, `skipped` and `failed`.
 enum class TransactionStatus : std::uint8_t { pending, inProgress, verified, skipped, failed, rolledBack };
 
 /// The journal record of one file.
@@ -27,19 +27,19 @@ struct FileTransactionItem {
     std::optional<std::string> destinationHash;
     TransactionStatus status = TransactionStatus::pending;
     std::optional<Instant> dateResolved;
-    std::optional<std::string> dateSource;         ///< explanation of the date's source, in English
+    std::optional<std::string> dateSource;         ///< describes the source of the date, in English
     std::optional<std::string> verificationResult; ///< for verified and skipped records
     std::optional<std::string> errorMessage;       ///< for failed records
     friend bool operator==(const FileTransactionItem&, const FileTransactionItem&) = default;
 };
 
-/// The start of the record of `item`: what is known before anything is done with it.
+/// The start of the record of `item`: what is known before anything happens to it.
 FileTransactionItem newRecord(const MediaItem& item, const FilePath& destination);
 
-/// Makes `record` tell of a failure, whatever it told before.
+/// Turns `record` into the record of a failure, whatever it was before.
 void fail(FileTransactionItem& record, std::string reason);
 
-/// The journal of one run: what was taken from where, where it went, with which digests and outcome.
+/// The journal of one run: the original and new places of the files, their digests and outcomes.
 struct OperationManifest {
     Uuid id;
     Instant timestamp{};       ///< when the run started
@@ -50,23 +50,23 @@ struct OperationManifest {
     std::int64_t totalTransferredBytes = 0; ///< sizes of the verified records
     double durationSeconds = 0;
     std::optional<bool> isCancelled; ///< absent until the run has ended
-    /// Those of the roots that lay on another device than "/" when the run started. Told by the journal
-    /// that a run keeps itself; the coded form below does not hold it.
+    /// The source and archive roots that were on another device than "/" when the run started. Only the
+    /// journal that a run keeps itself has them; the coded form below does not.
     std::vector<FilePath> foreignRoots{};
-    /// What a person should know of the run as a whole: sentences, in English. Only the coded form below
-    /// holds them.
+    /// What a person should know about the run as a whole: sentences, in English. Only the coded form below
+    /// has them.
     std::vector<std::string> notices{};
     friend bool operator==(const OperationManifest&, const OperationManifest&) = default;
 };
 
-/// The journal as a keyed object. Paths are written as text; one that is not UTF-8 is written with
-/// replacement characters and once more, exactly, as a file URL under a key of its own
-/// ("originalURL", "destinationURL", "sourceRootURLs", "destinationRootURL"), which wins on reading.
+/// The journal as a keyed object. Paths are written as text. A path that is not UTF-8 is written with
+/// replacement characters and once more, exactly, as a file URL under a separate key ("originalURL",
+/// "destinationURL", "sourceRootURLs", "destinationRootURL"). The URL wins on reading.
 Json encode(const OperationManifest& manifest);
 Json encode(const FileTransactionItem& item);
 Decoded<FileTransactionItem> decodeFileTransactionItem(const Json& json);
 
-/// The part of the journal that is known when the run starts: everything but `items`, the totals and
+/// The part of the journal that is known when the run starts: everything except `items`, the totals and
 /// `isCancelled`.
 void encodeHead(JsonWriter& writer, const OperationManifest& manifest);
 void decodeHead(JsonReader& reader, OperationManifest& manifest);

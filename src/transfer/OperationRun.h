@@ -14,39 +14,40 @@
 
 namespace lumeo {
 
-/// The books of one run: its journal, its counters and its rates. Used by the thread that runs it.
+/// The records of one run: its journal, its counters and its rates. Used by the thread of the run.
 class OperationRun {
 public:
     /// Starts the clock of the run. `clock` must outlive it.
     OperationRun(std::span<const MediaItem> items, OperationManifest head, const Clock& clock);
 
-    /// `item` is the one at work from now on.
+    /// Sets `item` as the current one.
     void take(const MediaItem& item) { progress_.currentItemName = item.fileName(); }
 
-    /// True when the content of `item` is in the archive under the name of an identical file of this run.
+    /// True when this run has archived an identical file, so that the content of `item` is in the archive
+    /// under that name.
     [[nodiscard]] bool isRepeatedDuplicate(const MediaItem& item) const;
 
-    /// Each of them gives the record as it stands in the journal.
+    /// Each of these returns the record as it is in the journal.
     const FileTransactionItem& addSkippedDuplicate(const MediaItem& item);
     const FileTransactionItem& addTransferred(const MediaItem& item, FileTransactionItem record);
     void addMissingDestination();
 
-    /// Notes what a person should know of the run as a whole: a sentence.
+    /// Notes a sentence that a person should know about the run as a whole.
     void note(std::string sentence) { manifest_.notices.push_back(std::move(sentence)); }
 
-    /// Turns the verified records at or below folders whose names may not be durable into failed ones, and
-    /// gives those.
+    /// Changes verified records at or below folders whose names may not be durable to failed ones, and
+    /// returns them.
     std::vector<FileTransactionItem> withdraw(const std::vector<UnflushedFolder>& unflushed);
 
-    /// Brings the rates up to date after a transferred file. Gives the record to publish, if it is time.
+    /// Updates the rates after a transferred file. Returns the progress to publish, if it is time.
     std::optional<OperationProgress> sample(bool isPaused);
 
     [[nodiscard]] const OperationManifest& manifest() const noexcept { return manifest_; }
 
-    /// Closes the books. Gives the last record to publish.
+    /// Ends the run. Returns the last progress to publish.
     OperationProgress finish(bool isCancelled);
 
-    /// The journal, once finish() was called.
+    /// The journal. finish() must be called before.
     OperationManifest takeManifest() && { return std::move(manifest_); }
 
 private:

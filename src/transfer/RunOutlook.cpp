@@ -82,7 +82,8 @@ bool RunOutlook::isFullForAll(std::size_t next) {
     return space->available < smallestFrom_[next] || space->freeFiles == 0;
 }
 
-/// Items come source by source, so it is soon found whether one is left whose source is there.
+/// The items are in the order of the sources, so the first items whose source is still there are found
+/// quickly.
 bool RunOutlook::areSourcesGone(std::size_t next) {
     std::vector<FilePath> gone;
     for (const Source& source : sources_) {

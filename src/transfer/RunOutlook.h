@@ -13,23 +13,22 @@
 
 namespace lumeo {
 
-/// Tells, after a file of a run has failed, whether any of those that are left can still succeed. What is
-/// wrong with one file says nothing of the next; a full disk, or one that has gone, does. Used by the thread
-/// that runs.
+/// Tells, after a file of a run has failed, whether any of the remaining files can still succeed. A fault of
+/// one file tells nothing about the next. A disk that is full or gone does. Used by the thread of the run.
 class RunOutlook {
 public:
-    /// All must outlive the outlook. `items` are those of the run, in its order.
+    /// All must outlive the outlook. `items` are the items of the run, in its order.
     RunOutlook(FileSystem& fileSystem, const ArchiveHold& archive, std::span<const FilePath> sourceRoots,
                std::span<const MediaItem> items);
 
-    /// Why none of the items from `next` on can succeed, now that the one before failed with `error`: one
-    /// sentence for a person. Absent when one of them may.
+    /// Why none of the items from `next` on can succeed after the one before failed with `error`: one
+    /// sentence for a person. Absent when one of them may succeed.
     std::optional<std::string> hopelessness(std::size_t next, const TransferError& error);
 
 private:
     struct Source {
         FilePath root;
-        std::optional<std::uint64_t> device; ///< when the run began
+        std::optional<std::uint64_t> device; ///< when the run started
     };
 
     [[nodiscard]] bool isArchiveGone() const;
@@ -41,7 +40,7 @@ private:
     const ArchiveHold& archive_;
     std::span<const MediaItem> items_;
     std::vector<Source> sources_;
-    std::vector<std::int64_t> smallestFrom_; ///< of each item and those behind it; made when first needed
+    std::vector<std::int64_t> smallestFrom_; ///< of each item and those after it; made when needed
 };
 
 } // namespace lumeo

@@ -15,7 +15,8 @@ bool isProven(const FileTransactionItem& record) {
     return ended && record.sourceHash && record.sourceHash == record.destinationHash;
 }
 
-/// A twin that the run left out is there under the name of the one that it took, if that one is.
+/// The run may have left out an identical copy. It is in the archive under the name of the file that the run
+/// took, if that one is there.
 bool hasTwin(const MediaItem& item, const Texts& digests) {
     return item.exactDuplicateGroupID && item.sha256Hash && digests.contains(*item.sha256Hash);
 }

@@ -9,7 +9,7 @@
 
 namespace lumeo {
 
-/// How much of one source a run has proven to be in the archive.
+/// How much of one source is proven to be in the archive by a run.
 struct SourceProof {
     FilePath root;
     std::int64_t mediaFiles = 0; ///< that the scan found in it
@@ -17,8 +17,8 @@ struct SourceProof {
     friend bool operator==(const SourceProof&, const SourceProof&) = default;
 };
 
-/// One for each source of the run, in its order, from its records alone. An item that lies in two sources
-/// counts for the first. `items` are those of the run. Any thread may call.
+/// One result for each source of the run, in its order, only from the run's records. An item in two sources
+/// counts for the first. `items` are the items of the run. Any thread may call.
 std::vector<SourceProof> proveSources(const OperationManifest& run, std::span<const MediaItem> items);
 
 } // namespace lumeo

@@ -9,16 +9,16 @@
 
 namespace lumeo {
 
-/// What a transfer itself finds wrong, apart from refusals of the system.
+/// Errors that the transfer itself finds. Refusals of the system are not among them.
 enum class TransferFault {
-    destinationAlreadyExists, ///< it appeared while the copy was being made
+    destinationAlreadyExists, ///< it appeared while the copy was made
     checksumMismatch,
-    copyReplaced,  ///< the copy's name leads to another file, or to none
-    sourceChanged, ///< it is no longer the file that was copied
+    copyReplaced,  ///< the copy's name leads to another file or to none
+    sourceChanged, ///< it is not the file that was copied any more
     sourceInUse,   ///< somebody has it open for writing
 };
 
-/// The copy could not be begun, or somebody else has its temporary name.
+/// The copy could not be created, or somebody else uses its temporary name.
 struct CouldNotCreatePartial {
     FileError reason;
     friend bool operator==(const CouldNotCreatePartial&, const CouldNotCreatePartial&) = default;

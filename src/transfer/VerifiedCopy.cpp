@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view temporarySuffix = ".partial";
 
-/// What a home that is encrypted file by file has room for in a name, which is the least of all disks.
+/// The length of a name that fits in a home folder that is encrypted file by file. No other disk allows less.
 constexpr std::size_t longestTemporaryName = 143;
 
 } // namespace
@@ -49,7 +49,7 @@ TransferResult<void> VerifiedCopy::create(const FilePath& source) {
     return claim();
 }
 
-/// Locks the new file. Until that is done somebody else may have taken it for a left-over and removed it.
+/// Locks the new file. Before it is locked, somebody else may take it for an old one and remove it.
 TransferResult<void> VerifiedCopy::claim() {
     isTemporaryThere_ = true;
     const FileResult<void> locked = file_->lock();
@@ -60,7 +60,7 @@ TransferResult<void> VerifiedCopy::claim() {
     return {};
 }
 
-/// Fails unless the name, no link followed, leads to the file that is being written here.
+/// Fails unless the name, without following a link, leads to the file that is being written here.
 TransferResult<void> VerifiedCopy::seeThatItIsMine(const FilePath& name) {
     if (!identity_) {
         const FileResult<FileStatus> written = file_->status();
@@ -89,7 +89,7 @@ TransferResult<void> VerifiedCopy::removeLeftOver(const FilePath& source) {
     if (sourceStatus->identity == found->identity) {
         return {};
     }
-    // Only what nobody is working on can be locked, and it stays locked until it is gone.
+    // A file that somebody is working on cannot be locked. The lock is held until the file is removed.
     const FileResult<std::unique_ptr<FileLock>> lock = fileSystem_.lock(temporary_);
     const FileResult<FileStatus> locked = lock ? (*lock)->status() : lock.error();
     const FileResult<FileStatus> now = fileSystem_.status(temporary_);
@@ -139,7 +139,7 @@ TransferResult<std::string> VerifiedCopy::digest() {
 }
 
 TransferResult<void> VerifiedCopy::place() {
-    // Where locks are missing, the name may have become somebody else's.
+    // Where locks are missing, somebody else may have taken the name.
     if (TransferResult<void> mine = seeThatItIsMine(temporary_); !mine) {
         return mine;
     }

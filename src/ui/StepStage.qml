@@ -1,13 +1,13 @@
 import QtQuick
 import Lumeo.Kit
 
-/// Shows the screen of a step. Another step's screen comes in with a short slide, from the side that the
-/// wizard moves to.
+/// Shows the screen of a step. The screen of another step slides in briefly, from the side that the wizard
+/// moves to.
 FocusScope {
     id: stage
 
     required property int step
-    required property var screens ///< {url, properties} of each step's
+    required property var screens ///< {url, properties} for each step
 
     property int shownStep: -1
     property real direction: 1

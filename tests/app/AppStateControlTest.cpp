@@ -14,10 +14,11 @@ using ::testing::Not;
 using ::testing::SizeIs;
 using testing::waitUntil;
 
-/// The jobs of the state while they run.
+/// Tests the jobs of the state while they run.
 class AppStateControlTest : public AppStateTest {
 protected:
-    /// A sanitizer starts a thread of its own together with the first: have it before threads are counted.
+    /// A sanitizer starts its own thread together with the first thread. It must exist before threads are
+    /// counted.
     AppStateControlTest() {
         std::jthread([] {}).join();
     }
@@ -371,7 +372,7 @@ TEST_F(AppStateControlTest, OffersTheLastRunsAgainAfterARestart) {
     EXPECT_EQ(namesBelow(card_.path()).size(), 3U);
     ASSERT_TRUE(testing::waitUntil([this] { return !state().recentRuns().completed; }));
 
-    // A run that was cancelled, and then one that nobody wants to hear of any more.
+    // A run that was cancelled, and then one that the user does not want to see any more.
     fillCard(100);
     preview();
     const Gate fourthFile(disk_, [created = 0](const DiskCall& call) mutable {
@@ -381,7 +382,7 @@ TEST_F(AppStateControlTest, OffersTheLastRunsAgainAfterARestart) {
     ASSERT_TRUE(fourthFile.awaitArrival());
     state().cancelOperation();
     EXPECT_FALSE(state().isChangingFiles());
-    state().startScan(); // not before the run has come back
+    state().startScan(); // not before the run has ended
     EXPECT_FALSE(state().isScanning());
     fourthFile.open();
     ASSERT_TRUE(testing::waitUntil([this] { return state().recentRuns().interrupted.has_value(); }));
@@ -450,7 +451,7 @@ TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
             } while (std::chrono::steady_clock::now() < until);
         }
     };
-    constexpr int mostRounds = 300; // a busy machine needs more until a run comes to its end
+    constexpr int mostRounds = 300; // a run takes longer to end on a busy machine
     for (int round = 0; round < 10 || (runEnds_ == 0 && round < mostRounds); ++round) {
         give(allCommands, 40);
         state().resumeScan();

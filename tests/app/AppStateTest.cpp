@@ -86,7 +86,7 @@ TEST_F(AppStateTest, AsksForFoldersOneChooserAtATime) {
 
     state().promptAddFolderPanel();
     restart();
-    desktop_.answerFolders(); // to nobody
+    desktop_.answerFolders(); // nobody is waiting
     EXPECT_THAT(state().sources(), IsEmpty());
 }
 
@@ -255,7 +255,7 @@ TEST_F(AppStateTest, DatesByTheFileSystemOnlyWhileThatIsThePolicy) {
 }
 
 TEST_F(AppStateTest, ImportsACardAgainWithoutMakingCopies) {
-    // Two names that met in the archive, and one that is alone there.
+    // Two files whose names collide in the archive, and one whose name does not.
     card_.write("100/IMG_20210314_153045.jpg", "the one");
     card_.write("101/IMG_20210314_153045.jpg", "another");
     card_.write("101/IMG_20220314_153045.jpg", "alone");

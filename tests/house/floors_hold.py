@@ -1,4 +1,4 @@
-"""Tries an include from each folder of src/ into each other: the compiler finds the headers of the folders that
+"""Tries an include from each folder of src/ into every other. The compiler must find the headers of the folders that
 the table of floors allows, and of no others.
 
 Usage: floors_hold.py SOURCE BUILD, the root of the checkout and the folder it was built in.
@@ -11,7 +11,7 @@ import subprocess
 import sys
 
 source, build = pathlib.Path(sys.argv[1]).resolve() / "src", pathlib.Path(sys.argv[2])
-table = {}  # folder: the folders named beside it
+table = {}  # maps a folder to the folders named beside it
 for line in (build / "floors" / "table").read_text().splitlines():
     folder, *seen = line.split()
     table[folder] = seen

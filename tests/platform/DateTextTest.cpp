@@ -15,7 +15,7 @@ Instant utc(year_month_day day, microseconds timeOfDay = 0us) {
     return sys_days(day) + timeOfDay;
 }
 
-/// Makes New York the zone in which this process reads photos for good.
+/// Makes New York the zone for reading photos in this process. It cannot be changed later.
 class DateTextTest : public testing::Test {
 protected:
     static void SetUpTestSuite() {

@@ -23,8 +23,8 @@ using testing::IsEmpty;
 using testing::Pair;
 using Kind = ArchiveFinding::Kind;
 
-/// A card and the archive that it was copied to, with all that stands on such disks. Every date lies in the
-/// past.
+/// A card and the archive that it was copied to, with everything that is usually on such disks. Every date is
+/// in the past.
 class ProofTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -87,7 +87,7 @@ protected:
         }
         ASSERT_TRUE(ChecksumList::extend(disk_, folder_ / "archive", checksums));
     }
-    /// How many files of the archive are opened meanwhile.
+    /// The number of the archive's files that `work` opens.
     template<class Work>
     int openedInArchive(Work work) {
         int count = 0;
@@ -112,7 +112,7 @@ TEST_F(ProofTest, ACardMayGoOnlyWhenEachOfItsMediaFilesStandsInTheArchive) {
     EXPECT_EQ(outcome.mediaFiles, 3);
     EXPECT_THAT(outcome.otherFiles, ElementsAre(Pair("txt", 1), Pair("xmp", 1)));
 
-    write("archive/2021/MVI_0003.MP4", "a movi\xE5"); // one bit
+    write("archive/2021/MVI_0003.MP4", "a movi\xE5"); // one bit differs
     EXPECT_THAT(missing(), ElementsAre("MVI_0003.MP4"));
     write("archive/2021/renamed.mp4", "a movie");
     EXPECT_THAT(missing(), IsEmpty()) << "the name does not count";

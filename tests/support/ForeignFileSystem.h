@@ -7,9 +7,9 @@
 
 namespace lumeo {
 
-/// A file system below whose root is a disk that compares, refuses and limits names and files as `traits`
-/// say, as exFAT does; everywhere else it is the one that it hands its calls to. What it says of itself are
-/// `told`.
+/// Simulates another disk below `root`. The disk compares, refuses and limits names and files as `traits`
+/// tell, like exFAT. It claims to have the traits `told`. Calls outside of `root` go to the other file system
+/// unchanged.
 class ForeignFileSystem final : public FileSystem {
 public:
     ForeignFileSystem(FileSystem& target, FilePath root, const DiskTraits& traits, const DiskTraits& told)
@@ -54,7 +54,7 @@ public:
 
 private:
     [[nodiscard]] bool liesOnDisk(const FilePath& path) const;
-    /// The name that the disk holds for `path`, in whatever letters.
+    /// The name that the disk has for `path`, which may differ in case.
     [[nodiscard]] FilePath actual(const FilePath& path) const;
     [[nodiscard]] bool refuses(const FilePath& path) const;
     void note(const FilePath& path);
@@ -63,7 +63,7 @@ private:
     FilePath root_;
     DiskTraits traits_;
     DiskTraits told_;
-    std::map<std::string, FilePath> names_; ///< by what the disk compares
+    std::map<std::string, FilePath> names_; ///< by the form that the disk compares
 };
 
 } // namespace lumeo

@@ -25,7 +25,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// Names as this system's disks take them, many of which are one name, or none, elsewhere.
+/// Names that this system's disks accept. On other disks, many of them are equal or invalid.
 std::set<std::string> awkwardNames(std::size_t count) {
     const std::vector<std::string> pieces{
         "IMG",  "img", "\u00E9", "e\u0301",    "\u00C9", "\u0131", "I",   "ss", "\u212A",
@@ -46,7 +46,7 @@ std::set<std::string> awkwardNames(std::size_t count) {
 
 TEST(ForeignDiskTest, EveryNameArrivesAndComesBackWhetherTheDiskIsKnownOrNot) {
     DiskTraits exFat = traitsOfType("exfat");
-    exFat.countsUtf16 = false; // the disk that stands below counts bytes
+    exFat.countsUtf16 = false; // the disk below counts bytes
     for (const DiskTraits& told : {exFat, traitsOfType("fuseblk")}) {
         TransferWorld world;
         PosixFileSystem real;
@@ -74,7 +74,7 @@ TEST(ForeignDiskTest, EveryNameArrivesAndComesBackWhetherTheDiskIsKnownOrNot) {
     }
 }
 
-/// Forty files, and a disk below the archive that something happens to after ten of them.
+/// Forty files, and a disk below the archive that fails after ten of them.
 struct FailingRun {
     FailingRun() {
         for (int number = 0; number < 40; ++number) {
@@ -124,7 +124,7 @@ struct FailingRun {
 
 TEST(FailingDiskTest, ARunEndsEarlyOnceNothingMoreCanSucceedAndNotBefore) {
     struct Case {
-        std::string notice; ///< empty for a run that goes on
+        std::string notice; ///< empty when the run continues
         std::function<void(FailingRun&)> meet;
     };
     const std::vector<Case> cases{
@@ -142,7 +142,7 @@ TEST(FailingDiskTest, ARunEndsEarlyOnceNothingMoreCanSucceedAndNotBefore) {
         const OperationManifest journal = run.run(OperationMode::copy);
         const auto failed =
             std::ranges::count(journal.items, TransactionStatus::failed, &FileTransactionItem::status);
-        // Of an archive that is gone, what was there may have gone with it.
+        // If the archive is gone, its files may be gone too.
         EXPECT_TRUE(failed == 1 || one.notice == cases[3].notice) << one.notice;
         if (one.notice.empty()) {
             EXPECT_THAT(journal.notices, IsEmpty());

@@ -1,4 +1,4 @@
-"""Reads the exported CSV back with a CSV reader that is not ours.
+"""Reads the exported CSV back with an independent CSV reader.
 
 usage: csv_round_trip.py PROGRAM    (PROGRAM turns NUL-ended paths on its input into the CSV)
 """
@@ -9,7 +9,7 @@ import random
 import subprocess
 import sys
 
-# A carriage return stands only beside a line feed: alone it is left unquoted on purpose.
+# A carriage return only occurs beside a line feed: alone it is not quoted on purpose.
 PIECES = [b",", b'"', b'""', b"\n", b"\r\n", b" ", b";", b"\t", b"'", b"=1+1", b"a",
           b"\xc3\xa9", b"\xe6\x97\xa5", b"\xf0\x9f\x93\xb7",
           b"\xff", b"\xc3", b"\xe6\x97", b"\xed\xa0\x80"]

@@ -30,7 +30,7 @@ std::string nameOf(QObject* object) {
     return face != nullptr ? face->text(QAccessible::Name).toStdString() : "";
 }
 
-/// The gallery of all controls in a window.
+/// Shows the gallery of all controls in a window.
 class KitTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -52,7 +52,7 @@ protected:
         QTest::keyClick(&view_, static_cast<Qt::Key>(key), modifiers);
     }
 
-    /// Goes on with Tab until the control of that name has the keyboard.
+    /// Presses Tab until the control with this name has the focus.
     bool tabTo(const std::string& name) {
         for (int i = 0; i < 60; ++i) {
             press(Qt::Key_Tab);

@@ -17,13 +17,13 @@ class OrganizationModelTest : public ::testing::Test {
 protected:
     [[nodiscard]] const OrganizationPlan& plan() const { return made_.state.organizationPlan(); }
 
-    /// What is scanned is walked through only while its screen is shown.
+    /// The catalogue is counted only while its screen is shown.
     bool comeHere() {
         const bool isScanned = made_.scan();
         made_.state.proceedToNextStep();
         return isScanned;
     }
-    /// A destination on a volume of 100 MB with that many bytes free.
+    /// Chooses a destination on a volume of 100 MB with this number of free bytes.
     void setDestination(std::optional<std::int64_t> freeBytes) {
         made_.volumes.add(FilePath("/"), 100'000'000, freeBytes);
         made_.desktop.folders = {made_.folder / "archive"};

@@ -19,7 +19,7 @@ using testing::waitUntil;
 
 class ReportModelTest : public ::testing::Test {
 protected:
-    /// Three files of two years and none, through a run.
+    /// Runs over three files: two of different years, and one without a date.
     void run() {
         first_ = made_.folder.write("source/IMG_20210314_153045.jpg", "one");
         made_.folder.write("source/VID_20190101_000000.mp4", "two");
@@ -117,7 +117,7 @@ TEST_F(ReportModelTest, TakesACopyRunBackAndKeepsWhatWasEditedSince) {
     report.copyUndoWarnings();
     EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QString::fromStdString(copy.bytes())));
 
-    undo(); // nothing is left to take back but the one that stays
+    undo(); // only the file that stays is left to undo
     EXPECT_EQ(report.undo().outcome, QStringLiteral("Rollback complete: 0 files restored/removed."));
     EXPECT_EQ(report.undo().counts, QStringLiteral("Skipped: 2 · Errors: 1"));
 }

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// Identifiers as the file holds them.
+// Identifiers with their bytes in the order of the file.
 constexpr auto headerObject = "\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\x00\xAA\x00\x62\xCE\x6C"sv;
 constexpr auto fileProperties = "\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4\x00\xC0\x0C\x20\x53\x65"sv;
 constexpr auto streamProperties = "\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6\x00\xC0\x0C\x20\x53\x65"sv;
@@ -24,7 +24,7 @@ void readFileProperties(std::string_view content, MovieProperties& movie) {
     constexpr std::int64_t unitsPerSecond = 10'000'000;
     const bool isBroadcast = (littleEndian(content, 64, 4) & 1U) != 0;
     if (isBroadcast) {
-        return; // being sent while it is made: neither time is set
+        return; // a live broadcast: neither time is set
     }
     const auto created = static_cast<std::int64_t>(littleEndian(content, 24, 8));
     addContainerDate(movie, containerDate(epoch, created, unitsPerSecond));

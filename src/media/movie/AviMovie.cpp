@@ -15,7 +15,7 @@
 namespace lumeo {
 namespace {
 
-/// A chunk, or a list of them, which goes by its kind.
+/// A chunk or a list of chunks. A list has its kind as name.
 struct Part {
     std::string name;
     FileRange content;
@@ -31,7 +31,7 @@ Part partOf(FileWindow& file, const Chunk& chunk) {
             {chunk.content.offset + skipped, chunk.content.length - skipped}};
 }
 
-/// Calls `each` with the parts up to the first one that `each` answers with false.
+/// Calls `each` with the parts of a range until it returns false.
 template<class Each>
 void forEachPart(FileWindow& file, FileRange range, Each each) {
     ChunkWalk walk(file, range, riffChunks);
@@ -45,9 +45,9 @@ void forEachPart(FileWindow& file, FileRange range, Each each) {
 /// The words and numbers of a date text.
 struct DateWords {
     std::vector<int> numbers;
-    int month = 0;            ///< named by a word; 0 without
-    bool isMorning = false;   ///< "am" is said
-    bool isAfternoon = false; ///< "pm" is
+    int month = 0;            ///< named by a word; 0 when there is none
+    bool isMorning = false;   ///< "am" was found
+    bool isAfternoon = false; ///< "pm" was found
 };
 
 int monthNamed(std::string_view word) {
@@ -82,8 +82,8 @@ DateWords wordsOf(std::string_view text) {
     return words;
 }
 
-/// The wall time that cameras write in several ways: "Mon Mar 10 15:04:43 2003",
-/// "2009/10/27 12:14:34", "2005/08/17/ 11:42", "2001/ 1/27  1:42PM", "2009-10-27".
+/// The wall time in one of the forms that cameras write: "Mon Mar 10 15:04:43 2003", "2009/10/27 12:14:34",
+/// "2005/08/17/ 11:42", "2001/ 1/27  1:42PM", "2009-10-27".
 std::optional<WallTime> wallTime(std::string_view text) {
     const DateWords words = wordsOf(text.substr(0, text.find('\0')));
     const std::vector<int>& numbers = words.numbers;
@@ -94,7 +94,7 @@ std::optional<WallTime> wallTime(std::string_view text) {
         time = {numbers[0], numbers[1], numbers[2],
                 numbers[3], numbers[4], numbers.size() == 6 ? numbers[5] : 0};
     } else if (words.month == 0 && numbers.size() == 3) {
-        time = {numbers[0], numbers[1], numbers[2], 12}; // a day alone is its noon
+        time = {numbers[0], numbers[1], numbers[2], 12}; // a date without a time means noon
     } else {
         return std::nullopt;
     }
@@ -107,13 +107,13 @@ std::optional<WallTime> wallTime(std::string_view text) {
     return isReal ? std::optional(time) : std::nullopt;
 }
 
-/// The days that clocks count from which nobody has set.
+/// The days where clocks that nobody has set start.
 bool isUnsetDay(const WallTime& time) {
     return (time.year == 1904 || time.year == 1970) && time.month == 1 && time.day == 1;
 }
 
 class AviMovie {
-    /// A recording that was cut short has its pictures where parts are expected.
+    /// In a recording that was cut short, pictures stand where parts are expected.
     static constexpr std::size_t mostParts = 16;
 
 public:
@@ -125,7 +125,7 @@ public:
         if (head.size() < headSize || !head.starts_with("RIFF") || !head.ends_with("AVI ")) {
             return std::nullopt;
         }
-        // Up to the end of the file: a recording that was cut short never got its length written.
+        // Reads to the end of the file, because a recording that was cut short has no length in its header.
         std::size_t parts = 0;
         forEachPart(file_, {headSize, file_.size() - headSize}, [&](const Part& part) {
             readPart(part);
@@ -154,12 +154,12 @@ private:
         }
     }
 
-    /// Those of DV hold the date themselves.
+    /// The pictures of DV contain the date.
     void readPictures(const Part& pictures) {
         std::size_t parts = 0;
         forEachPart(file_, pictures.content, [&](const Part& part) {
             if (file_.read(part.content.offset, dvFrameStart.size()) != dvFrameStart) {
-                return ++parts < mostParts; // sound, perhaps
+                return ++parts < mostParts; // may be sound
             }
             addContainerDate(movie_, dvDate(file_, part.content.offset));
             return false;
@@ -200,12 +200,12 @@ private:
             longestStream_ = std::max(longestStream_, at(20) * at(32) / at(24));
         }
         if (header.starts_with("vids") && !movie_.videoTrack) {
-            // Pictures stored from the top down have a negative height.
+            // A negative height means that the rows are stored from the top down.
             const auto height = static_cast<std::int32_t>(littleEndian(format, 8, 4));
             movie_.videoTrack = MovieVideoTrack{static_cast<double>(littleEndian(format, 4, 4)),
                                                 std::abs(static_cast<double>(height))};
         } else if (header.starts_with("iavs") && !movie_.videoTrack) {
-            movie_.videoTrack = frameSize_; // picture and sound in one stream, without a format of its own
+            movie_.videoTrack = frameSize_; // picture and sound in one stream, without its own format
         }
     }
 

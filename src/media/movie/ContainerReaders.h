@@ -8,14 +8,15 @@ namespace lumeo {
 
 class FileWindow;
 
-// One reader for each family of movie containers. Each gives nothing when the file is not of its
-// family, and what it could read when the file breaks off. They fill everything but
+// One reader for each family of movie containers. A reader returns nothing when the file is of another
+// family. When the file is cut short, it returns what it could read. The readers fill everything except
 // commonCreationDates. Calls on different files may run at the same time.
 //
-// The families that carry a recording date are walked here: libavformat gives no date for ASF, opens
-// no Matroska or ASF file that breaks off after its header, gives no size for MPEG-4 and H.263 video
-// in MP4 without decoding, and reads every sample table of a long movie (megabytes). All others,
-// which know only duration and size, are left to it, in a process of its own: see ForeignContainer.
+// These readers are for the families that carry a recording date. libavformat is not enough for them. It
+// gives no date for ASF. It does not open a Matroska or ASF file that ends after its header. It gives no size
+// for MPEG-4 and H.263 video in MP4 without decoding, and it reads every sample table of a long movie, which
+// can be megabytes. It reads all other families, which have only duration and size, in a separate process:
+// see ForeignContainer.
 
 /// QuickTime, MP4 and 3GP.
 std::optional<MovieProperties> readIsoMovie(FileWindow& file);
@@ -30,11 +31,11 @@ std::optional<MovieProperties> readAsfMovie(FileWindow& file);
 std::optional<MovieProperties> readAviMovie(FileWindow& file);
 
 /// A container's own creation time: `count` units of `unitsPerSecond` since `epoch`. Absent on 1904-01-01 and
-/// 1970-01-01, since those days are what an unset clock counts from; a count of 0 is unset, and one beyond
-/// the year 9999 is damage.
+/// 1970-01-01, because clocks that nobody has set start there. A count of 0 means unset, and a date after the
+/// year 9999 means damage.
 std::optional<Instant> containerDate(Instant epoch, std::int64_t count, std::int64_t unitsPerSecond);
 
-/// Adds it to the metadata.
+/// Adds the date to the metadata.
 void addContainerDate(MovieProperties& movie, std::optional<Instant> date);
 
 } // namespace lumeo

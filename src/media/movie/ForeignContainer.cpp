@@ -15,7 +15,7 @@ using namespace std::string_view_literals;
 struct Signature {
     std::string_view bytes;
     ForeignContainer container;
-    std::string_view kind = {}; ///< of a RIFF or IFF file, at 8
+    std::string_view kind = {}; ///< of a RIFF or IFF file, at byte 8
 };
 
 constexpr std::array signatures{
@@ -47,7 +47,7 @@ unsigned byteAt(std::string_view bytes, std::size_t at) {
     return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
 }
 
-/// The length of the sound frame that begins at `at`, its header included; 0 where none does.
+/// The length of the sound frame that starts at `at`, including its header. 0 when none starts there.
 std::size_t adtsFrame(std::string_view head, std::size_t at) {
     if (byteAt(head, at) != 0xFF || (byteAt(head, at + 1) & 0xF6U) != 0xF0) {
         return 0;
@@ -63,7 +63,7 @@ std::size_t mp3Frame(std::string_view head, std::size_t at) {
     static constexpr std::array<unsigned, 4> sampleRates{44'100, 48'000, 32'000, 0};
     const unsigned second = byteAt(head, at + 1);
     const unsigned third = byteAt(head, at + 2);
-    const unsigned version = second >> 3U & 3U; // 3 is MPEG-1, 2 its half sample rates, 0 a quarter
+    const unsigned version = second >> 3U & 3U; // 3 is MPEG-1, 2 has half its sample rates, 0 a quarter
     const bool isLayer3 = (second & 0xE6U) == 0xE2;
     const bool isFull = version == 3;
     const unsigned rate = (isFull ? fullRates : halfRates).at(third >> 4U);

@@ -7,8 +7,8 @@
 
 namespace lumeo {
 
-/// The containers that carry no recording date, though the pictures in them may (see StreamDates). Only a
-/// library reads them, in a process of its own, for duration and size.
+/// The containers that carry no recording date. The pictures in them may carry one (see StreamDates). Only a
+/// library in a separate process reads them, for duration and size.
 enum class ForeignContainer : std::uint8_t {
     transportStream,
     programStream,
@@ -34,8 +34,8 @@ enum class ForeignContainer : std::uint8_t {
 };
 inline constexpr std::size_t foreignContainerCount = 21;
 
-/// The container that the first bytes of a file show it to be; absent for anything else, such as noise or a
-/// playlist, which names other files.
+/// The container that a file's first bytes show. Absent for anything else, such as noise or a playlist, which
+/// names other files.
 std::optional<ForeignContainer> foreignContainer(FileWindow& file);
 
 } // namespace lumeo

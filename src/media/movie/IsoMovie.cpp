@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t longestText = 4096;
 constexpr std::size_t mostItems = 512;
 
-/// Calls `each` with the boxes in a stretch of the file.
+/// Calls `each` with the boxes in a range of the file.
 template<class Each>
 void forEachBox(FileWindow& file, FileRange range, Each each) {
     BoxWalk walk(file, range);
@@ -24,12 +24,12 @@ void forEachBox(FileWindow& file, FileRange range, Each each) {
     }
 }
 
-/// A signed fixed-point number as the display matrix holds them, with 16 bits behind the point.
+/// A signed fixed-point number of the display matrix, with 16 bits after the point.
 double fixedPoint(std::string_view bytes, std::size_t offset) {
     return static_cast<std::int32_t>(bigEndian(bytes, offset, 4)) / 65536.0;
 }
 
-/// The key of an item that is named by four bytes of Latin-1, such as "©day".
+/// The key of an item whose name is four bytes of Latin-1, such as "©day".
 std::string latinKey(std::uint32_t type) {
     std::string key;
     for (const unsigned shift : {24U, 16U, 8U, 0U}) {
@@ -109,12 +109,12 @@ private:
         }
     }
 
-    /// The time in the header of a movie, of a track or of its media, which all begin alike.
+    /// The time in the header of a movie, a track or its media. All three headers start in the same way.
     static std::optional<Instant> creationDate(std::string_view header) {
         constexpr Instant epoch = std::chrono::sys_days{std::chrono::year{1904} / 1 / 1};
         constexpr std::uint64_t secondsUntil1970 = 2'082'844'800;
         const std::uint64_t created = bigEndian(header, 4, bigEndian(header, 0, 1) == 1 ? 8 : 4);
-        // No movie was shot before 1970: such a time comes from a writer that counts from there.
+        // No digital movie was recorded before 1970. Such a time comes from a writer that counts from 1970.
         return containerDate(created < secondsUntil1970 ? Instant{} : epoch,
                              static_cast<std::int64_t>(created), 1);
     }
@@ -130,7 +130,7 @@ private:
         setDuration(bigEndian(header, 8 + 2 * width, width), isLong);
     }
 
-    /// A movie in fragments tells its whole duration here, and 0 in its header.
+    /// A fragmented movie has its whole duration here and 0 in its header.
     void readFragmentsHeader(const Box& part) {
         if (part.type == fourCC("mehd") && duration_ == 0) {
             const std::string header = content(part, 12);
@@ -190,7 +190,7 @@ private:
         if (item.type == fourCC("meta")) {
             readMetadata(item);
         } else if (item.type >> 24U == 0xA9U) {
-            // A list of texts, one for each language: length, language, bytes.
+            // A list of texts, one for each language. Each has a length, a language and its bytes.
             const std::string texts = content(item, longestText);
             for (std::size_t at = 0; at + 4 <= texts.size();) {
                 const std::size_t length = bigEndian(texts, at, 2);
@@ -201,7 +201,7 @@ private:
     }
 
     void readMetadata(const Box& metadata) {
-        // QuickTime's box starts with its parts, MP4's with a version.
+        // QuickTime's box starts with its parts, and MP4's with a version.
         const bool startsWithParts = bigEndian(content(metadata, 8), 4, 4) == fourCC("hdlr");
         std::vector<std::string> keys;
         forEachBox(file_, behind(metadata.content, startsWithParts ? 0 : 4), [&](const Box& part) {
@@ -215,7 +215,7 @@ private:
 
     std::vector<std::string> readKeys(const Box& part) {
         std::vector<std::string> keys;
-        // Each key is built like a box whose type is its name space.
+        // A key has the form of a box whose type is the key's name space.
         forEachBox(file_, behind(part.content, 8), [&](const Box& key) {
             if (keys.size() < mostItems) {
                 keys.push_back(content(key, longestText));
@@ -259,7 +259,7 @@ private:
     MovieProperties movie_;
     bool hasHeader_ = false;
     bool isHeaderDated_ = false;
-    std::optional<Instant> trackDate_; ///< of the first track that has one
+    std::optional<Instant> trackDate_; ///< of the first track that has a date
     std::uint64_t timeScale_ = 0;
     std::uint64_t duration_ = 0;
 };

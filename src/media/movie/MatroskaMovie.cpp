@@ -8,7 +8,7 @@
 namespace lumeo {
 namespace {
 
-/// The identifiers of the elements that are looked at, their length mark included.
+/// The identifiers of the wanted elements, including their length mark.
 enum ElementId : std::uint64_t {
     header = 0x1A45DFA3,
     segment = 0x18538067,
@@ -34,14 +34,15 @@ struct Element {
     std::uint64_t end = 0;
 };
 
-/// How many bytes a number takes whose length is told by its first byte's leading zeros; 0 for none.
+/// The length in bytes of a number. The leading zeros of its first byte tell the length. 0 when there is
+/// none.
 std::size_t numberWidth(std::string_view bytes, std::size_t offset) {
     const auto first = static_cast<unsigned char>(bigEndian(bytes, offset, 1));
     return first == 0 ? 0 : static_cast<std::size_t>(std::countl_zero(first)) + 1;
 }
 
-/// The element at `offset` inside a space that ends at `end`; one that claims to be longer, or does
-/// not know its size, is cut there.
+/// The element at `offset` inside a space that ends at `end`. An element that claims to be longer, or that
+/// does not know its size, is cut there.
 std::optional<Element> elementAt(FileWindow& file, std::uint64_t offset, std::uint64_t end) {
     const std::string head = file.read(offset, 12);
     const std::size_t idWidth = numberWidth(head, 0);
@@ -50,7 +51,7 @@ std::optional<Element> elementAt(FileWindow& file, std::uint64_t offset, std::ui
     if (idWidth == 0 || idWidth > 4 || sizeWidth == 0 || head.size() < headSize || end - offset < headSize) {
         return std::nullopt;
     }
-    const std::uint64_t unknown = (std::uint64_t{1} << 7U * sizeWidth) - 1; // all ones, however many
+    const std::uint64_t unknown = (std::uint64_t{1} << 7U * sizeWidth) - 1; // all ones, in any width
     const std::uint64_t size = bigEndian(head, idWidth, sizeWidth) & unknown;
     const std::uint64_t begin = offset + headSize;
     const std::uint64_t space = end - begin;
@@ -58,7 +59,7 @@ std::optional<Element> elementAt(FileWindow& file, std::uint64_t offset, std::ui
     return Element{bigEndian(head, 0, idWidth), begin, begin + length};
 }
 
-/// Calls `each` with the elements up to the first one that `each` answers with false.
+/// Calls `each` with the elements until it returns false.
 template<class Each>
 void forEachElement(FileWindow& file, std::uint64_t begin, std::uint64_t end, Each each) {
     while (const std::optional<Element> found = elementAt(file, begin, end)) {
@@ -159,7 +160,7 @@ std::optional<MovieProperties> readMatroskaMovie(FileWindow& file) {
         } else if (part.id == tracks) {
             readTracks(file, part, movie);
         }
-        return part.id != cluster; // the header ends where the first pictures are
+        return part.id != cluster; // the header ends at the first pictures
     });
     return movie;
 }

@@ -60,7 +60,7 @@ std::optional<MovieProperties> MovieReader::read(const FileSystem& fileSystem, c
     if (movie) {
         if (movie->videoTrack &&
             !(movie->videoTrack->naturalWidth > 0 && movie->videoTrack->naturalHeight > 0)) {
-            movie->videoTrack.reset(); // the header leaves the size open
+            movie->videoTrack.reset(); // the header does not tell the size
         }
         static constexpr std::array<std::string_view, 3> dateKeys{"com.apple.quicktime.creationdate", "©day",
                                                                   "creationDate"};

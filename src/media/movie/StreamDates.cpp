@@ -10,14 +10,14 @@
 namespace lumeo {
 namespace {
 
-/// So large that no time which it is part of is a real one.
+/// So large that a time that contains it is never real.
 constexpr int noNumber = 100'000;
 
 unsigned byteAt(std::string_view bytes, std::size_t at) {
     return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
 }
 
-/// Two decimal digits in the bits of a byte that `mask` leaves.
+/// Two decimal digits in the bits of a byte that `mask` selects.
 int decimal(unsigned byte, unsigned mask = 0xFF) {
     const unsigned tens = (byte & mask) >> 4U;
     const unsigned ones = byte & mask & 0xFU;
@@ -28,7 +28,7 @@ std::optional<Instant> wallClock(const WallTime& time) {
     return isRealTime(time) ? LocalCalendar::compose(time) : std::nullopt;
 }
 
-/// What a packet carries, where it begins a picture and whose it is.
+/// The content of a packet, its stream, and whether it starts a picture.
 struct Packet {
     unsigned stream = 0;
     bool isStart = false;
@@ -38,7 +38,7 @@ struct Packet {
 constexpr std::size_t packetSize = 188; ///< without what some formats add between packets
 
 Packet packetOf(std::string_view bytes) {
-    const unsigned control = byteAt(bytes, 3) >> 4U & 3U; // 1: a payload, 2: a field of its own before it
+    const unsigned control = byteAt(bytes, 3) >> 4U & 3U; // 1: a payload, 2: an extra field before it
     const std::size_t begin = 4 + ((control & 2U) != 0 ? 1 + byteAt(bytes, 4) : 0);
     const bool hasPayload = byteAt(bytes, 0) == 0x47 && (control & 1U) != 0 && begin < bytes.size();
     return {(byteAt(bytes, 1) & 0x1FU) << 8U | byteAt(bytes, 2), (byteAt(bytes, 1) & 0x40U) != 0,
@@ -50,7 +50,7 @@ bool beginsPicture(const Packet& packet) {
     return packet.isStart && packet.payload.starts_with(start) && (byteAt(packet.payload, 3) & 0xF0U) == 0xE0;
 }
 
-/// In H.264 a 3 is put behind two zeros, so that no data looks like the start of something.
+/// H.264 inserts a 3 after two zeros, so that no data looks like a start code.
 std::string withoutEscapes(std::string_view escaped) {
     std::string bytes;
     unsigned zeros = 0;
@@ -64,7 +64,7 @@ std::string withoutEscapes(std::string_view escaped) {
     return bytes;
 }
 
-// How many sets of camera facts there are, then each with its number and four bytes.
+// The number of sets of camera facts, and then each set with its number and four bytes.
 std::optional<Instant> dateInCameraFacts(std::string_view facts) {
     constexpr unsigned yearAndMonth = 0x18;
     constexpr unsigned dayAndTime = 0x19;
@@ -72,7 +72,7 @@ std::optional<Instant> dateInCameraFacts(std::string_view facts) {
     const std::size_t count = byteAt(facts, 0);
     for (std::size_t i = 0; i < count; ++i) {
         const auto at = [&](std::size_t byte) { return byteAt(facts, 1 + i * 5 + byte); };
-        if (at(0) == yearAndMonth) { // behind the zone, which the wall clock does without
+        if (at(0) == yearAndMonth) { // after the zone, which a wall clock does not need
             time.year = decimal(at(2)) * 100 + decimal(at(3));
             time.month = decimal(at(4));
         } else if (at(0) == dayAndTime) {
@@ -85,7 +85,7 @@ std::optional<Instant> dateInCameraFacts(std::string_view facts) {
     return wallClock(time);
 }
 
-/// Packs of five bytes: what they hold, then four bytes of it.
+/// Packs of five bytes: their kind, then four bytes of content.
 class DvPacks {
 public:
     void read(std::string_view pack) {
@@ -93,7 +93,7 @@ public:
         constexpr unsigned recordingTime = 0x63;
         if (byteAt(pack, 0) == recordingDate) {
             const int year = decimal(byteAt(pack, 4));
-            constexpr int earliest = 90; // DV is younger
+            constexpr int earliest = 90; // DV is younger than this
             day_ = {(year < earliest ? 2000 : 1900) + year, decimal(byteAt(pack, 3), 0x1F),
                     decimal(byteAt(pack, 2), 0x3F), 12};
         } else if (byteAt(pack, 0) == recordingTime) {
@@ -108,7 +108,7 @@ public:
 
     [[nodiscard]] bool isWhole() const { return isRealTime(day_) && isRealTime(time_); }
 
-    /// At noon where the time is not set.
+    /// At noon when the time is not set.
     [[nodiscard]] std::optional<Instant> date() const {
         WallTime date = day_;
         if (isRealTime(time_)) {
@@ -124,16 +124,16 @@ private:
     WallTime time_;
 };
 
-/// A block of 80 bytes; two kinds of them hold packs.
+/// A block of 80 bytes. Two kinds of blocks hold packs.
 void readDvBlock(std::string_view block, DvPacks& packs) {
     constexpr std::size_t headSize = 3;
     constexpr std::size_t packSize = 5;
     const unsigned kind = byteAt(block, 0) >> 5U;
-    if (kind == 1) { // beside the time code, each pack behind a head of its own
+    if (kind == 1) { // with the time code; each pack has a header
         for (std::size_t i = 0; i < 6; ++i) {
             packs.read(block.substr(headSize + i * (headSize + packSize) + headSize, packSize));
         }
-    } else if (kind == 2) { // beside the picture
+    } else if (kind == 2) { // with the picture
         for (std::size_t i = 0; i < 15; ++i) {
             packs.read(block.substr(headSize + i * packSize, packSize));
         }
@@ -162,7 +162,7 @@ std::optional<TransportPackets> transportPackets(std::string_view head) {
 std::optional<Instant> avchdDate(FileWindow& file) {
     constexpr std::string_view mark("\x17\xEE\x8C\x60\xF8\x4D\x11\xD9\x8C\xD6\x08\0\x20\x0C\x9A\x66MDPM", 20);
     constexpr std::size_t looked = 1024 * 1024;
-    constexpr std::size_t longestFacts = 2'048; // 255 sets of five bytes, escapes among them
+    constexpr std::size_t longestFacts = 2'048; // 255 sets of five bytes, including escapes
     const auto packets = transportPackets(file.read(0, 4 * 1024));
     if (!packets) {
         return std::nullopt;
@@ -194,8 +194,8 @@ std::optional<Instant> avchdDate(FileWindow& file) {
 std::optional<Instant> dvDate(FileWindow& file, std::uint64_t offset) {
     constexpr std::size_t blockSize = 80;
     constexpr std::size_t blocksInPart = 150;
-    constexpr std::size_t firstParts = 24; // of two frames, twelve each where there are 25 a second
-    constexpr std::size_t firstBlocks = 6; // those with packs stand before picture and sound
+    constexpr std::size_t firstParts = 24; // of two frames, with twelve in each at 25 frames a second
+    constexpr std::size_t firstBlocks = 6; // those with packs come before picture and sound
     DvPacks packs;
     for (std::size_t part = 0; part < firstParts && !packs.isWhole(); ++part) {
         for (std::size_t block = 0; block < firstBlocks; ++block) {

@@ -16,7 +16,7 @@ bool beginsWith(FileWindow& file, FileRange range, std::string_view bytes) {
 }
 
 void readWebpChunk(FileWindow& file, const Chunk& chunk, ChunkContents& contents) {
-    constexpr std::string_view exifName("Exif\0\0", 6); // not called for, yet often there
+    constexpr std::string_view exifName("Exif\0\0", 6); // not required, but often there
     if (chunk.tag == "EXIF" && !contents.exif) {
         contents.exif = beginsWith(file, chunk.content, exifName) ? behind(chunk.content, exifName.size())
                                                                   : chunk.content;
@@ -25,7 +25,7 @@ void readWebpChunk(FileWindow& file, const Chunk& chunk, ChunkContents& contents
     }
 }
 
-/// The blocks of a GIF, each followed by parts that tell their length in one byte.
+/// The blocks of a GIF. Each is followed by parts that tell their length in one byte.
 class GifWalk {
 public:
     explicit GifWalk(FileWindow& file) : file_(file) {
@@ -64,7 +64,7 @@ private:
         return byte ? static_cast<unsigned char>(byte->front()) : 0U;
     }
 
-    /// The length of the table of colours that these flags announce.
+    /// The length of the colour table that these flags announce.
     std::uint64_t coloursAt(std::uint64_t flagsAt) {
         const unsigned flags = byteAt(flagsAt);
         return (flags & 0x80U) == 0 ? 0 : std::uint64_t{3} << ((flags & 7U) + 1);
@@ -91,7 +91,7 @@ private:
     FileWindow& file_;
     std::uint64_t at_ = 0;
     unsigned parts_ = 0;
-    bool isLost_ = false; ///< among too many parts
+    bool isLost_ = false; ///< gave up after too many parts
 };
 
 } // namespace

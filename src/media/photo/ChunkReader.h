@@ -6,7 +6,7 @@
 
 namespace lumeo {
 
-/// Where a file that is a row of tagged chunks keeps what it says of itself.
+/// Where a file of tagged chunks keeps its metadata.
 struct ChunkContents {
     std::optional<FileRange> exif; ///< the TIFF structure
     std::optional<FileRange> xmpPacket;
@@ -15,8 +15,8 @@ struct ChunkContents {
 ChunkContents readWebp(FileWindow& file);
 ChunkContents readMrw(FileWindow& file);
 
-/// Of a GIF, which has no Exif. Pixels are not read; what stands far behind the first of them is looked for
-/// in the last 64 KiB.
+/// The same for a GIF, which has no Exif. Pixels are not read. Metadata far behind the first pixels is looked
+/// for in the last 64 KiB.
 ChunkContents readGif(FileWindow& file);
 
 } // namespace lumeo

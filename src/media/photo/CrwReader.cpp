@@ -13,7 +13,7 @@ namespace lumeo {
 
 namespace {
 
-enum Tag : std::uint16_t { // without the bits that tell where the value stands
+enum Tag : std::uint16_t { // without the bits that tell where the value is
     makeAndModel = 0x080A,
     captureTime = 0x180E,
     imageInfo = 0x1810,
@@ -88,7 +88,7 @@ private:
         }
     }
 
-    /// Two texts, one behind the other.
+    /// Two texts, one after the other.
     void readCamera(FileRange value) {
         constexpr std::uint64_t longest = 256;
         const auto bytes =
@@ -102,7 +102,7 @@ private:
         contents_.properties.tiff.model = std::string(model.substr(0, model.find('\0')));
     }
 
-    /// 0 where the file ends.
+    /// 0 at the end of the file.
     template<class Number>
     Number number(std::uint64_t at) {
         const auto bytes = file_.view(at, sizeof(Number));

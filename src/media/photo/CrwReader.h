@@ -12,8 +12,9 @@ struct CrwContents {
     std::optional<FileRange> embeddedJpeg; ///< the largest preview
 };
 
-/// Reads time, camera, size and preview of a CRW: heaps of values, each with a directory at its end, that
-/// hold further heaps. However the directories lead about, only so many are visited.
+/// Reads time, camera, size and preview of a CRW file. It consists of heaps of values. Each heap has a
+/// directory at its end and may hold more heaps. The number of visited directories is limited, wherever they
+/// lead.
 CrwContents readCrw(FileWindow& file);
 
 } // namespace lumeo

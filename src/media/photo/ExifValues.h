@@ -9,11 +9,11 @@
 
 namespace lumeo {
 
-/// The date that a text tells. Absent for what is none: a camera without a clock leaves blanks or zeros
-/// between the colons, and they must not hide a date that stands elsewhere in the file.
+/// The date in a text. Absent when the text is not a date. A camera without a clock leaves blanks or zeros
+/// between the colons, and these must not hide a date that is elsewhere in the file.
 std::optional<Instant> photoDate(const std::optional<std::string>& text);
 
-/// A camera's wall clock, as seconds since 1970 on that clock; absent for 0.
+/// The time of a camera's wall clock, as seconds since 1970 on that clock. Absent for 0.
 std::optional<Instant> photoDate(std::uint32_t clockSeconds);
 
 struct ExifFraction {
@@ -21,8 +21,8 @@ struct ExifFraction {
     std::uint32_t denominator = 0;
 };
 
-/// Degrees, minutes and seconds as decimal degrees. Absent when there is a fraction of nothing, but for the
-/// 0/0 that some write where they leave minutes or seconds out.
+/// Degrees, minutes and seconds as decimal degrees. Absent when a fraction has a denominator of 0. The
+/// exception is 0/0, which some cameras write when they leave out minutes or seconds.
 std::optional<double> decimalDegrees(std::span<const ExifFraction> parts);
 
 } // namespace lumeo

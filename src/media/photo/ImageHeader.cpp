@@ -18,7 +18,7 @@ struct Signature {
 
 using namespace std::string_view_literals;
 
-/// The first that fits decides.
+/// The first signature that matches decides.
 constexpr std::array signatures{
     Signature{0, "\xFF\xD8\xFF"sv, ImageKind::jpeg},
     Signature{0,
@@ -70,7 +70,7 @@ PixelSize bmpSize(std::string_view header) {
         return {numberAt<std::uint16_t>(header, 18, std::endian::little),
                 numberAt<std::uint16_t>(header, 20, std::endian::little)};
     }
-    // A negative height means rows from top to bottom.
+    // A negative height means that the rows go from top to bottom.
     const auto width = static_cast<std::int32_t>(numberAt<std::uint32_t>(header, 18, std::endian::little));
     const auto height = static_cast<std::int32_t>(numberAt<std::uint32_t>(header, 22, std::endian::little));
     return {width, std::abs(std::int64_t{height})};

@@ -6,11 +6,11 @@
 
 namespace lumeo {
 
-/// What the first bytes of an image file show it to be. Names and extensions are not asked.
+/// The kind of image that a file's first bytes show. Names and extensions do not matter.
 enum class ImageKind : std::uint8_t {
     unknown,
     jpeg,
-    tiff, ///< and the RAW formats built on it
+    tiff, ///< and the RAW formats based on it
     raf,
     x3f,
     crw,
@@ -35,8 +35,8 @@ struct PixelSize {
     friend bool operator==(const PixelSize&, const PixelSize&) = default;
 };
 
-/// The pixel size that the header of a PNG, WebP, JPEG 2000 codestream, PSD, GIF, BMP or ICO tells; of an
-/// ICO its first picture's. Absent for every other kind and where the header makes no sense.
+/// The pixel size in the header of a PNG, WebP, JPEG 2000 codestream, PSD, GIF, BMP or ICO. For an ICO it is
+/// the size of the first picture. Absent for every other kind and when the header makes no sense.
 std::optional<PixelSize> headerPixelSize(FileWindow& file, ImageKind kind);
 
 } // namespace lumeo

@@ -36,7 +36,7 @@ bool declaresImage(FileWindow& file) {
     return false;
 }
 
-/// The items of an image file, told by the boxes below its "meta" box.
+/// The items of an image file, described by the boxes in its "meta" box.
 class ImageItems {
 public:
     ImageItems(FileWindow& file, FileRange meta) : file_(file) {
@@ -67,7 +67,7 @@ private:
     FileRange meta_;
     std::optional<Id> exifId_;
     std::optional<Id> xmpId_;
-    std::vector<Location> locations_; ///< of the two items alone
+    std::vector<Location> locations_; ///< only of the two wanted items
 };
 
 void ImageItems::readInfo() {
@@ -185,7 +185,7 @@ std::optional<PixelSize> ImageItems::sizeProperty(FileRange properties, std::uin
     return size.width > 0 && size.height > 0 ? std::optional(size) : std::nullopt;
 }
 
-/// An Exif item begins with the distance from behind that number to the TIFF structure.
+/// An Exif item starts with a number: the distance from the end of this number to the TIFF structure.
 std::optional<FileRange> tiffOfItem(FileWindow& file, FileRange item) {
     FieldReader fields(file, item);
     fields.skip(static_cast<std::size_t>(fields.number(4)));
@@ -201,7 +201,7 @@ FileRange behindUuid(FileRange content) {
     return behind(content, uuidSize);
 }
 
-/// CR3 keeps each directory as a TIFF structure of its own, in a box that is the maker's own.
+/// CR3 stores each directory as a separate TIFF structure, in a box that only this maker uses.
 void readCr3(FileWindow& file, FileRange movie, IsoMediaContents& contents) {
     constexpr std::string_view cameraUuid("\x85\xC0\xB6\x87\x82\x0F\x11\xE0\x81\x11\xF4\xCE\x46\x2B\x6A\x48",
                                           16);

@@ -10,15 +10,15 @@ namespace {
 
 constexpr std::string_view startOfImage = "\xFF\xD8\xFF";
 constexpr std::string_view startOfMetadata = "\xFF\x01"
-                                             "Exiv2"; ///< a JPEG's segments without the image
+                                             "Exiv2"; ///< the segments of a JPEG without the image
 constexpr std::string_view exifName("Exif\0\0", 6);
 constexpr std::string_view xmpName("http://ns.adobe.com/xap/1.0/\0", 29);
 constexpr std::string_view photoshopName("Photoshop 3.0\0", 14);
-constexpr std::uint64_t mostPadding = 64 * 1024; ///< stray bytes tolerated between segments, all told
+constexpr std::uint64_t mostPadding = 64 * 1024; ///< stray bytes between segments, in total
 
 enum Marker : unsigned {
     fill = 0xFF,
-    startOfFrame = 0xC0, ///< up to 0xCF, of which three mean something else
+    startOfFrame = 0xC0, ///< up to 0xCF; three of these mean something else
     huffmanTables = 0xC4,
     jpegExtensions = 0xC8,
     arithmeticCoding = 0xCC,
@@ -53,7 +53,7 @@ void readFrame(FileWindow& file, std::uint64_t offset, JpegContents& contents) {
     }
 }
 
-/// Takes the segment's content where `name` stands before it and none was found earlier.
+/// Takes the segment's content if it starts with `name` and none was found earlier.
 void readNamed(FileWindow& file, FileRange segment, std::string_view name, std::optional<FileRange>& found) {
     if (found || segment.length < name.size()) {
         return;

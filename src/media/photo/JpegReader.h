@@ -7,7 +7,7 @@
 
 namespace lumeo {
 
-/// Where a JPEG keeps what it says of itself.
+/// Where a JPEG keeps its metadata.
 struct JpegContents {
     std::optional<std::int64_t> pixelWidth;
     std::optional<std::int64_t> pixelHeight;
@@ -16,7 +16,7 @@ struct JpegContents {
     std::optional<FileRange> photoshop; ///< image resources
 };
 
-/// Walks the segments before the pixels of the JPEG that begins at `offset`. Absent when none does.
+/// Walks the segments before the pixels of the JPEG that starts at `offset`. Absent when none starts there.
 std::optional<JpegContents> readJpeg(FileWindow& file, std::uint64_t offset);
 
 } // namespace lumeo

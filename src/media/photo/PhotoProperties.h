@@ -8,9 +8,9 @@
 
 namespace lumeo {
 
-/// What an image file says of itself: the pixel size and three dictionaries. Texts stand as stored up
-/// to their first NUL; numbers and dates are decoded; everything is absent that the file does not carry or
-/// carries in another type, and so is a date that is none.
+/// The metadata of an image file: the pixel size and three dictionaries. Texts are as stored, up to their
+/// first NUL. Numbers and dates are decoded. A value is absent when the file does not have it or has it in
+/// another type, and a date also when it is not valid.
 struct PhotoProperties {
     struct Exif {
         std::optional<Instant> dateTimeOriginal;

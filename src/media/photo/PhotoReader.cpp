@@ -31,7 +31,7 @@ void fillFromXmpRange(FileWindow& file, const std::optional<FileRange>& range, P
     }
 }
 
-/// What Photoshop's resources say beside the Exif and the XMP of the format around them.
+/// Adds the facts in Photoshop's resources that are not in the Exif and XMP of the file itself.
 void fillFromPhotoshop(FileWindow& file, const std::optional<FileRange>& resources,
                        PhotoProperties& properties) {
     std::optional<Instant>& date = properties.exif.dateTimeOriginal;
@@ -40,7 +40,7 @@ void fillFromPhotoshop(FileWindow& file, const std::optional<FileRange>& resourc
     }
 }
 
-/// Gives `properties` each fact of `other` that it lacks; the pixel size stays its own.
+/// Copies each fact that `properties` lacks from `other`, except the pixel size.
 void fillFrom(const PhotoProperties& other, PhotoProperties& properties) {
     const auto fill = [](auto& fact, const auto& otherFact) {
         if (!fact) {
@@ -76,7 +76,7 @@ std::optional<PhotoProperties> readJpegAt(FileWindow& file, std::uint64_t offset
     return properties;
 }
 
-/// A RAW file's preview: its metadata is the photo's, its size is not.
+/// The metadata of a RAW file's preview belongs to the photo. The preview's size does not.
 void fillFromPreview(FileWindow& file, const std::optional<FileRange>& jpeg, PhotoProperties& properties) {
     if (const auto preview = jpeg ? readJpegAt(file, jpeg->offset) : std::nullopt) {
         fillFrom(*preview, properties);
@@ -89,7 +89,8 @@ std::optional<PhotoProperties> readTiffFile(FileWindow& file) {
         return std::nullopt;
     }
     PhotoProperties properties = std::move(tiff->properties);
-    // The first image of a CR2 is a preview that does not say so; its Exif dimensions are the photo's.
+    // The first image of a CR2 is a preview, but is not marked as one. Its Exif dimensions are those of the
+    // photo.
     if (file.view(8, 2) == "CR") {
         properties.pixelWidth.reset();
         properties.pixelHeight.reset();

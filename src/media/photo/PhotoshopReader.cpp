@@ -20,7 +20,7 @@ enum Resource : std::uint16_t {
 constexpr std::size_t mostResources = 1'000;
 constexpr std::size_t mostPressFacts = 1'000;
 
-/// "20210314" and "153045+0100"; the time may be left out.
+/// "20210314" and "153045+0100". The time may be missing.
 std::optional<Instant> pressDate(std::string_view day, std::string_view time) {
     if (day.size() != 8) {
         return std::nullopt;
@@ -38,12 +38,12 @@ std::optional<Instant> pressDate(std::string_view day, std::string_view time) {
     return DateText::parsePhoto(date);
 }
 
-/// The date among the facts that press agencies keep, each a short record.
+/// The date among the facts of press agencies. Each fact is a short record.
 std::optional<Instant> readPressDate(FileWindow& file, FileRange facts) {
     constexpr std::uint64_t mark = 0x1C;
     constexpr std::uint64_t dayCreated = 0x0237; // record 2, numbers 55 and 60
     constexpr std::uint64_t timeCreated = 0x023C;
-    constexpr std::uint64_t longest = 0x7FFF; // above, it tells of a length that follows
+    constexpr std::uint64_t longest = 0x7FFF; // a larger value means that the length follows
     std::string day;
     std::string time;
     FieldReader fields(file, facts);
@@ -68,10 +68,10 @@ PhotoshopContents readPhotoshopResources(FileWindow& file, FileRange resources) 
     PhotoshopContents contents;
     FieldReader fields(file, resources);
     for (std::size_t i = 0; i < mostResources; ++i) {
-        fields.skip(4); // a signature, of which there are several
+        fields.skip(4); // a signature; there are several
         const std::uint64_t resource = fields.number(2);
         const std::uint64_t nameLength = fields.number(1);
-        fields.skip(static_cast<std::size_t>(nameLength | 1U)); // with its length padded to even
+        fields.skip(static_cast<std::size_t>(nameLength | 1U)); // its length is padded to an even number
         const std::uint64_t length = fields.code();
         if (fields.hasFailed()) {
             break;

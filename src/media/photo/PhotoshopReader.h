@@ -7,17 +7,17 @@
 
 namespace lumeo {
 
-/// What Photoshop's image resources tell of an image.
+/// What Photoshop's image resources tell about an image.
 struct PhotoshopContents {
     std::optional<FileRange> exif; ///< the TIFF structure
     std::optional<FileRange> xmpPacket;
-    std::optional<Instant> dateCreated; ///< of what the picture shows, as press agencies write it
+    std::optional<Instant> dateCreated; ///< of the scene in the picture, as press agencies write it
 };
 
-/// Walks the resources in a stretch of the file; only so many are visited.
+/// Walks the resources in a range of the file. The number of visited resources is limited.
 PhotoshopContents readPhotoshopResources(FileWindow& file, FileRange resources);
 
-/// The same of a PSD or PSB file.
+/// The same for a PSD or PSB file.
 PhotoshopContents readPsd(FileWindow& file);
 
 } // namespace lumeo

@@ -16,7 +16,7 @@ enum Tag : std::uint16_t {
     gpsLatitude = 0x0002,
     gpsLongitudeRef = 0x0003,
     gpsLongitude = 0x0004,
-    sensorTopBorder = 0x0004, ///< these four in the first directory of one RAW format only
+    sensorTopBorder = 0x0004, ///< these four only in the first directory of one RAW format
     sensorLeftBorder = 0x0005,
     sensorBottomBorder = 0x0006,
     sensorRightBorder = 0x0007,
@@ -42,7 +42,7 @@ enum Tag : std::uint16_t {
 constexpr std::size_t mostSubdirectories = 16;
 constexpr std::uint16_t sensorBorderMagic = 0x55; ///< of the RAW format that tells its sensor's borders
 
-/// A count of pixels that an image may have.
+/// A number of pixels that an image can have.
 std::optional<std::int64_t> pixels(std::optional<std::uint64_t> value) {
     constexpr std::uint64_t most = 0xFFFFFFFF;
     return value && *value > 0 && *value <= most ? std::optional(static_cast<std::int64_t>(*value))
@@ -77,8 +77,8 @@ std::optional<ImageSize> sensorSize(TiffStructure& tiff, const TiffDirectory& fi
                      false};
 }
 
-/// The main image's size: of the first directory unless that is a preview, as in many RAW files; then
-/// of the largest directory below it that is none.
+/// The main image's size. It is taken from the first directory, unless that is a preview, as in many RAW
+/// files. Then it is taken from the largest directory below it that is not a preview.
 std::optional<ImageSize> mainImageSize(TiffStructure& tiff, const TiffDirectory& first) {
     if (tiff.magic() == sensorBorderMagic) {
         return sensorSize(tiff, first);
@@ -102,7 +102,7 @@ std::optional<ImageSize> mainImageSize(TiffStructure& tiff, const TiffDirectory&
     return best;
 }
 
-/// Fills what `exif` lacks.
+/// Fills in what `exif` lacks.
 void readExif(TiffStructure& tiff, const TiffDirectory& directory, PhotoProperties::Exif& exif) {
     const auto fillDate = [&](std::optional<Instant>& fact, std::uint16_t tag) {
         if (!fact) {
@@ -163,7 +163,7 @@ void readImage(TiffStructure& tiff, TiffContents& contents) {
     if (const auto offset = tiff.integer(first.find(exifIfd))) {
         readExif(tiff, tiff.directory(*offset, exifTags), properties.exif);
     }
-    // Some RAW files have their dates here, following TIFF/EP.
+    // Some RAW files have their dates here, as TIFF/EP allows.
     readExif(tiff, first, properties.exif);
     if (const auto offset = tiff.integer(first.find(gpsIfd))) {
         readGps(tiff, tiff.directory(*offset, gpsTags), properties.gps);

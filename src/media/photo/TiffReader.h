@@ -7,22 +7,22 @@
 
 namespace lumeo {
 
-/// What a TIFF structure tells: a TIFF file, one of the RAW formats built on it, or the Exif block of
+/// The metadata in a TIFF structure: a TIFF file, one of the RAW formats based on it, or the Exif block of
 /// another format.
 struct TiffContents {
-    /// The pixel size is the main image's; in an Exif block it says nothing about the image around it.
+    /// The pixel size of the main image. In an Exif block it tells nothing about the image around it.
     PhotoProperties properties;
     std::optional<FileRange> xmpPacket;
     std::optional<FileRange> photoshop;    ///< image resources
     std::optional<FileRange> embeddedJpeg; ///< where one RAW format keeps a second Exif block
 };
 
-/// What the first directory of a structure describes; most formats hang the other two below the image's.
+/// What the first directory of a structure describes. In most formats the image's directory leads to the
+/// other two.
 enum class TiffRoot { image, exif, gps };
 
-/// Reads the few entries that are asked for and what their values lead to; maker notes, previews and
-/// pixels are never touched. `structure` may reach past the end of the file. Absent when no TIFF header
-/// stands there.
+/// Reads the few wanted entries and what their values lead to. Maker notes, previews and pixels are never
+/// touched. `structure` may go beyond the end of the file. Absent when it does not start with a TIFF header.
 std::optional<TiffContents> readTiff(FileWindow& file, FileRange structure, TiffRoot root = TiffRoot::image);
 
 } // namespace lumeo

@@ -20,8 +20,8 @@ std::uint32_t number32(std::string_view bytes, std::size_t at) {
     return numberAt<std::uint32_t>(bytes, at, std::endian::little);
 }
 
-/// The text up to its NUL at a byte offset of the characters. Camera facts are plain ASCII; any other
-/// character shows as a question mark.
+/// The text at a byte offset of the characters, up to its NUL. Camera facts are plain ASCII. Any other
+/// character becomes a question mark.
 std::string textAt(std::string_view characters, std::size_t at) {
     std::string text;
     while (text.size() < longestText && at + 2 <= characters.size()) {
@@ -35,7 +35,7 @@ std::string textAt(std::string_view characters, std::size_t at) {
     return text;
 }
 
-/// Seconds since 1970 on the camera's own clock, written as text.
+/// Seconds since 1970 on the camera's own clock, stored as text.
 std::optional<Instant> dateOf(std::string_view text) {
     std::uint32_t value = 0;
     const bool isNumber = std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc{};
@@ -115,7 +115,7 @@ X3fContents readX3f(FileWindow& file) {
         contents.properties.pixelWidth = number32(*header, 28);
         contents.properties.pixelHeight = number32(*header, 32);
     }
-    // The last four bytes tell where the list of sections is.
+    // The last four bytes tell the place of the list of sections.
     const std::uint64_t size = file.size();
     if (const auto pointer = size < 4 ? std::nullopt : file.view(size - 4, 4)) {
         readSections(file, number32(*pointer, 0), contents);

@@ -12,8 +12,7 @@ struct X3fContents {
     std::optional<FileRange> embeddedJpeg; ///< the preview, which has the Exif block of newer cameras
 };
 
-/// Reads the size in the header and the properties that older cameras keep as pairs of UTF-16 texts: time
-/// and camera.
+/// Reads the size in the header, and time and camera. Older cameras store these as pairs of UTF-16 texts.
 X3fContents readX3f(FileWindow& file);
 
 } // namespace lumeo

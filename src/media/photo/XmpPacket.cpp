@@ -12,7 +12,7 @@ namespace lumeo {
 
 namespace {
 
-/// Names as the parser gives them: the name space, a line feed, the name.
+/// Names in the form of the parser: the name space, a line feed, the name.
 constexpr char nameSeparator = '\n';
 constexpr std::string_view rdfElement = "http://www.w3.org/1999/02/22-rdf-syntax-ns#\nRDF";
 constexpr std::string_view rdfDescription = "http://www.w3.org/1999/02/22-rdf-syntax-ns#\nDescription";
@@ -57,7 +57,7 @@ public:
         XML_SetCharacterDataHandler(parser_.get(), characters);
         XML_SetStartDoctypeDeclHandler(parser_.get(), startDocumentType);
         constexpr int isWhole = 1;
-        // An error ends it: what was read before stands.
+        // Parsing ends at an error, and the values before it are kept.
         XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), isWhole);
     }
 
@@ -83,7 +83,7 @@ private:
             stop();
             return;
         }
-        isText_ = false; // a property with elements in it is no plain text
+        isText_ = false; // a property with elements in it is not plain text
         if (rdfDepth_ == 0) {
             rdfDepth_ = name == rdfElement ? depth_ : 0;
             return;
@@ -128,7 +128,7 @@ private:
         }
     }
 
-    /// A property with qualifiers may hold its value as an attribute.
+    /// A property with qualifiers may have its value as an attribute.
     void keepValue(const XML_Char** attributes) {
         for (; open_ && *attributes != nullptr; attributes += 2) {
             if (attributes[0] == rdfValue) {
@@ -153,16 +153,16 @@ private:
     void keep(std::size_t property, std::string_view text) {
         std::optional<std::string>& value = packet_.values_[property];
         if (!value && text.size() <= longestText) {
-            value = trimmingWhitespace(text); // the text of an element may stand on lines of its own
+            value = trimmingWhitespace(text); // the text of an element may be on separate lines
         }
     }
 
     XmpPacket& packet_;
     Parser parser_;
     std::size_t depth_ = 0;
-    std::size_t rdfDepth_ = 0;        ///< of the element around all descriptions; 0 while none is open
+    std::size_t rdfDepth_ = 0;        ///< of the element around all descriptions; 0 when none is open
     std::optional<std::size_t> open_; ///< the wanted property that is being read
-    bool isText_ = false;             ///< what comes next is its text
+    bool isText_ = false;             ///< the following text is its value
     std::string text_;
 };
 

@@ -11,8 +11,8 @@ namespace lumeo {
 enum class XmpProperty : std::size_t {
     dateTimeOriginal,
     dateTimeDigitized,
-    dateCreated, ///< photoshop:DateCreated, of what the picture shows
-    createDate,  ///< xmp:CreateDate, of the file: of a scan the day it was made
+    dateCreated, ///< photoshop:DateCreated, the date of the scene
+    createDate,  ///< xmp:CreateDate, the date of the file; for a scan, when it was made
     modifyDate,
     make,
     model,
@@ -22,18 +22,17 @@ enum class XmpProperty : std::size_t {
     gpsLongitude,
 };
 
-/// The few properties of an XMP packet that a photo is dated and described by. They are all plain texts:
-/// attributes of a description, elements in it, or the value of such an element that has qualifiers as well.
-/// Descriptions within other properties, such as those of a collage's parts, are passed over. Of a damaged
-/// packet what stands before the damage is kept. A packet that declares a document type, and so entities, is
-/// not read.
+/// The few properties of an XMP packet that the program needs for a photo. All are plain texts: attributes of
+/// a description, elements in it, or the value of such an element with qualifiers. Descriptions within other
+/// properties, such as those for the parts of a collage, are ignored. In a damaged packet, everything before
+/// the damage counts. A packet that declares a document type, and so entities, is not read.
 class XmpPacket {
 public:
-    /// Reads in one pass, in time and memory that grow with the packet's length alone.
+    /// Reads the packet in one pass. Time and memory grow only with the packet's length.
     explicit XmpPacket(std::string_view packet);
 
-    /// The first value that the packet gives, without white space around it; absent when it has none, or
-    /// one of more than 1,024 bytes.
+    /// The first value in the packet, without white space around it. Absent when there is none, or when it
+    /// has more than 1,024 bytes.
     const std::optional<std::string>& operator[](XmpProperty property) const {
         return values_[static_cast<std::size_t>(property)];
     }

@@ -6,8 +6,8 @@
 
 namespace lumeo {
 
-/// Fills what `properties` lacks from an XMP packet. A position is taken whole or not at all. Takes time in
-/// proportion to the packet's length, whatever it holds.
+/// Fills in what `properties` lacks from an XMP packet. A position is copied completely or not at all. The
+/// time is proportional to the packet's length, whatever it holds.
 void fillFromXmp(std::string_view packet, PhotoProperties& properties);
 
 } // namespace lumeo

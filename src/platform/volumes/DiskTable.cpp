@@ -29,11 +29,11 @@ constexpr DiskTraits fat{.ignoresCase = true,
                          .countsUtf16 = true,
                          .largestFile = (std::int64_t{4} << 30) - 1,
                          .isCertain = true};
-/// Its drivers take every character and tell letters apart, unless they are asked not to.
+/// Its drivers accept every character and distinguish case, unless they are configured not to.
 constexpr DiskTraits ntfs{.refusesIllFormedText = true, .countsUtf16 = true};
 constexpr DiskTraits hfs{
     .ignoresCase = true, .ignoresComposition = true, .refusesIllFormedText = true, .countsUtf16 = true};
-/// Most servers of such shares are machines whose own disks do so.
+/// Most servers of such shares have disks that do this.
 constexpr DiskTraits share{.ignoresCase = true};
 
 struct Row {
@@ -50,8 +50,8 @@ constexpr std::array table{
     Row{"cifs", share},       Row{"smb3", share},
 };
 
-/// Of a disk that a program outside the kernel reads, the mount table tells no more than that. Then udev may
-/// know what lies on the device.
+/// For a disk that a program outside the kernel reads, the mount table only tells that. udev may know the
+/// type of file system on the device.
 std::string innerType(const Mount& mount, const FilePath& systemRoot) {
     constexpr std::string_view key = "E:ID_FS_TYPE=";
     if (mount.fileSystemType != "fuseblk") {
@@ -72,7 +72,7 @@ std::optional<std::size_t> longestNameOf(int folder) {
     return isKnown ? std::optional<std::size_t>(told.f_namemax) : std::nullopt;
 }
 
-/// Some disks of this system can ignore case, folder by folder.
+/// Some disks of this system can ignore case in single folders.
 bool hasFoldedNames(int folder) {
     int flags = 0;
     return ioctl(folder, FS_IOC_GETFLAGS, &flags) == 0 && (flags & FS_CASEFOLD_FL) != 0; // NOLINT
@@ -86,8 +86,8 @@ std::string inOtherCase(std::string name) {
     return name;
 }
 
-/// Whether a name in the folder is found in other letters, too, though it is not listed in them. Not all
-/// disks give a file the same number then.
+/// Whether a name in the folder is also found in another case, although it is not listed in that case. Not
+/// all disks give the file the same number then.
 bool findsNamesInOtherCase(const Descriptor& folder, const std::vector<std::string>& names) {
     const auto named =
         std::ranges::find_if(names, [](const std::string& name) { return inOtherCase(name) != name; });

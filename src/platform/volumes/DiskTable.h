@@ -7,12 +7,12 @@
 
 namespace lumeo {
 
-/// What disks with a file system of this type do, as far as the type tells. One that is not known counts as
-/// one of this system's own.
+/// The behaviour of disks with this type of file system, as far as the type tells. An unknown type is treated
+/// like this system's own.
 DiskTraits traitsOfType(std::string_view fileSystemType);
 
-/// What the disk under `path`, which exists, does: by its type, its own limits and the names that it holds.
-/// Writes nothing. `systemRoot` is where "proc" and "run" lie.
+/// The behaviour of the disk under `path`, which must exist, by its type, its limits and its names. Writes
+/// nothing. "proc" and "run" are looked for in `systemRoot`.
 DiskTraits traitsOfDisk(const FilePath& path, const FilePath& systemRoot);
 
 } // namespace lumeo

@@ -17,7 +17,7 @@ bool isOctal(char character) {
     return character >= '0' && character <= '7';
 }
 
-/// Spaces, tabs, line ends and backslashes stand as a backslash and three octal digits.
+/// Spaces, tabs, line feeds and backslashes are written as a backslash and three octal digits.
 std::string unescaped(std::string_view field) {
     std::string result;
     for (std::size_t i = 0; i < field.size(); ++i) {

@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// What all buttons have in common: a role and a name, the ring of the keyboard's focus, Space and
-/// Return, the pointer's shape. What it looks like is for the types on top of it.
+/// The base of all buttons: a role and a name, the focus ring, Space and Return, and the shape of the
+/// pointer. The derived types define the look.
 T.AbstractButton {
     id: control
 

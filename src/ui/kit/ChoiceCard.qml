@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// One choice of a few that deserve a picture and a sentence each, side by side.
+/// One of a few choices side by side, each with a picture and a sentence.
 ExclusiveButton {
     id: control
 
@@ -30,7 +30,7 @@ ExclusiveButton {
             }
 
             Symbol {
-                // Keeps its place, so that the text beside it does not move when the choice does.
+                // Keeps its space, so that the text beside it does not move when the choice changes.
                 opacity: control.checked ? 1 : 0
                 name: "checkmark.circle.fill"
                 color: Theme.tint(Theme.accent)

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Darkens or lightens what a control is drawn on while the pointer is over it or holds it down.
+/// Darkens or lightens the background of a control while the pointer is over it or presses it.
 Rectangle {
     required property T.AbstractButton control
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// Keeps what few people need behind one line.
+/// Hides what few users need behind one line.
 ColumnLayout {
     id: disclosure
 

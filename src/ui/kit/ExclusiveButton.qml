@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// One choice of a group, whose members have the same parent. The keyboard comes to the chosen one, and
-/// goes on from there with the arrow keys, choosing as it goes.
+/// One choice of a group whose members have the same parent. Tab moves to the chosen one. The arrow keys move
+/// on from there and choose.
 T.RadioButton {
     id: control
 

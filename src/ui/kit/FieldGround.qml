@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// The ground of a line to write on, and what it says while the line is empty.
+/// The background of a text field, and the hint that it shows while it is empty.
 Rectangle {
     id: ground
 

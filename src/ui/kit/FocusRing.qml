@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Shows which control the keyboard speaks to. Lies around its parent.
+/// A ring around its parent. Shows that the parent has the keyboard focus.
 Rectangle {
     required property bool shown
 

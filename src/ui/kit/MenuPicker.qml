@@ -4,12 +4,11 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 
-/// A choice of one of several texts, which open as a list. Opens with Space or Return; the arrow keys
-/// choose.
+/// A choice of one text from a list that opens. Space or Return opens it, and the arrow keys choose.
 T.ComboBox {
     id: control
 
-    property string label ///< what is chosen, for those who cannot see it
+    property string label ///< what is chosen, for screen readers
 
     readonly property real widestText: {
         let widest = 0;

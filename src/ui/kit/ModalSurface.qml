@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// What lies over the dimmed window and keeps the keyboard to itself; Escape closes it. The keyboard goes
-/// back to where it was.
+/// A surface over the dimmed window that keeps the keyboard focus. Escape closes it. The focus then returns
+/// to where it was.
 T.Popup {
     id: surface
 

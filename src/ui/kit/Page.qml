@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// What may be longer than its place: scrolls to whatever the keyboard comes to, and by keys. Where
-/// nothing on it takes the keyboard, `activeFocusOnTab: scrolls` lets the page itself take it.
+/// A page that may be longer than its space. It scrolls to the control with the focus, and by keys. If it has
+/// no control that takes the focus, set `activeFocusOnTab: scrolls`, and the page itself takes it.
 Flickable {
     id: page
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Any other thing to do.
+/// A button for any other action.
 ButtonBase {
     id: control
 

@@ -2,13 +2,13 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 
-/// A choice of a few short words in one frame.
+/// A choice between a few short words in one frame.
 Rectangle {
     id: picker
 
-    property string label ///< what is chosen, for those who cannot see it
+    property string label ///< what is chosen, for screen readers
     property var model: [] ///< the words
-    property var symbols: [] ///< before them; none where there is none
+    property var symbols: [] ///< before the words; may be empty
     property int currentIndex: 0
     signal activated(int index)
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 
-/// Turns one thing on or off at once.
+/// Turns one thing on or off, with immediate effect.
 T.Switch {
     id: control
 

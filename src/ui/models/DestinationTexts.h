@@ -12,7 +12,7 @@ namespace lumeo {
 
 class LocalizationManager;
 
-/// Where the archive goes, and whether there is room for it, as it is shown.
+/// The texts and figures of the destination and its free space.
 struct DestinationTexts {
     Q_GADGET
     QML_ANONYMOUS
@@ -34,7 +34,7 @@ public:
     QString capacityLine;
     bool lacksRoom = false; ///< false while the free space is unknown
     bool hasCapacity = false;
-    double usedShare = 0; ///< of the whole volume, as addedShare
+    double usedShare = 0; ///< of the whole volume, like addedShare
     double addedShare = 0;
 
     static DestinationTexts of(const std::optional<SourceVolume>& volume, std::int64_t estimatedBytes,

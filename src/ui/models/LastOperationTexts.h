@@ -13,7 +13,7 @@ namespace lumeo {
 
 class LocalizationManager;
 
-/// The summary of the last run as its card shows it.
+/// The summary of the last run in the form that its card shows.
 struct LastOperationTexts {
     Q_GADGET
     QML_ANONYMOUS
@@ -29,7 +29,7 @@ struct LastOperationTexts {
 
 public:
     bool isPresent = false;
-    QString line; ///< operation, destination and moment of completion, in the language of the interface
+    QString line; ///< operation, destination and time of completion, in the language of the interface
     QString files;
     QString transferred;
     QString verified;

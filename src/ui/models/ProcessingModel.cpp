@@ -28,7 +28,7 @@ void ProcessingModel::followRun() {
 }
 
 void ProcessingModel::followProgress() {
-    // A pause is announced, too, and tells nothing new of the time.
+    // A pause is also announced, but its progress has no new time.
     const double seconds = state_.operationProgress().elapsedSeconds;
     if (seconds > publishedSeconds_) {
         publishedSeconds_ = seconds;
@@ -39,7 +39,7 @@ void ProcessingModel::followProgress() {
 
 void ProcessingModel::show() {
     const OperationProgress& progress = state_.operationProgress();
-    // The total is known before the run has told of itself.
+    // The total is known before the run reports anything.
     const bool hasTold = !isRunning() || progress.totalFiles > 0;
     figures_ = RunFigures::of(progress, hasTold ? progress.totalFiles : state_.totalFilesCount(),
                               isRunning() ? publishedSeconds_ +

@@ -11,7 +11,7 @@ namespace lumeo {
 
 class AppState;
 
-/// A run while it goes on: its figures, and the means to hold and to end it.
+/// The run in progress: its figures, and the commands to pause and to end it.
 class ProcessingModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -44,8 +44,8 @@ private:
 
     AppState& state_;
     RunFigures figures_;
-    QTimer clock_;                ///< a run tells of itself after each file, which may be a large one
-    double publishedSeconds_ = 0; ///< how long the run had taken when it last told
+    QTimer clock_;                ///< a run reports only after each file, and a file may be large
+    double publishedSeconds_ = 0; ///< how long the run had taken at its last report
     QElapsedTimer sincePublished_;
 };
 

@@ -10,7 +10,7 @@
 
 namespace lumeo {
 
-/// A run while it goes on, as it is shown.
+/// The figures of a run in progress, as they are shown.
 struct RunFigures {
     Q_GADGET
     QML_ANONYMOUS
@@ -45,7 +45,7 @@ public:
     QString elapsed;
     QString timeLeft;
 
-    /// `total` and `elapsedSeconds` may be known better than the run's latest progress tells.
+    /// `total` and `elapsedSeconds` may be more current than the run's latest progress.
     static RunFigures of(const OperationProgress& progress, std::int64_t total, double elapsedSeconds);
 };
 

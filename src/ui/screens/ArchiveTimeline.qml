@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// How many files the archive has of each year.
+/// The number of files of each year in the archive.
 Card {
     id: timeline
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// Where the archive goes, and whether there is room for it.
+/// The place of the archive, and whether there is enough space.
 ColumnLayout {
     id: section
 

@@ -4,14 +4,14 @@ import QtQuick
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The filters of the preview in one line, which can be moved aside where they do not all fit.
+/// The filters of the preview in one line, which scrolls when they do not fit.
 Flickable {
     id: strip
 
     required property PreviewModel model
     readonly property int ringRoom: 4 ///< around the pills, for the focus ring
 
-    /// Moves aside as far as it takes to see a pill whole, and that there is another beyond it.
+    /// Scrolls just far enough to show a whole pill and a part of the next one.
     function reveal(pill: Item) {
         const least = Math.max(0, pill.x + pill.width + Theme.s24 - width);
         contentX = Math.max(least, Math.min(contentX, Math.max(0, pill.x - Theme.s24)));

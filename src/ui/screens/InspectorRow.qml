@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// A field of an item by its name; a path gets a line of its own.
+/// A field of an item with its name. A path gets a separate line.
 GridLayout {
     id: row
 

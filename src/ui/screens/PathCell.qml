@@ -1,14 +1,14 @@
 import QtQuick
 import Lumeo.Kit
 
-/// A path in a row, cut short in its middle: the last folder and the name stay for as long as they fit.
+/// A path in a row, cut in its middle. The last folder and the name stay visible as long as they fit.
 Item {
     id: cell
 
     required property string text
     readonly property bool truncated: beginning.truncated || end.truncated
     readonly property int lastFolder: Math.max(0, text.lastIndexOf("/", text.lastIndexOf("/") - 1))
-    readonly property int ellipsis: 10 ///< what it takes to see that the path does not begin here
+    readonly property int ellipsis: 10 ///< the width that shows that the path does not start here
     readonly property real room: Math.max(0, width - Theme.s12 - Theme.s8)
 
     component Part: MonoText {

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The run in four lines.
+/// The statistics of a run in four lines.
 Card {
     id: statistics
 

@@ -2,7 +2,7 @@ import QtQuick
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The second step: the scan while it runs, and what it found once it is over.
+/// The second step: the scan while it runs, and then its results.
 Item {
     id: page
 

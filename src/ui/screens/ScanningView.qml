@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The running scan: its counters, and the name of the file that it looks at.
+/// The running scan: its counters, and the name of the current file.
 Item {
     id: view
 
@@ -113,14 +113,14 @@ Item {
                 Accessible.name: qsTrId("scan.title")
             }
 
-            // A line of its own height, so that nothing moves while there is no name.
+            // The line has a fixed height, so that nothing moves while there is no name.
             MonoText {
                 Layout.fillWidth: true
                 Layout.preferredHeight: 18
                 text: view.model.counters.currentName
                 maximumLineCount: 1
                 horizontalAlignment: Text.AlignHCenter
-                // It changes twenty times a second: too much to be read aloud.
+                // The name changes twenty times a second, which is too often to be read aloud.
                 Accessible.ignored: true
             }
         }

@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The chosen sources, a card each.
+/// The chosen sources, one card for each.
 ColumnLayout {
     id: list
 

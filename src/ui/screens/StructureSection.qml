@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The folders of the archive: ready-made ones, or a pattern of the user's own.
+/// The folders of the archive: a preset, or the user's own pattern.
 ColumnLayout {
     id: section
 

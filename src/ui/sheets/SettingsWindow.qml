@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The preferences, in a small window of their own.
+/// The preferences, in a small separate window.
 Window {
     id: settings
 
