@@ -6,7 +6,7 @@ _lumeo_cli() {
 
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        mapfile -t COMPREPLY < <(compgen -W "scan plan organize duplicates undo runs --help --version --verbose" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "scan plan organize duplicates check verify undo runs --help --version --verbose" -- "$word")
         return
     fi
     case $before in
@@ -14,8 +14,8 @@ _lumeo_cli() {
         --mode) choices="copy move" ;;
         --duplicates) choices="skipDuplicates copyToDuplicatesFolder keepAll" ;;
         --unknown-dates) choices="unknownFolder useFilesystemDate" ;;
-        --template) return ;;
-        --to)
+        --template | --since) return ;;
+        --to | --archive)
             compopt -o filenames
             mapfile -t COMPREPLY < <(compgen -d -- "$word")
             return
@@ -29,12 +29,14 @@ _lumeo_cli() {
     case $command in
         scan) options="--analyze-duplicates --json --quiet --help" ;;
         duplicates) options="--json --quiet --help" ;;
+        check) options="--archive --read-all --json --quiet --help" ;;
+        verify) options="--since --json --quiet --help" ;;
         undo) options="--yes --quiet --help" ;;
         runs) options="--json --help" ;;
         plan | organize)
             options="--to --preset --template --mode --duplicates --unknown-dates --analyze-duplicates"
             options+=" --json --quiet --help"
-            [[ $command == organize ]] && options+=" --manifest --csv --report --yes"
+            [[ $command == organize ]] && options+=" --manifest --csv --report --checksums --yes"
             ;;
     esac
     if [[ $word == -* ]]; then

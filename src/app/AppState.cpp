@@ -30,6 +30,12 @@ SourceVolume measured(const FilePath& destination, const AppEnvironment& environ
 AppState::AppState(const AppEnvironment& environment, QObject* parent)
     : QObject(parent), environment_(environment), organizationPlan_(environment.preferences.newPlan()) {
     readRecentRuns();
+    // Unlike the other settings this one has no place in the plan's own screen, so it takes effect at once.
+    connect(&environment.preferences, &Preferences::listsChecksumsChanged, this, [this] {
+        OrganizationPlan plan = organizationPlan_;
+        plan.listsChecksums = environment_.preferences.listsChecksums();
+        change(organizationPlan_, std::move(plan), &AppState::organizationPlanChanged);
+    });
 }
 
 AppState::~AppState() = default;

@@ -11,6 +11,7 @@ namespace {
 constexpr const char* appearanceKey = "appearanceMode";
 constexpr const char* defaultOperationKey = "defaultOperation";
 constexpr const char* verifyTransfersKey = "verifyTransfers";
+constexpr const char* listsChecksumsKey = "listsChecksums";
 constexpr const char* performanceProfileKey = "performanceProfile";
 constexpr const char* lastOperationSummaryKey = "lastOperationSummary.v1";
 
@@ -75,6 +76,18 @@ void Preferences::setVerifyTransfers(bool verify) {
     }
 }
 
+bool Preferences::listsChecksums() const {
+    return storedText(settings_, listsChecksumsKey) == QLatin1String("true");
+}
+
+void Preferences::setListsChecksums(bool lists) {
+    const bool changes = lists != listsChecksums();
+    settings_.setValue(keyText(listsChecksumsKey), lists);
+    if (changes) {
+        emit listsChecksumsChanged();
+    }
+}
+
 PerformanceProfile Preferences::performanceProfile() const {
     return storedCase<PerformanceProfile>(settings_, performanceProfileKey)
         .value_or(PerformanceProfile::autoProfile);
@@ -101,6 +114,7 @@ OrganizationPlan Preferences::newPlan() const {
     OrganizationPlan plan;
     plan.operationMode = defaultOperation();
     plan.verifyTransfers = verifyTransfers();
+    plan.listsChecksums = listsChecksums();
     return plan;
 }
 

@@ -36,6 +36,10 @@ public:
     [[nodiscard]] bool verifyTransfers() const;
     void setVerifyTransfers(bool verify);
 
+    /// Whether runs add their digests to the archive's list of them; not unless it is asked for.
+    [[nodiscard]] bool listsChecksums() const;
+    void setListsChecksums(bool lists);
+
     [[nodiscard]] PerformanceProfile performanceProfile() const;
     void setPerformanceProfile(PerformanceProfile profile);
 
@@ -50,6 +54,7 @@ signals:
     void appearanceChanged();
     void defaultOperationChanged();
     void verifyTransfersChanged();
+    void listsChecksumsChanged();
     void performanceProfileChanged();
 
 private:

@@ -29,6 +29,19 @@ void printLine(const Json& json) {
     std::cout << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
+Cells cellsOf(const MediaItem& item) {
+    std::string file = printable(item.sourceURL.bytes());
+    if (item.dateSuspiciousWarning) {
+        file += "  (" + item.dateSuspiciousWarning->str() + ")";
+    }
+    return {LUMEODateFormatters::formattedFully(item.resolvedDate),
+            std::string(userFriendlyLabel(item.dateSource)),
+            std::string(userFriendlyLabel(item.dateConfidence)),
+            std::string(kindName(item.mediaType)),
+            TextFormat::byteCount(item.fileSize),
+            std::move(file)};
+}
+
 } // namespace
 
 std::string scanFacts(const ScanProgress& progress) {
@@ -43,30 +56,23 @@ std::string scanFacts(const ScanProgress& progress) {
 }
 
 void printCounters(const ScanProgress& progress) {
-    Table table({"Photos", TextFormat::number(progress.photosCount)});
-    table.addRow({"RAW photos", TextFormat::number(progress.rawCount)});
-    table.addRow({"Videos", TextFormat::number(progress.videosCount)});
-    table.addRow({"Size of all media", TextFormat::byteCount(progress.totalBytesScanned)});
-    table.addRow({"Files examined", TextFormat::number(progress.totalScannedCount)});
-    table.addRow({"Of no supported type", TextFormat::number(progress.unsupportedCount)});
-    table.addRow({"Unreadable entries", TextFormat::number(progress.errorsCount)});
-    table.print();
+    const std::vector<Cells> rows{
+        {"Photos", TextFormat::number(progress.photosCount)},
+        {"RAW photos", TextFormat::number(progress.rawCount)},
+        {"Videos", TextFormat::number(progress.videosCount)},
+        {"Size of all media", TextFormat::byteCount(progress.totalBytesScanned)},
+        {"Files examined", TextFormat::number(progress.totalScannedCount)},
+        {"Of no supported type", TextFormat::number(progress.unsupportedCount)},
+        {"Unreadable entries", TextFormat::number(progress.errorsCount)},
+    };
+    printTable(rows.size(), [&rows](std::size_t row) { return rows[row]; });
 }
 
 void printItems(const std::vector<MediaItem>& items) {
-    Table table({"Date", "Where from", "Confidence", "Kind", "Size", "File"});
-    for (const MediaItem& item : items) {
-        std::string file = printable(item.sourceURL.bytes());
-        if (item.dateSuspiciousWarning) {
-            file += "  (" + item.dateSuspiciousWarning->str() + ")";
-        }
-        table.addRow({LUMEODateFormatters::formattedFully(item.resolvedDate),
-                      std::string(userFriendlyLabel(item.dateSource)),
-                      std::string(userFriendlyLabel(item.dateConfidence)),
-                      std::string(kindName(item.mediaType)), TextFormat::byteCount(item.fileSize),
-                      std::move(file)});
-    }
-    table.print();
+    printTable(items.size() + 1, [&items](std::size_t row) {
+        return row == 0 ? Cells{"Date", "Where from", "Confidence", "Kind", "Size", "File"}
+                        : cellsOf(items[row - 1]);
+    });
 }
 
 void printPlan(const std::vector<MediaItem>& items) {

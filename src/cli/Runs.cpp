@@ -41,6 +41,15 @@ void printLines(const std::vector<RunEntry>& runs) {
     }
 }
 
+Cells cellsOf(const RunEntry& run) {
+    return {LUMEODateFormatters::formattedFully(run.startedAt),
+            run.operationType,
+            stateOf(run),
+            TextFormat::number(run.verifiedFiles) + " of " + TextFormat::number(run.totalFiles),
+            printable(run.destinationRoot.bytes()),
+            printable(run.journal.bytes())};
+}
+
 } // namespace
 
 ExitStatus listRuns(const Arguments& arguments, const Environment& environment) {
@@ -54,13 +63,10 @@ ExitStatus listRuns(const Arguments& arguments, const Environment& environment) 
                   << ".\n";
         return ExitStatus::success;
     }
-    Table table({"Started", "Mode", "State", "Files", "Archive", "Journal"});
-    for (const RunEntry& run : runs) {
-        table.addRow({LUMEODateFormatters::formattedFully(run.startedAt), run.operationType, stateOf(run),
-                      TextFormat::number(run.verifiedFiles) + " of " + TextFormat::number(run.totalFiles),
-                      printable(run.destinationRoot.bytes()), printable(run.journal.bytes())});
-    }
-    table.print();
+    printTable(runs.size() + 1, [&runs](std::size_t row) {
+        return row == 0 ? Cells{"Started", "Mode", "State", "Files", "Archive", "Journal"}
+                        : cellsOf(runs[row - 1]);
+    });
     return ExitStatus::success;
 }
 

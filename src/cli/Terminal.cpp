@@ -56,6 +56,38 @@ std::string fittedEnd(const std::string& text, std::size_t columns) {
     return "…" + text.substr(start);
 }
 
+void widen(std::vector<std::size_t>& widths, const Cells& row) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        widths[column] = std::max(widths[column], width(row[column]));
+    }
+}
+
+void printLinedUp(const Cells& row, const std::vector<std::size_t>& widths) {
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        std::cout << row[column];
+        if (column + 1 < row.size()) {
+            std::cout << std::string(widths[column] - width(row[column]) + 2, ' ');
+        }
+    }
+    std::cout << '\n';
+}
+
+void printFlowing(const Cells& row, std::size_t columns) {
+    std::size_t used = 0;
+    for (const std::string& cell : row) {
+        const std::size_t wanted = 2 + width(cell);
+        if (used > 0 && used + wanted > columns) {
+            std::cout << "\n    " << cell;
+            used = wanted + 2;
+        } else {
+            std::cout << (used > 0 ? "  " : "") << cell;
+            used += used > 0 ? wanted : width(cell);
+        }
+    }
+    std::cout << '\n';
+}
+
 } // namespace
 
 bool isTerminal(int descriptor) {
@@ -102,55 +134,26 @@ void StatusLine::clear() {
     }
 }
 
-void Table::addRow(std::vector<std::string> cells) {
-    widths_.resize(std::max(widths_.size(), cells.size()));
-    for (std::size_t column = 0; column < cells.size(); ++column) {
-        widths_[column] = std::max(widths_[column], width(cells[column]));
+void printTable(std::size_t rows, const std::function<Cells(std::size_t row)>& cells) {
+    std::vector<std::size_t> widths;
+    for (std::size_t row = 0; row < rows; ++row) {
+        widen(widths, cells(row));
     }
-    rows_.push_back(std::move(cells));
-}
-
-void Table::print() const {
     // The last column is not lined up and needs some space of its own.
     constexpr std::size_t leastForLast = 24;
     std::size_t linedUp = 0;
-    for (std::size_t column = 0; column + 1 < widths_.size(); ++column) {
-        linedUp += widths_[column] + 2;
+    for (std::size_t column = 0; column + 1 < widths.size(); ++column) {
+        linedUp += widths[column] + 2;
     }
-    const bool isNarrow =
-        isTerminal(STDOUT_FILENO) && linedUp + leastForLast > terminalColumns(STDOUT_FILENO);
-    for (const std::vector<std::string>& row : rows_) {
+    const std::size_t columns = terminalColumns(STDOUT_FILENO);
+    const bool isNarrow = isTerminal(STDOUT_FILENO) && linedUp + leastForLast > columns;
+    for (std::size_t row = 0; row < rows; ++row) {
         if (isNarrow) {
-            printFlowing(row, terminalColumns(STDOUT_FILENO));
+            printFlowing(cells(row), columns);
         } else {
-            printLinedUp(row);
+            printLinedUp(cells(row), widths);
         }
     }
-}
-
-void Table::printLinedUp(const std::vector<std::string>& row) const {
-    for (std::size_t column = 0; column < row.size(); ++column) {
-        std::cout << row[column];
-        if (column + 1 < row.size()) {
-            std::cout << std::string(widths_[column] - width(row[column]) + 2, ' ');
-        }
-    }
-    std::cout << '\n';
-}
-
-void Table::printFlowing(const std::vector<std::string>& row, std::size_t columns) {
-    std::size_t used = 0;
-    for (const std::string& cell : row) {
-        const std::size_t wanted = 2 + width(cell);
-        if (used > 0 && used + wanted > columns) {
-            std::cout << "\n    " << cell;
-            used = wanted + 2;
-        } else {
-            std::cout << (used > 0 ? "  " : "") << cell;
-            used += used > 0 ? wanted : width(cell);
-        }
-    }
-    std::cout << '\n';
 }
 
 } // namespace lumeo::cli

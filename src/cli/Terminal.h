@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,20 +44,12 @@ private:
     std::chrono::nanoseconds lastShown_{0};
 };
 
+/// The texts of one row of a table.
+using Cells = std::vector<std::string>;
+
 /// Lines up columns of text on stdout. Each column but the last is as wide as its widest cell. On a terminal
-/// that is too narrow, each row takes as many lines as its cells need.
-class Table {
-public:
-    explicit Table(std::vector<std::string> headings) { addRow(std::move(headings)); }
-    void addRow(std::vector<std::string> cells);
-    void print() const;
-
-private:
-    void printLinedUp(const std::vector<std::string>& row) const;
-    static void printFlowing(const std::vector<std::string>& row, std::size_t columns);
-
-    std::vector<std::vector<std::string>> rows_;
-    std::vector<std::size_t> widths_;
-};
+/// that is too narrow, each row takes as many lines as its cells need. Each row is asked for twice, so that
+/// no table, however long, is kept in memory.
+void printTable(std::size_t rows, const std::function<Cells(std::size_t row)>& cells);
 
 } // namespace lumeo::cli

@@ -7,11 +7,13 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <istream>
 #include <memory>
 #include <sstream>
+#include <streambuf>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace lumeo {
@@ -71,7 +73,7 @@ Problem problemOf(const OperationManifest& manifest) {
     if (!isPlain(manifest.destinationRoot) && !manifest.items.empty()) {
         return "the archive has no plain path: " + printable(manifest.destinationRoot.bytes());
     }
-    std::unordered_set<std::string_view> destinations;
+    std::vector<std::string_view> destinations;
     for (const FileTransactionItem& record : manifest.items) {
         if (record.status != TransactionStatus::verified) {
             continue;
@@ -79,11 +81,12 @@ Problem problemOf(const OperationManifest& manifest) {
         if (Problem problem = problemOf(record, manifest)) {
             return problem;
         }
-        if (!destinations.insert(record.destinationPath.bytes()).second) {
-            return "a destination comes twice: " + printable(record.destinationPath.bytes());
-        }
+        destinations.push_back(record.destinationPath.bytes());
     }
-    return std::nullopt;
+    std::ranges::sort(destinations);
+    const auto twice = std::ranges::adjacent_find(destinations);
+    return twice != destinations.end() ? Problem("a destination comes twice: " + printable(*twice))
+                                       : std::nullopt;
 }
 
 // ---- the two forms ----
@@ -197,20 +200,81 @@ Problem readLines(LineReader& lines, ReadJournal& journal) {
     return std::nullopt;
 }
 
-Problem readDocument(LineReader& lines, ReadJournal& journal) {
-    std::string text;
-    while (const std::optional<std::string> line = lines.next()) {
-        text += *line;
+/// A file as the stream that the parser reads.
+class FileStream : private std::streambuf, public std::istream {
+public:
+    explicit FileStream(ReadableFile& file) : std::istream(static_cast<std::streambuf*>(this)), file_(file) {}
+
+    [[nodiscard]] const std::optional<FileError>& error() const noexcept { return error_; }
+
+private:
+    using Traits = std::char_traits<char>;
+
+    std::streambuf::int_type underflow() override {
+        const FileResult<std::size_t> count = file_.read(std::as_writable_bytes(std::span(piece_)));
+        if (!count) {
+            error_ = count.error();
+        }
+        if (!count || *count == 0) {
+            return Traits::eof();
+        }
+        setg(piece_.data(), piece_.data(), piece_.data() + *count);
+        return Traits::to_int_type(piece_.front());
     }
-    const Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
+
+    ReadableFile& file_;
+    std::array<char, 65536> piece_{};
+    std::optional<FileError> error_;
+};
+
+/// Takes the records out of a document while it is parsed. All of them together, as the parser holds them,
+/// would take several times the memory.
+class RecordTaker {
+public:
+    /// Whether the parser is to keep what it has just read.
+    bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
+        if (event == Json::parse_event_t::key && depth == 1) {
+            isInRecords_ = parsed == "items";
+        }
+        if (!isInRecords_ || depth != 2 || event != Json::parse_event_t::object_end) {
+            return true;
+        }
+        Decoded<FileTransactionItem> record = decodeFileTransactionItem(parsed);
+        if (record) {
+            records_.push_back(*std::move(record));
+        } else if (!error_) {
+            error_ =
+                DecodingError{"items", "has a wrong record number " + std::to_string(records_.size() + 1) +
+                                           ": " + record.error().message()};
+        }
+        return false;
+    }
+
+    [[nodiscard]] const std::optional<DecodingError>& error() const noexcept { return error_; }
+    std::vector<FileTransactionItem> take() && { return std::move(records_); }
+
+private:
+    bool isInRecords_ = false;
+    std::vector<FileTransactionItem> records_;
+    std::optional<DecodingError> error_;
+};
+
+Problem readDocument(ReadableFile& file, ReadJournal& journal) {
+    FileStream text(file);
+    RecordTaker records;
+    const Json json = Json::parse(text, std::ref(records), /*allow_exceptions=*/false);
+    if (text.error()) {
+        return text.error()->message();
+    }
     if (json.is_discarded()) {
         return damaged();
     }
     Decoded<OperationManifest> manifest = decodeOperationManifest(json);
-    if (!manifest) {
-        return noJournal(manifest.error().message());
+    if (!manifest || records.error()) {
+        return noJournal((manifest ? *records.error() : manifest.error()).message());
     }
     journal.manifest = *std::move(manifest);
+    journal.manifest.items = std::move(records).take();
     journal.totalFiles = std::ssize(journal.manifest.items);
     journal.state = journal.manifest.isCancelled.value_or(false) ? RunState::cancelled : RunState::finished;
     return std::nullopt;
@@ -309,7 +373,7 @@ Result<ReadJournal, std::string> readJournal(const FileSystem& fileSystem, const
     }
     ReadJournal journal;
     LineReader lines(**file);
-    Problem problem = isOfLines ? readLines(lines, journal) : readDocument(lines, journal);
+    Problem problem = isOfLines ? readLines(lines, journal) : readDocument(**file, journal);
     if (lines.error()) {
         return lines.error()->message();
     }

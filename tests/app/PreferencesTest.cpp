@@ -58,6 +58,7 @@ TEST_F(PreferencesTest, AreKeptFromOneLifeToTheNext) {
     preferences().setAppearance(AppAppearance::dark);
     preferences().setDefaultOperation(OperationMode::move);
     preferences().setVerifyTransfers(false);
+    preferences().setListsChecksums(true);
     preferences().setPerformanceProfile(PerformanceProfile::fastSSD);
     preferences().setLastOperationSummary(summary);
 
@@ -67,6 +68,7 @@ TEST_F(PreferencesTest, AreKeptFromOneLifeToTheNext) {
     EXPECT_EQ(preferences().lastOperationSummary(), summary);
     EXPECT_EQ(preferences().newPlan().operationMode, OperationMode::move);
     EXPECT_FALSE(preferences().newPlan().verifyTransfers);
+    EXPECT_TRUE(preferences().newPlan().listsChecksums);
     EXPECT_EQ(settings().value(QStringLiteral("performanceProfile")), QStringLiteral("fastSSD"));
     EXPECT_EQ(settings().value(QStringLiteral("verifyTransfers")), QStringLiteral("false"));
 }

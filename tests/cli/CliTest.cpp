@@ -426,6 +426,28 @@ TEST_F(Cli, UndoTakesBackWhatIsUnchangedAndTellsTheRest) {
     }
 }
 
+TEST_F(Cli, ProvesACardAndAnArchive) {
+    ASSERT_EQ(run({"organize", "SOURCE", "--to", "DEST", "--checksums", "--quiet"}).status, 0);
+    const Outcome checked = run({"check", "SOURCE", "--archive", "DEST"});
+    EXPECT_EQ(checked.status, 0) << checked.err;
+    EXPECT_THAT(checked.out, HasSubstr("All 4 media files"));
+    EXPECT_THAT(checked.out, HasSubstr("1 other file was not looked at: 1 .pdf."));
+    EXPECT_EQ(run({"verify", "DEST", "--quiet"}).status, 0);
+
+    archive_.write("Archive/2021/2021-03 March/IMG_20210314_153045.jpg", "First");
+    source_.write("card/new.jpg", "not copied yet");
+    EXPECT_EQ(run({"check", "SOURCE", "--archive", "DEST", "--read-all"}).status, 1);
+    const std::vector<Json> missing = jsonLines(run({"check", "SOURCE", "--archive", "DEST", "--json"}).out);
+    EXPECT_EQ(missing.back().at("missingFiles"), 2);
+    const Outcome verified = run({"verify", "DEST", "--json", "--since", "30"});
+    EXPECT_EQ(verified.status, 1);
+    EXPECT_EQ(jsonLines(verified.out).front().at("finding"), "changed");
+    EXPECT_EQ(jsonLines(verified.out).back().at("unchangedFiles"), 3);
+
+    EXPECT_EQ(run({"check", "SOURCE", "--archive", "SOURCE"}).status, 2);
+    EXPECT_EQ(run({"verify", "SOURCE"}).status, 2) << "there is no list";
+}
+
 TEST_F(Cli, DuplicatesTellsGroupsAndWaste) {
     source_.write("copies/again.jpg", "first");
     const Outcome outcome = run({"duplicates", "SOURCE", "--json"});

@@ -65,6 +65,8 @@ TEST_F(ReportModelTest, TellsOfTheRun) {
     EXPECT_TRUE(report.figures().hasManifest);
     EXPECT_FALSE(report.figures().hasFailures);
     EXPECT_EQ(report.figures().organized, QStringLiteral("3"));
+    EXPECT_TRUE(report.figures().proof.startsWith(QStringLiteral("All 3 media files of ")))
+        << report.figures().proof.toStdString();
     EXPECT_EQ(report.figures().photosVsVideos, QStringLiteral("2 photos, 1 videos"));
     EXPECT_EQ(report.figures().unknownDates, QStringLiteral("1 file(s)"));
     const QVariantList timeline = report.figures().timeline;

@@ -45,7 +45,8 @@ ReportModel::ReportModel(AppState& state, const LocalizationManager& texts, cons
 void ReportModel::takeRun() {
     const Manifest& run = state_.activeManifest();
     items_ = run ? state_.scannedItems() : noItems();
-    figures_ = ReportTexts::of(run.get(), *items_, state_.journalProblem());
+    figures_ =
+        ReportTexts::of(run.get(), *items_, state_.journalProblem(), state_.scanProgress().errorsCount == 0);
     emit figuresChanged();
     emit destinationChanged();
     showUndoAlert_ = false;

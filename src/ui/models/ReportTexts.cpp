@@ -2,6 +2,8 @@
 
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
+#include "model/OrganizationPlan.h"
+#include "transfer/SourceProof.h"
 #include "ui/models/RunTexts.h"
 #include "ui/models/ShownText.h"
 
@@ -41,10 +43,44 @@ void showResult(UndoTexts& shown, const UndoResult& result, const LocalizationMa
     }
 }
 
+QString noticesOf(const OperationManifest& run) {
+    QStringList lines;
+    for (const std::string& notice : run.notices) {
+        lines.append(shownText(notice));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+/// Only what the run itself has proven. What the scan could not read may be media, too.
+QString sentenceOf(const SourceProof& proof, bool sawAll) {
+    const QString name = shownText(proof.root.lastComponent());
+    const QString missing = shownNumber(proof.mediaFiles - proof.inArchive);
+    if (proof.inArchive < proof.mediaFiles) {
+        return QStringLiteral("%1 of the %2 media files of %3 are not proven to be in the archive.")
+            .arg(missing, shownNumber(proof.mediaFiles), name);
+    }
+    return sawAll ? QStringLiteral("All %1 media files of %2 are in the archive.")
+                        .arg(shownNumber(proof.mediaFiles), name)
+                  : QStringLiteral("The %1 media files of %2 that could be read are in the archive.")
+                        .arg(shownNumber(proof.mediaFiles), name);
+}
+
+QString proofOf(const OperationManifest& run, std::span<const MediaItem> items, bool sawAll) {
+    QStringList lines;
+    if (run.operationType == rawValue(OperationMode::copy)) {
+        for (const SourceProof& proof : proveSources(run, items)) {
+            if (proof.mediaFiles > 0) {
+                lines.append(sentenceOf(proof, sawAll));
+            }
+        }
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
 } // namespace
 
 ReportTexts ReportTexts::of(const OperationManifest* manifest, std::span<const MediaItem> items,
-                            std::string_view journalProblem) {
+                            std::string_view journalProblem, bool sawAll) {
     const ReportFigures figures = ReportFigures::of(manifest, items);
     ReportTexts shown;
     shown.hasManifest = manifest != nullptr;
@@ -60,6 +96,10 @@ ReportTexts ReportTexts::of(const OperationManifest* manifest, std::span<const M
         QStringLiteral("%1 photos, %2 videos").arg(shownNumber(figures.photos), shownNumber(figures.videos));
     shown.unknownDates = QStringLiteral("%1 file(s)").arg(shownNumber(figures.undated));
     shown.journalProblem = shown.hasManifest ? asSentence(journalProblem) : QString();
+    if (manifest != nullptr) {
+        shown.notices = noticesOf(*manifest);
+        shown.proof = proofOf(*manifest, items, sawAll);
+    }
     return shown;
 }
 

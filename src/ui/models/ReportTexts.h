@@ -30,6 +30,8 @@ struct ReportTexts {
     Q_PROPERTY(QString photosVsVideos MEMBER photosVsVideos)
     Q_PROPERTY(QString unknownDates MEMBER unknownDates)
     Q_PROPERTY(QString journalProblem MEMBER journalProblem)
+    Q_PROPERTY(QString notices MEMBER notices)
+    Q_PROPERTY(QString proof MEMBER proof)
 
 public:
     bool hasManifest = false;
@@ -45,9 +47,12 @@ public:
     QString unknownDates;
     QString journalProblem; ///< why the journal of the run is not kept on disk; empty when it is
 
-    /// `manifest` may be null, for no run.
+    QString notices; ///< what is to be known of the run as a whole, a line each; empty when nothing is
+    QString proof;   ///< of a copy: for each source, whether all of its media is in the archive, a line each
+
+    /// `manifest` may be null, for no run. `sawAll` says that the scan could read everything in the sources.
     static ReportTexts of(const OperationManifest* manifest, std::span<const MediaItem> items,
-                          std::string_view journalProblem);
+                          std::string_view journalProblem, bool sawAll);
 };
 
 /// The saving of a document.

@@ -10,6 +10,7 @@ SettingsModel::SettingsModel(Preferences& preferences, QObject* parent)
     connect(&preferences, &Preferences::defaultOperationChanged, this,
             &SettingsModel::defaultOperationChanged);
     connect(&preferences, &Preferences::verifyTransfersChanged, this, &SettingsModel::verifyTransfersChanged);
+    connect(&preferences, &Preferences::listsChecksumsChanged, this, &SettingsModel::listsChecksumsChanged);
     connect(&preferences, &Preferences::performanceProfileChanged, this,
             &SettingsModel::performanceProfileChanged);
 }
@@ -40,6 +41,14 @@ bool SettingsModel::verifyTransfers() const {
 
 void SettingsModel::setVerifyTransfers(bool verify) {
     preferences_.setVerifyTransfers(verify);
+}
+
+bool SettingsModel::listsChecksums() const {
+    return preferences_.listsChecksums();
+}
+
+void SettingsModel::setListsChecksums(bool lists) {
+    preferences_.setListsChecksums(lists);
 }
 
 int SettingsModel::performanceProfile() const {

@@ -19,6 +19,7 @@ class SettingsModel : public QObject {
         int defaultOperation READ defaultOperation WRITE setDefaultOperation NOTIFY defaultOperationChanged)
     Q_PROPERTY(
         bool verifyTransfers READ verifyTransfers WRITE setVerifyTransfers NOTIFY verifyTransfersChanged)
+    Q_PROPERTY(bool listsChecksums READ listsChecksums WRITE setListsChecksums NOTIFY listsChecksumsChanged)
     Q_PROPERTY(int performanceProfile READ performanceProfile WRITE setPerformanceProfile NOTIFY
                    performanceProfileChanged)
 
@@ -33,6 +34,8 @@ public:
     void setDefaultOperation(int operation);
     [[nodiscard]] bool verifyTransfers() const;
     void setVerifyTransfers(bool verify);
+    [[nodiscard]] bool listsChecksums() const;
+    void setListsChecksums(bool lists);
     [[nodiscard]] int performanceProfile() const;
     void setPerformanceProfile(int profile);
 
@@ -40,6 +43,7 @@ signals:
     void appearanceChanged();
     void defaultOperationChanged();
     void verifyTransfersChanged();
+    void listsChecksumsChanged();
     void performanceProfileChanged();
 
 private:

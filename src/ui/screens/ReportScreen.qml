@@ -69,6 +69,21 @@ Item {
                 text: screen.model.figures.journalProblem
             }
 
+            Banner {
+                objectName: "notices"
+                Layout.fillWidth: true
+                visible: text !== ""
+                symbol: "exclamationmark.triangle.fill"
+                text: screen.model.figures.notices
+            }
+
+            BodyText {
+                objectName: "proof"
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: screen.model.figures.proof
+            }
+
             ReportActions {
                 Layout.fillWidth: true
                 model: screen.model

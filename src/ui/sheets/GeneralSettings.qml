@@ -49,6 +49,14 @@ ColumnLayout {
             onToggled: general.model.verifyTransfers = checked
         }
 
+        Switch {
+            Layout.columnSpan: 2
+            Layout.fillWidth: true
+            text: "Keep a list of checksums in the archive (SHA256SUMS)"
+            checked: general.model.listsChecksums
+            onToggled: general.model.listsChecksums = checked
+        }
+
         BodyText {
             Layout.fillWidth: true
             text: "Performance Profile:"
