@@ -200,7 +200,7 @@ Problem readLines(LineReader& lines, ReadJournal& journal) {
     return std::nullopt;
 }
 
-/// A file as the stream that the parser reads.
+/// A file in the form of the stream that the parser reads.
 class FileStream : private std::streambuf, public std::istream {
 public:
     explicit FileStream(ReadableFile& file) : std::istream(static_cast<std::streambuf*>(this)), file_(file) {}
@@ -227,11 +227,11 @@ private:
     std::optional<FileError> error_;
 };
 
-/// Takes the records out of a document while it is parsed. All of them together, as the parser holds them,
-/// would take several times the memory.
+/// Takes the records from a document while it is parsed. If the parser held them all at once, they would take
+/// several times the memory.
 class RecordTaker {
 public:
-    /// Whether the parser is to keep what it has just read.
+    /// Whether the parser should keep what it has just read.
     bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
         if (event == Json::parse_event_t::key && depth == 1) {
             isInRecords_ = parsed == "items";
