@@ -24,9 +24,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Damages files in seeded ways and hands each to the readers, as a scan does. Told are the longest time that
-// one took and the most memory. A crash ends the run; a file that takes ten seconds does too. Both leave
-// the file where the first line says.
+// Damages files at random from a seed and passes each to the readers, as a scan does. Prints the longest time
+// that one file took and the largest use of memory. A crash ends the run, and so does a file that takes ten
+// seconds. In both cases the file remains at the place that the first line names.
 //
 //     lumeo-mutate COUNT SEED [FOLDER with files to damage…]
 
@@ -104,7 +104,7 @@ public:
 private:
     std::size_t below(std::size_t end) { return end == 0 ? 0 : numbers_() % end; }
 
-    /// Most of what is read of a file stands near its beginning or end.
+    /// Readers mostly read near the start or the end of a file.
     std::size_t place(const std::string& bytes) {
         constexpr std::size_t near = 4'096;
         const std::size_t reach = std::min(bytes.size(), near);
@@ -199,7 +199,7 @@ int main(int argc, char** argv) {
         }
     }
     alarm(0);
-    while (wait(nullptr) > 0) { // helpers that have been ended, for what they took
+    while (wait(nullptr) > 0) { // ended helpers, for their use of resources
     }
     std::cout << count << " mutants from seed " << seed << ": longest " << longest << " ms (" << longestName
               << "), most memory " << mostMegabytes(RUSAGE_SELF) << " MB, of a helper "

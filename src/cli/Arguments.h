@@ -32,9 +32,9 @@ struct Arguments {
     /// organize: where to write the journal as a separate document. undo: the journal of the run to undo;
     /// absent means that of the last run.
     std::optional<FilePath> manifestFile;
-    FilePath archive;                      ///< check and verify: its root
-    bool readAll = false;                  ///< check: also what was read before and looks untouched
-    std::optional<std::int64_t> sinceDays; ///< verify: spare what was read within them
+    FilePath archive;     ///< check and verify: the root of the archive
+    bool readAll = false; ///< check: also read files that were read before and look unchanged
+    std::optional<std::int64_t> sinceDays; ///< verify: skip files that were read within these days
     std::optional<FilePath> csvFile;
     std::optional<FilePath> reportFile;
     bool assumeYes = false;

@@ -51,7 +51,7 @@ void printWantOfRoom(const AppState& state) {
                TextFormat::byteCount(destination.freeSpaceBytes.value_or(0)) + " free; nothing was written");
 }
 
-/// Before the start, since it takes hours until they are reached.
+/// This is printed before the start, because the run may take hours to reach these files.
 void announceTooLarge(const Arguments& arguments, const Environment& environment, const Session& session) {
     const DiskTraits disk = environment.fileSystem.diskTraits(*arguments.plan.destinationURL);
     if (const std::int64_t count = tooLargeFiles(session.items(), disk); count > 0) {

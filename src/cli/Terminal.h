@@ -48,8 +48,8 @@ private:
 using Cells = std::vector<std::string>;
 
 /// Lines up columns of text on stdout. Each column but the last is as wide as its widest cell. On a terminal
-/// that is too narrow, each row takes as many lines as its cells need. Each row is asked for twice, so that
-/// no table, however long, is kept in memory.
+/// that is too narrow, each row takes as many lines as its cells need. Each row is requested twice, so a
+/// table is never kept in memory, however long it is.
 void printTable(std::size_t rows, const std::function<Cells(std::size_t row)>& cells);
 
 } // namespace lumeo::cli

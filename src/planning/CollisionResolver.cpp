@@ -13,38 +13,38 @@
 namespace lumeo {
 namespace {
 
-/// Where a name stands in the row desired (1), name_2, name_3, …
+/// The position of a name in the sequence desired (1), name_2, name_3, …
 using Counter = std::uint64_t;
 
 struct NumberedNames;
 
-/// One name in one folder that was looked up or given out. Catalogues of a million items make a million
-/// of these, so the rarer parts hang off it.
+/// One name in one folder that was looked up or given out. A catalogue of a million items makes a million of
+/// these, so rarely used parts are stored separately.
 struct Place {
     static constexpr std::int64_t noFile = -1;
 
     bool isPlanned = false;
     bool isOnDisk = false;
-    bool isHashed = false;                        ///< reading it was tried
+    bool isHashed = false;                        ///< whether reading it was tried
     std::int64_t fileSize = noFile;               ///< of the existing regular file
     std::unique_ptr<const std::string> digest;    ///< of the existing file; null when it could not be read
-    std::unique_ptr<NumberedNames> numberedNames; ///< made when this name was wanted but taken
+    std::unique_ptr<NumberedNames> numberedNames; ///< created when this name was wanted but taken
 
     [[nodiscard]] bool isTaken() const { return isPlanned || isOnDisk; }
 };
 
-/// The existing files of one size in a row of names.
+/// The existing files of one size in a sequence of names.
 struct SameSizedFiles {
     std::vector<std::pair<Place*, Counter>> files;
     std::size_t hashedCount = 0; ///< of `files`, from the front
     std::unordered_map<std::string_view, Counter> firstWithDigest;
 };
 
-/// What is known of the row of names that a wanted name leads to. Names are given out but never given
+/// What is known about the sequence of names that a wanted name leads to. Names are given out but never given
 /// back, so both counters only grow.
 struct NumberedNames {
-    Counter firstFree = 2; ///< every name before it is taken
-    Counter indexed = 1;   ///< the names before it are in `filesBySize` if a file is there
+    Counter firstFree = 2; ///< every name before this one is taken
+    Counter indexed = 1;   ///< names before this one are in `filesBySize` if a file has them
     std::unordered_map<std::int64_t, SameSizedFiles> filesBySize;
 };
 
@@ -53,7 +53,7 @@ struct Folder {
     std::unordered_map<std::string, Place, TextHash, std::equal_to<>> places; ///< by comparable name
 };
 
-/// A wanted path taken apart: everything up to the last slash, with it, and the file's name.
+/// A wanted path in two parts: everything up to and including the last slash, and the file's name.
 struct WantedPath {
     WantedPath(const std::string& bytes, const DiskTraits& traits)
         : disk(traits),
@@ -71,7 +71,7 @@ struct WantedPath {
             ending += '.';
             ending += extension;
         }
-        // A name that fills all that a disk takes gives way for the number.
+        // A name of the maximum length is shortened to make space for the number.
         return joinedName(base, ending, disk);
     }
     [[nodiscard]] FilePath path(Counter counter) const {
@@ -95,7 +95,7 @@ struct CollisionResolver::Memory {
     Folder& folderOf(const FilePath& desired, std::string_view text);
     Place& placeOf(Folder& folder, const WantedPath& wanted, Counter counter);
     const std::string* digestOf(Place& place, const FilePath& path, const std::stop_token& stop) const;
-    /// The row of names behind `first`, which is taken, known up to its first free name.
+    /// The sequence of names after `first`, which is taken. It is known up to its first free name.
     NumberedNames& rowOf(Folder& folder, const WantedPath& wanted, Place& first);
     bool hasRow(Folder& folder, const WantedPath& wanted, const Place& first);
     void indexFiles(Folder& folder, const WantedPath& wanted, NumberedNames& names);
@@ -110,7 +110,7 @@ Folder& CollisionResolver::Memory::folderOf(const FilePath& desired, std::string
     if (!isNew) {
         return folder;
     }
-    // Most folders of a new archive do not exist yet: then nothing in them need be looked up.
+    // Most folders of a new archive do not exist yet, so nothing in them needs to be looked up.
     const FileResult<FileStatus> status = fileSystem.targetStatus(desired.parent());
     folder.exists = status || (status.error().errnoValue != ENOENT && status.error().errnoValue != ENOTDIR);
     return folder;
@@ -124,8 +124,8 @@ Place& CollisionResolver::Memory::placeOf(Folder& folder, const WantedPath& want
     }
     const FilePath path = wanted.path(counter);
     const FileResult<FileStatus> status = fileSystem.status(path);
-    // A name that cannot be examined is not passed over: where permission lacks or a path is too long,
-    // the next name fares no better, and the transfer will tell the reason.
+    // A name that cannot be examined is not skipped. If the reason is a missing permission or a path that is
+    // too long, the next name would fail in the same way. The transfer will report the reason.
     place.isOnDisk = status.hasValue();
     if (status && status->kind == FileKind::regular) { // a link may lead out of the archive
         place.fileSize = status->size;
@@ -166,13 +166,13 @@ void CollisionResolver::Memory::indexFiles(Folder& folder, const WantedPath& wan
     }
 }
 
-/// Whether names behind the first one are worth a look: also behind a free one, since the file that had it
-/// may have gone.
+/// Whether the names after the first one must be checked. Even if the first name is free, the others may be
+/// taken, because the first file may have been removed.
 bool CollisionResolver::Memory::hasRow(Folder& folder, const WantedPath& wanted, const Place& first) {
     return first.isOnDisk || (folder.exists && placeOf(folder, wanted, 2).isTaken());
 }
 
-/// The first name in the row, before the first free one, with a file of this content.
+/// The first name in the sequence, before the first free one, whose file has this content.
 std::optional<Counter> CollisionResolver::Memory::findIdentical(Folder& folder, const WantedPath& wanted,
                                                                 NumberedNames& names, std::int64_t size,
                                                                 const std::string& hash,

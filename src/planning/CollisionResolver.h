@@ -10,32 +10,34 @@
 
 namespace lumeo {
 
-/// Picks each item's destination so that no two of a plan share one and no existing file would be
-/// overwritten; only an existing file with the very same content may be an item's destination.
+/// Chooses each item's destination. No two items of a plan get the same one, and no existing file would be
+/// overwritten. An existing file can be an item's destination only if it has the same content.
 ///
-/// One resolver serves one planning pass, on one thread. It remembers what it gave out and what it
-/// learned of the disk: no name is looked up twice, no existing file hashed twice, and a pass over
-/// files that all share one name stays linear. What changes on the disk meanwhile goes unseen; the
-/// transfer, which never replaces anything, has the last word.
+/// One resolver serves one planning pass, on one thread. It remembers the names that it gave out and the
+/// facts that it learned about the disk. So no name is looked up twice, no existing file is hashed twice, and
+/// a pass over files that all have one name stays linear. It does not see changes on the disk during the
+/// pass. The transfer never replaces anything, so it has the last word.
 class CollisionResolver {
 public:
-    /// `fileSystem` must outlive the resolver. `disk` says which names are one and how long they may be.
+    /// `fileSystem` must outlive the resolver. `disk` tells which names count as equal and how long they may
+    /// be.
     explicit CollisionResolver(const FileSystem& fileSystem, const DiskTraits& disk = {});
     ~CollisionResolver();
     CollisionResolver(const CollisionResolver&) = delete;
     CollisionResolver& operator=(const CollisionResolver&) = delete;
 
-    /// The first of `desired`, an absolute path, name_2.ext, name_3.ext, … that holds a file whose digest is
-    /// `sourceHash`; else the first that is free. Holders are looked for up to the first free name, behind
-    /// `desired` also when that one is. A link is taken, whatever it leads to. `size` is the source's, in
-    /// bytes: an existing file of another size is not read. Without `sourceHash` no identity can be shown. An
-    /// existing file that cannot be read, or a requested `stop`, counts as different.
+    /// Goes through `desired`, an absolute path, then name_2.ext, name_3.ext and so on. Returns the first one
+    /// that holds a file with the digest `sourceHash`, or else the first free one. Such files are searched up
+    /// to the first free name; if `desired` itself is free, the numbered names after it are searched too. A
+    /// link counts as taken, wherever it leads. `size` is the source's size in bytes: an existing file of
+    /// another size is not read. Without `sourceHash` no file can be identical. An existing file that cannot
+    /// be read counts as different, and so does every file once `stop` is requested.
     FilePath resolveUniqueDestination(const FilePath& desired, std::int64_t size,
                                       const std::optional<std::string>& sourceHash,
                                       const std::stop_token& stop = {});
 
-    /// True when a file of this size stands where `desired` or one of its numbered names would lead, so
-    /// that the source's digest is worth making before it is given a place.
+    /// True when a file of this size has the name `desired` or one of its numbered names. The source's digest
+    /// is then worth computing before the source gets a place.
     [[nodiscard]] bool meetsFileOfSize(const FilePath& desired, std::int64_t size);
 
 private:

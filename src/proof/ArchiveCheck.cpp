@@ -15,7 +15,7 @@ namespace {
 struct FoundFile {
     FilePath path;
     FileStatus status;
-    std::optional<std::string> digest; ///< absent until it was read, and when it could not be
+    std::optional<std::string> digest; ///< absent before it was read, and when it could not be read
     bool isRead = false;
 };
 
@@ -59,7 +59,7 @@ private:
     std::vector<FoundFile> sources_;
     std::vector<FileIdentity> sourceFolders_;
     std::optional<FileIdentity> archiveFolder_;
-    std::unordered_map<std::int64_t, std::vector<FoundFile>> archivedBySize_; ///< of the sizes of the sources
+    std::unordered_map<std::int64_t, std::vector<FoundFile>> archivedBySize_; ///< only sizes of the sources
     std::unordered_set<std::string> archivedNames_;
     CheckOutcome outcome_;
 };
@@ -103,7 +103,7 @@ void Comparison::collectArchive() {
         archiveFolders.push_back(status.identity);
     };
     walkFiles(fileSystem_, archive_, visitor, stop_);
-    // What is erased with the one must not be the proof that stands in the other.
+    // If erasing the source also erases this file, it is no proof.
     const auto isShared = [&](const std::vector<FileIdentity>& folders, const FileIdentity& one) {
         return std::ranges::find(folders, one) != folders.end();
     };
@@ -143,7 +143,7 @@ const std::optional<std::string>& Comparison::digestOf(FoundFile& archived) {
     return archived.digest;
 }
 
-/// Those of the same name first, since one of them it will be.
+/// Files with the same name are tried first, because one of them is probably the copy.
 bool Comparison::isAmong(std::vector<FoundFile>& candidates, const FoundFile& source,
                          const std::string& digest) {
     for (const bool wantsSameName : {true, false}) {
@@ -192,7 +192,7 @@ void Comparison::compare(const ReadingCallback& onProgress) {
 CheckOutcome Comparison::finish() && {
     outcome_.isStopped = stop_.stop_requested();
     if (!outcome_.isStopped && !outcome_.refusal) {
-        // Where they cannot be kept, the next check reads the files again.
+        // If they cannot be saved, the next check reads the files again.
         static_cast<void>(kept_.save(archivedNames_));
     }
     return std::move(outcome_);

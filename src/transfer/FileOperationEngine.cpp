@@ -31,7 +31,7 @@ std::string keptSources(const VerifiedTransfer::KeptSources& kept) {
                                             : "you may not remove files there.");
 }
 
-/// Adds what the run has proven to the archive's list: nothing is read for it.
+/// Adds what the run has proven to the archive's list. No file is read for this.
 FileResult<void> listChecksums(FileSystem& fileSystem, const OperationManifest& run) {
     std::vector<Checksum> checksums;
     for (const FileTransactionItem& record : run.items) {
@@ -91,7 +91,7 @@ OperationManifest FileOperationEngine::execute(PreparedRun& prepared, std::span<
             onProgress(*progress);
         }
     }
-    // A move has made its names durable one by one, before it removed their sources.
+    // A move has made its names durable one by one, before it removed the sources.
     if (plan.operationMode == OperationMode::copy) {
         std::ranges::for_each(run.withdraw(transfers.flushFolders()), note);
     }
@@ -170,7 +170,7 @@ void FileOperationEngine::cancel() {
         token = activeTransferToken_;
         wake_.notify_all();
     }
-    // May have to wait for the removal of a source, which must not hold up pause() and resume().
+    // This may wait until a source is removed. Such a wait must not block pause() and resume().
     if (token) {
         token->cancel();
     }

@@ -18,10 +18,10 @@
 
 namespace lumeo {
 
-/// Carries out one organization run, one file after another.
+/// Executes one organization run, one file after another.
 ///
-/// execute() blocks the thread it is called on; pause(), resume() and cancel() may be called from any
-/// thread at any moment.
+/// execute() blocks the thread it is called on. pause(), resume() and cancel() may be called from any thread
+/// at any moment.
 class FileOperationEngine {
 public:
     using ProgressCallback = std::function<void(const OperationProgress&)>;
@@ -30,19 +30,19 @@ public:
     FileOperationEngine(FileSystem& fileSystem, const Clock& clock)
         : fileSystem_(fileSystem), clock_(clock) {}
 
-    /// Transfers `items` to their planned destinations and gives the finished journal, which `run` keeps on
-    /// disk meanwhile. Never fails: what happens to a file stands in its record, and what cuts the run short,
-    /// once no other file can succeed, in a notice. Where the archive's disk takes less than was known when
-    /// they were planned, the items get places that it takes. `onProgress` is called on this thread. A
-    /// cancel() from before the call has no effect; a stop requested of `stop` has, whenever it came.
+    /// Transfers `items` to their planned destinations and returns the finished journal. During the run,
+    /// `run` keeps the journal on disk. This never fails: a file's failure is in its record. If no other file
+    /// can succeed, the run ends early, and a notice tells why. If the archive's disk accepts less than was
+    /// known when the items were planned, they get destinations that it accepts. `onProgress` is called on
+    /// this thread. A cancel() before the call has no effect. A stop request on `stop` always has an effect.
     OperationManifest execute(PreparedRun& run, std::span<const MediaItem> items,
                               const OrganizationPlan& plan, const ProgressCallback& onProgress,
                               const std::stop_token& stop = {});
 
-    /// Takes effect after the file in transfer.
+    /// Takes effect after the current file.
     void pause();
     void resume();
-    /// Stops the file in transfer at its next chunk; no further file is taken.
+    /// Stops the current file at its next chunk. No other file is started.
     void cancel();
 
 private:

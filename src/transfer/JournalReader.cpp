@@ -22,7 +22,7 @@ namespace {
 using Problem = std::optional<std::string>;
 
 constexpr std::string_view nothingTouched = "; nothing was touched";
-/// A million records take a third of it.
+/// A million records need a third of it.
 constexpr std::int64_t largestJournal = std::int64_t{2} << 30;
 
 std::string noJournal(std::string_view reason) {
@@ -35,7 +35,7 @@ std::string damaged() {
 
 // ---- whether a journal may be followed ----
 
-/// Absolute, and each of its names is one.
+/// The path is absolute and in its normal form.
 bool isPlain(const FilePath& path) {
     return path.bytes().starts_with('/') && FilePath::standardized(path.bytes()) == path;
 }
@@ -89,7 +89,7 @@ Problem problemOf(const OperationManifest& manifest) {
                                        : std::nullopt;
 }
 
-// ---- the two forms ----
+// ---- the two forms of a journal ----
 
 Problem readHead(const Json& line, ReadJournal& journal) {
     JsonReader reader(line);
@@ -113,12 +113,12 @@ Problem readHead(const Json& line, ReadJournal& journal) {
     return std::nullopt;
 }
 
-/// Takes the lines behind the first one in turn.
+/// Takes the lines after the first one, one by one.
 class LineTaker {
 public:
     explicit LineTaker(ReadJournal& journal) : journal_(journal) { journal_.state = RunState::unfinished; }
 
-    /// False when the line is none of a journal's.
+    /// False when the line does not belong to a journal.
     bool take(const std::string& line) {
         const Json json = Json::parse(line, nullptr, /*allow_exceptions=*/false);
         if (!json.is_object()) {
@@ -138,7 +138,7 @@ public:
         return takeRecord(json);
     }
 
-    /// As the end tells.
+    /// The number that the line for the end tells.
     [[nodiscard]] std::int64_t verifiedFiles() const noexcept { return verifiedFiles_; }
 
 private:
@@ -181,8 +181,8 @@ Problem readFirstLine(LineReader& lines, ReadJournal& journal) {
     return lines.isWhole() && !head.is_discarded() ? readHead(head, journal) : Problem(damaged());
 }
 
-/// The form that a run keeps itself. A line that cannot be read is where it was cut off, unless another
-/// record follows: a mark may have been added since, behind a line end of its own.
+/// The form that a run keeps itself. At a line that cannot be read, the journal was cut off, unless another
+/// record follows. A mark may have been added later, after a line feed.
 Problem readLines(LineReader& lines, ReadJournal& journal) {
     if (Problem problem = readFirstLine(lines, journal)) {
         return problem;
@@ -200,7 +200,7 @@ Problem readLines(LineReader& lines, ReadJournal& journal) {
     return std::nullopt;
 }
 
-/// A file as the stream that the parser reads.
+/// A file in the form of the stream that the parser reads.
 class FileStream : private std::streambuf, public std::istream {
 public:
     explicit FileStream(ReadableFile& file) : std::istream(static_cast<std::streambuf*>(this)), file_(file) {}
@@ -227,11 +227,11 @@ private:
     std::optional<FileError> error_;
 };
 
-/// Takes the records out of a document while it is parsed. All of them together, as the parser holds them,
-/// would take several times the memory.
+/// Takes the records from a document while it is parsed. If the parser held them all at once, they would take
+/// several times the memory.
 class RecordTaker {
 public:
-    /// Whether the parser is to keep what it has just read.
+    /// Whether the parser should keep what it has just read.
     bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
         if (event == Json::parse_event_t::key && depth == 1) {
             isInRecords_ = parsed == "items";
@@ -280,7 +280,7 @@ Problem readDocument(ReadableFile& file, ReadJournal& journal) {
     return std::nullopt;
 }
 
-/// Whether the first bytes are those of an object whose first key is one of the journal's.
+/// Whether the text starts with an object whose first key belongs to a journal.
 bool beginsLikeADocument(std::string_view start) {
     constexpr std::string_view blanks = " \t\r\n";
     const std::size_t brace = start.find_first_not_of(blanks);

@@ -466,7 +466,7 @@ TEST_F(AppStateControlTest, SurvivesAThousandRandomCommands) {
         return threadCount() <= threads && !state().isScanning() && !state().isPlanning() &&
                !state().isChangingFiles() && !state().isDetectingDuplicates();
     }));
-    QCoreApplication::processEvents(); // what the last thread has left
+    QCoreApplication::processEvents(); // events that the last thread has left
     EXPECT_THAT(namesBelow(archive()), Each(Not(EndsWith(".partial"))));
     EXPECT_EQ(filesBelow(card_.path()), card);
 

@@ -26,7 +26,7 @@ Instant at(std::string_view text) {
     return DateText::parseIso8601(text).value();
 }
 
-/// By our own readers alone.
+/// Reads only with our own readers.
 std::optional<MovieProperties> readFile(const FileSystem& disk, const FilePath& path) {
     MediaHelper none(std::nullopt);
     return MovieReader::read(disk, path, none);
@@ -143,7 +143,7 @@ TEST(MovieReader, ReadsTheManyWaysInWhichQuickTimeFilesAreLaidOut) {
     EXPECT_THAT(propertiesOf(movieBox("moov", longHeader(~std::uint64_t{0} >> 1U, 1500))).metadata,
                 ElementsAre());
 
-    // The boxes of other tools: MP4's metadata, named by four letters, inside the user data.
+    // The boxes of other tools: MP4's metadata, with names of four letters, inside the user data.
     const std::string value =
         movieBox("data", bigEndianBytes(1, 4) + bigEndianBytes(0, 4) + "2019-07-01 08:00:00");
     const std::string handler = movieBox("hdlr", std::string(8, '\0') + "mdir" + std::string(13, '\0'));
@@ -214,7 +214,7 @@ TEST(MovieReader, ReadsLittleOfAFileHoweverLongItIs) {
     TinyMovie made;
     made.headerTime = at("2021-03-14T15:30:45Z");
     const std::string movie = tinyQuickTime(made);
-    constexpr std::uint64_t mediaSize = 5'000'000'000; // a hole: takes no room
+    constexpr std::uint64_t mediaSize = 5'000'000'000; // a hole, which takes no space
     const std::string path =
         folder.write("long \xFF.mov", bigEndianBytes(1, 4) + "mdat" + bigEndianBytes(mediaSize, 8)).bytes();
     std::filesystem::resize_file(path, mediaSize);

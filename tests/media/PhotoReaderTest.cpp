@@ -71,13 +71,13 @@ std::string jpegWithExif(const std::string& tiff) {
     return "\xFF\xD8\xFF\xE1" + big(tiff.size() + 8, 2) + "Exif\0\0"s + tiff + "\xFF\xD9";
 }
 
-/// No damage does any harm, wherever the file breaks off.
+/// Reading must survive all damage, wherever the file ends.
 void expectBearsDamage(const std::string& whole) {
     damageEverywhere(whole, std::string_view("\0\xFF", 2),
                      [](const std::string& damaged) { readBytes(damaged); });
 }
 
-/// How much is read of a file to tell its properties.
+/// The number of bytes that are read to get a file's properties.
 std::size_t bytesReadOf(std::string_view content, PhotoProperties& properties) {
     MemoryFileSystem files;
     files.addFile(FilePath("/a"), content);
@@ -103,7 +103,7 @@ TEST(PhotoReaderTest, readsBigEndianBlocksAndTakesAValueOfAnotherTypeForAbsent) 
     TiffMaker::Entry dateAsBytes = tiff.text(0x0132, "2021:03:14 15:30:45");
     dateAsBytes.type = 1;
     const TiffMaker::Entry lensBehindTheEnd{0xA434, 2, 5'000, tiff.u32(0) + "     "};
-    // Some phones sign what the reference signs already.
+    // Some phones put a sign where the reference already gives it.
     const TiffMaker::Entry signedDegrees{2, 10, 1, tiff.u32(0xFFFFFFD0) + tiff.u32(1)};
     const TiffMaker::Entry noDegrees{4, 5, 3, tiff.u32(48) + tiff.u32(0) + std::string(16, '\1')};
     std::string block =
@@ -176,7 +176,7 @@ TEST(PhotoReaderTest, readsOnlyAFewPagesOfALargeFileAndLittleOfOneThatLeadsAbout
     }
 
     const TiffMaker tiff;
-    // Every directory claims 65,535 entries, and the subdirectories are the directory itself.
+    // Every directory claims 65,535 entries, and its subdirectories are the directory itself.
     const std::string loop = tiff.u16(0x014A) + tiff.u16(4) + tiff.u32(1'000'000) + tiff.u32(8);
     std::string leadingAbout = tiff.header() + tiff.u16(0xFFFF);
     for (int i = 0; i < 300'000; ++i) {
@@ -216,9 +216,9 @@ TEST(PhotoReaderTest, readsSizesFromHeaders) {
     const std::vector<std::string> images{
         "GIF89a" + little(300, 2) + little(200, 2),
         bmp + little(200, 4),
-        bmp + little(0xFFFFFF38, 4), // rows from the top
+        bmp + little(0xFFFFFF38, 4), // rows from top to bottom
         "\xFF\x4F\xFF\x51" + big(41, 2) + big(0, 2) + big(310, 4) + big(205, 4) + big(10, 4) + big(5, 4),
-        "\x89PNG\r\n\x1A\n" + big(13, 4) + "IHDR" + big(300, 4) + big(200, 4), // damaged behind its header
+        "\x89PNG\r\n\x1A\n" + big(13, 4) + "IHDR" + big(300, 4) + big(200, 4), // damaged after its header
         webp("VP8X" + little(10, 4) + little(0, 4) + little(299, 3) + little(199, 3)),
         webp("VP8L" + little(10, 4) + "\x2F" + little(299 | 199 << 14, 4) + little(0, 5)),
         webp("VP8 " + little(10, 4) + little(0, 3) + "\x9D\x01\x2A" + little(300, 2) + little(200, 2))};
@@ -234,8 +234,8 @@ std::string fullBox(const std::string& type, const std::string& content, int ver
     return box(type, std::string{static_cast<char>(version), 0, 0, 0} + content);
 }
 
-/// A photo of two items, tile and grid, of which the second is the primary one; its Exif lies in the
-/// media data, its XMP beside the boxes.
+/// A photo of two items, tile and grid. The grid is the primary one. Its Exif is in the media data, and its
+/// XMP is outside the boxes.
 std::string heic(const TinyPhoto& photo) {
     const std::string tiff = tinyExif(photo);
     const std::string exifItem = big(6, 4) + "Exif\0\0"s + tiff;

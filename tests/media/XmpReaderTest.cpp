@@ -55,7 +55,7 @@ TEST(XmpReaderTest, readsAttributesAndElementsUnderAnyPrefix) {
     EXPECT_THAT(properties.exif.lensModel, Optional(Eq("50mm")));
 }
 
-/// A description around elements, with the usual prefixes.
+/// A description around `elements`, with the usual prefixes.
 std::string described(const std::string& elements, const std::string& before = "") {
     return before + R"(<rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"
         xmlns:exif="http://ns.adobe.com/exif/1.0/" xmlns:tiff="http://ns.adobe.com/tiff/1.0/"
@@ -80,7 +80,7 @@ TEST(XmpReaderTest, readsWhatXmlAllowsAndNoEntities) {
          {make, "<tiff:Artist><![CDATA[ > <tiff:Make>no]]></tiff:Artist>" + make,
           std::string("<tiff:Make><![CDATA[Maker]]></tiff:Make>"),
           std::string("<tiff:Make>Ma<!-- not the end --><?nor this?>ker</tiff:Make>"),
-          // A value beside its qualifiers, in the four ways of writing it.
+          // A value with qualifiers, in the four forms in which it can be written.
           std::string("<tiff:Make rdf:parseType='Resource'><xmpMM:a>no</xmpMM:a>"
                       "<rdf:value>Maker</rdf:value></tiff:Make>"),
           std::string("<tiff:Make><rdf:Description><rdf:value>Maker</rdf:value><xmpMM:a>no</xmpMM:a>"

@@ -23,7 +23,7 @@ using enum DateSourceType;
 constexpr WallTime afternoon{2021, 3, 14, 15, 30, 45};
 constexpr WallTime noon{2021, 3, 14, 12, 0, 0};
 
-/// The clock in a photo, in a movie, and of a text with its zone.
+/// The instants for the clock in a photo, the clock in a movie, and a text with a zone.
 std::optional<Instant> photo(const WallTime& clock) {
     return DateText::photoClock(clock);
 }
@@ -32,15 +32,15 @@ std::optional<Instant> movie(const WallTime& clock) {
 }
 const std::optional<Instant> inUtc = instantInUtc(afternoon);
 
-/// A file, and the date that is to be found in it.
+/// A file, and the date that should be found in it.
 struct Row {
-    std::string name; ///< what is special, and the extension
+    std::string name; ///< what is special about it, and the extension
     std::string bytes;
     std::optional<Instant> date;
     DateSourceType source = unknown;
 };
 
-/// Every row is one file of a folder that is scanned at once.
+/// Every row is one file of a folder. All are scanned at once.
 void expectDates(const std::vector<Row>& rows) {
     const TempFolder folder;
     for (const Row& row : rows) {
@@ -119,7 +119,7 @@ TEST(DatesInFiles, AreReadHoweverTheyAreWritten) {
     expectDates(rows);
 }
 
-/// Each place holds the true date while the places that it goes before hold another one.
+/// Each place holds the correct date, while the places with a lower rank hold another date.
 TEST(DatesInFiles, AreFoundWhereverTheyStandInPhotos) {
     const ScopedTimeZone zone("Europe/Paris");
     const std::string edited = R"( xmp:ModifyDate="2022-01-01T00:00:00")";

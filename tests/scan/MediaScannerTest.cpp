@@ -25,7 +25,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-/// A folder to scan, and what scanning it gave.
+/// A folder to scan, and the result of scanning it.
 class MediaScannerTest : public testing::Test {
 protected:
     void scan(std::vector<FilePath> roots) {
@@ -121,7 +121,7 @@ TEST_F(MediaScannerTest, LeavesHousekeepingBundlesAndLinksAlone) {
           ".Trash/a.jpg", ".Trash-1000/files/a.jpg", "$Recycle.Bin/a.jpg", "@eaDir/a.jpg", "#recycle/a.jpg",
           ".stversions/a.jpg", ".thumbnails/a.jpg", "lost+found/a.jpg", ".local/share/Trash/files/a.jpg",
           ".trashed-1700000000-a.jpg",
-          // These count, three of them as no media.
+          // These count, three of them as files that are not media.
           "real.jpg", ".hidden.jpg", ".folder/inside.jpg", "album.jpg/inside album.jpg",
           "photoslibrary/named like a bundle.jpg", "Trash/named like a trash.jpg", "file.app", "thumbs.db",
           "paper.pdf"}) {
@@ -169,7 +169,7 @@ TEST_F(MediaScannerTest, ListsAFileOnceHoweverManySourcesLeadToIt) {
         folder_.write(name, "x");
     }
     link("link", folder_ / "album");
-    const FilePath closed = folder_ / "closed"; // to a walk, but not to who names what lies in it
+    const FilePath closed = folder_ / "closed"; // a walk cannot enter it, but a path into it works
     disk_.failWhen(
         [&](const DiskCall& call) { return call.action == FileAction::list && call.path == closed; }, EACCES);
     const std::vector<FilePath> sources{folder_ / "album/trip",  folder_.path(),

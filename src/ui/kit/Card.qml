@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A surface for things that belong together; as tall as they are.
+/// A surface for things that belong together. It is as tall as its content.
 T.Pane {
     id: card
 
