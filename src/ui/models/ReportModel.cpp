@@ -140,6 +140,7 @@ void ReportModel::setShowUndoAlert(bool show) {
 
 void ReportModel::confirmUndo() {
     setShowUndoAlert(false);
+    tellExport({});
     state_.startUndo();
 }
 
@@ -154,6 +155,10 @@ void ReportModel::showUndo() {
 
 void ReportModel::copyUndoWarnings() const {
     QGuiApplication::clipboard()->setText(undo_.warnings.join(QLatin1Char('\n')));
+}
+
+void ReportModel::copyFailures() const {
+    QGuiApplication::clipboard()->setText(figures_.failureLines.join(QLatin1Char('\n')));
 }
 
 void ReportModel::openDestination() {
