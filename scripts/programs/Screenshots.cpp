@@ -33,6 +33,9 @@ std::vector<View> views(const std::vector<AppLanguage>& languages) {
             for (const QSize size : {QSize(900, 650), QSize(1100, 760)}) {
                 all.push_back({language, appearance, size});
             }
+            if (language == AppLanguage::english || language == AppLanguage::arabic) {
+                all.push_back({language, appearance, QSize(1920, 1080)});
+            }
         }
     }
     return all;
@@ -93,6 +96,7 @@ public:
         state.addSource(made_.folder / "card");
         take("sources");
         sheets();
+        gaps();
 
         state.startScan();
         state.pauseScan();
@@ -111,6 +115,8 @@ public:
         plan.preset = OrganizationPreset::custom;
         state.setOrganizationPlan(plan);
         take("organization");
+        choose("Advanced Settings");
+        take("organization-advanced");
         preview();
         run();
         report();
@@ -121,6 +127,30 @@ private:
     template<class Condition>
     void await(Condition condition) {
         isOnTheWay_ = waitUntil(condition) && isOnTheWay_;
+    }
+
+    /// What a scan could not find or read, and one that finds nothing.
+    void gaps() {
+        auto& state = made_.state;
+        state.addSource(made_.folder / "old disk");
+        await([&] { return state.presence(state.sources().back().id) == SourcePresence::gone; });
+        take("source-missing");
+        state.startScan();
+        await([&] { return !state.isScanning(); });
+        choose("1 place could not be read");
+        take("unreadable");
+        state.navigateToStep(WizardStep::sources);
+        const std::vector<SourceVolume> all = state.sources();
+        state.clearSources();
+        made_.folder.write("Papers/tax.pdf", "no media");
+        state.addSource(made_.folder / "Papers");
+        state.startScan();
+        await([&] { return !state.isScanning(); });
+        take("nothing-to-organize");
+        state.navigateToStep(WizardStep::sources);
+        state.clearSources();
+        state.addSource(all[0].url);
+        state.addSource(all[1].url);
     }
 
     void preview() {
@@ -136,6 +166,9 @@ private:
             made_.press(Qt::Key_Down);
         }
         take("inspector");
+        made_.press(Qt::Key_Space);
+        take("large-picture");
+        made_.press(Qt::Key_Space);
         made_.press(Qt::Key_Escape);
         child("search").forceActiveFocus();
         child("search").setProperty("text", QStringLiteral("grandmother"));
@@ -156,6 +189,10 @@ private:
         state.cancelOperation();
         await([&] { return !state.isProcessing(); });
         take("cancelled");
+        await([&] { return state.recentRuns().interrupted.has_value(); });
+        state.navigateToStep(WizardStep::sources);
+        take("interrupted-run");
+        state.navigateToStep(WizardStep::preview);
         std::filesystem::remove_all((made_.folder / "Archive").bytes());
         state.startPlanning();
         await([&] { return !state.isPlanning(); });
@@ -197,6 +234,34 @@ private:
         take("undone");
         made_.state.finishCompletedOperation();
         take("sources-again");
+        made_.program.shell().setTextScale(1.5);
+        take("sources-large-texts");
+        made_.program.shell().setTextScale(1);
+        failures();
+    }
+
+    void failures() {
+        auto& state = made_.state;
+        state.startScan();
+        await([&] { return !state.isScanning(); });
+        state.proceedToNextStep();
+        state.setDestination(made_.folder / "Archive");
+        state.previewChanges();
+        await([&] { return !state.isPlanning(); });
+        for (const auto& [part, name] : {std::pair("MVI_", "some-failed"), std::pair("", "all-failed")}) {
+            made_.disk.failWhen(
+                [part = std::string(part)](const DiskCall& call) {
+                    return call.operation == "createFile" &&
+                           call.path.bytes().find(part) != std::string::npos;
+                },
+                ENOSPC);
+            state.navigateToStep(WizardStep::preview);
+            await([&] { return !state.isPlanning(); });
+            state.startOperation();
+            await([&] { return state.currentStep() == WizardStep::report; });
+            take(name);
+            std::filesystem::remove_all((made_.folder / "Archive").bytes());
+        }
     }
 
     /// Changes one file of the archive and removes another.
@@ -237,11 +302,15 @@ private:
         for (auto* window : windows) {
             auto* settings = qobject_cast<QQuickWindow*>(window);
             if (settings != nullptr && settings != made_.window && settings->isVisible()) {
-                for (const auto appearance : {AppAppearance::light, AppAppearance::dark}) {
-                    made_.program.preferences().setAppearance(appearance);
-                    settle();
-                    save(*settings, nameOf(QStringLiteral("settings"),
-                                           {AppLanguage::english, appearance, settings->size()}));
+                const View light{AppLanguage::english, AppAppearance::light, settings->size()};
+                const View dark{AppLanguage::english, AppAppearance::dark, settings->size()};
+                for (const char* const tab : {"settings", "settings-privacy"}) {
+                    for (const View& view : {light, dark}) {
+                        made_.program.preferences().setAppearance(view.appearance);
+                        settle();
+                        save(*settings, nameOf(QString::fromLatin1(tab), view));
+                    }
+                    QTest::mouseClick(settings, Qt::LeftButton, {}, QPoint(settings->width() / 2 + 50, 36));
                 }
                 settings->close();
                 made_.window->requestActivate();

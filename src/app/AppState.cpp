@@ -4,6 +4,7 @@
 #include "planning/OutputSize.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace lumeo {
@@ -29,6 +30,10 @@ SourceVolume measured(const FilePath& destination, const AppEnvironment& environ
 
 AppState::AppState(const AppEnvironment& environment, QObject* parent)
     : QObject(parent), environment_(environment), organizationPlan_(environment.preferences.newPlan()) {
+    connect(&environment.preferences, &Preferences::defaultOperationChanged, this,
+            &AppState::followPreferences);
+    connect(&environment.preferences, &Preferences::verifyTransfersChanged, this,
+            &AppState::followPreferences);
     readRecentRuns();
     // Unlike the other settings this one has no place in the plan's own screen, so it takes effect at once.
     connect(&environment.preferences, &Preferences::listsChecksumsChanged, this, [this] {
@@ -79,9 +84,20 @@ void AppState::proceedToNextStep() {
 }
 
 bool AppState::isReachable(WizardStep step) const {
-    return step <= currentStep_ || completedSteps_.contains(step) ||
-           (isScanning_ && step == WizardStep::scanResults) ||
-           (isProcessing_ && step == WizardStep::processing);
+    const bool isBehind = step <= currentStep_ || completedSteps_.contains(step);
+    switch (step) {
+    case WizardStep::scanResults:
+        return isBehind || isScanning_;
+    case WizardStep::processing:
+        return step == currentStep_ || isProcessing_ || (isBehind && activeManifest_);
+    case WizardStep::report:
+        return step == currentStep_ || (isBehind && activeManifest_);
+    case WizardStep::sources:
+    case WizardStep::organization:
+    case WizardStep::preview:
+        break;
+    }
+    return isBehind;
 }
 
 void AppState::navigateToStep(WizardStep target) {
@@ -98,6 +114,9 @@ void AppState::navigateToStep(WizardStep target) {
 }
 
 void AppState::goTo(WizardStep step) {
+    if (step == WizardStep::sources && step != currentStep_) {
+        lookAtSources();
+    }
     change(currentStep_, step, &AppState::currentStepChanged);
 }
 
@@ -150,6 +169,7 @@ void AppState::addSource(const FilePath& url) {
     }
     sources_.push_back(SourceVolume::unmeasured(Uuid::random(), standardized));
     emit sourcesChanged();
+    lookAtSources();
     jobs_.start(
         [this, id = sources_.back().id, standardized](const std::stop_token& /*stop*/) {
             return SourceVolume::measure(id, standardized, environment_.volumes);
@@ -161,6 +181,27 @@ void AppState::addSource(const FilePath& url) {
                 emit sourcesChanged();
             }
         });
+}
+
+SourcePresence AppState::presence(const Uuid& source) const {
+    const auto found = presence_.find(source);
+    return found != presence_.end() ? found->second : SourcePresence::unknown;
+}
+
+void AppState::lookAtSources() {
+    using Seen = std::map<Uuid, SourcePresence>;
+    looking_.start(
+        [this, sources = sources_](const std::stop_token& /*stop*/) {
+            Seen seen;
+            for (const SourceVolume& source : sources) {
+                const FileResult<FileStatus> found = environment_.fileSystem.targetStatus(source.url);
+                seen[source.id] = !found                             ? SourcePresence::gone
+                                  : found->kind == FileKind::regular ? SourcePresence::file
+                                                                     : SourcePresence::folder;
+            }
+            return seen;
+        },
+        [this](Seen seen) { change(presence_, std::move(seen), &AppState::sourcesChanged); });
 }
 
 void AppState::removeSource(const Uuid& id) {
@@ -202,11 +243,24 @@ void AppState::measureDestination(std::function<void(const MeasuredDestination&)
         });
 }
 
+/// Those fields of the plan that the user has not chosen for it are as the preferences have them.
+void AppState::followPreferences() {
+    OrganizationPlan plan = organizationPlan_;
+    const OrganizationPlan preset = environment_.preferences.newPlan();
+    plan.operationMode = isModeChosen_ ? plan.operationMode : preset.operationMode;
+    plan.verifyTransfers = isVerifyChosen_ ? plan.verifyTransfers : preset.verifyTransfers;
+    const auto chosen = std::pair(isModeChosen_, isVerifyChosen_);
+    setOrganizationPlan(std::move(plan));
+    std::tie(isModeChosen_, isVerifyChosen_) = chosen;
+}
+
 void AppState::setOrganizationPlan(OrganizationPlan plan) {
     plan.destinationURL = organizationPlan_.destinationURL;
     if (plan == organizationPlan_ || isChangingFiles()) {
         return;
     }
+    isModeChosen_ = isModeChosen_ || plan.operationMode != organizationPlan_.operationMode;
+    isVerifyChosen_ = isVerifyChosen_ || plan.verifyTransfers != organizationPlan_.verifyTransfers;
     const OrganizationPlan before = std::exchange(organizationPlan_, std::move(plan));
     takeStartBack();
     emit organizationPlanChanged();
@@ -237,6 +291,7 @@ void AppState::replaceCatalogue(std::vector<MediaItem> items) {
     cancelPlanning();
     takeStartBack();
     detection_.drop();
+    isAnalyzed_ = false;
     emit isDetectingDuplicatesChanged();
     isPlanCurrent_ = false;
     replaceItems(std::move(items));
@@ -260,6 +315,8 @@ void AppState::finishCompletedOperation() {
     operationPause_ = nullptr;
     goBackToTheStart();
     change(operationProgress_, {}, &AppState::operationProgressChanged);
+    isModeChosen_ = false;
+    isVerifyChosen_ = false;
     change(organizationPlan_, environment_.preferences.newPlan(), &AppState::organizationPlanChanged);
     measurement_.drop();
     change(destinationVolume_, {}, &AppState::destinationVolumeChanged);

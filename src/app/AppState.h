@@ -27,6 +27,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -53,6 +54,9 @@ struct AppEnvironment {
     Desktop desktop;
     const RunJournals& journals;
 };
+
+/// What stood at a source's place when it was looked at last.
+enum class SourcePresence { unknown, folder, file, gone };
 
 /// Runs of earlier, be it by another program of ours, that may be taken back.
 struct RecentRuns {
@@ -81,10 +85,14 @@ public:
     [[nodiscard]] const std::set<WizardStep>& completedSteps() const { return completedSteps_; }
     /// Each has its name and place at once, and the figures of its volume once they are measured.
     [[nodiscard]] const std::vector<SourceVolume>& sources() const { return sources_; }
+    /// Looked at when a source is added, when the wizard comes back to the sources, and with each scan.
+    [[nodiscard]] SourcePresence presence(const Uuid& source) const;
     [[nodiscard]] bool isSelectingFolder() const { return isSelectingFolder_; } ///< a chooser is open
     [[nodiscard]] const Items& scannedItems() const { return scannedItems_; }   ///< never null
     [[nodiscard]] bool isScanning() const { return isScanning_; }
     [[nodiscard]] const ScanProgress& scanProgress() const { return scanProgress_; }
+    /// The first thousand places that the last scan could not read; all of them are counted in its progress.
+    [[nodiscard]] const std::vector<FileError>& unreadable() const { return unreadable_; }
     [[nodiscard]] const OrganizationPlan& organizationPlan() const { return organizationPlan_; }
     /// Measured a moment after it was chosen, and again before each run.
     [[nodiscard]] const std::optional<SourceVolume>& destinationVolume() const { return destinationVolume_; }
@@ -124,6 +132,8 @@ public:
     /// As stored with the preferences; absent before the first run.
     [[nodiscard]] std::optional<LastOperationSummary> lastOperationSummary() const;
     [[nodiscard]] bool isDetectingDuplicates() const { return detection_.isRunning(); }
+    /// All of the catalogue has been looked through for duplicates.
+    [[nodiscard]] bool isAnalyzed() const { return isAnalyzed_; }
     [[nodiscard]] const QString& selectedFilter() const { return selectedFilter_; }
 
     [[nodiscard]] std::int64_t totalFilesCount() const; ///< of `scannedItems`
@@ -132,7 +142,8 @@ public:
 
     [[nodiscard]] bool canProceedToNextStep() const;
     void proceedToNextStep();
-    /// Back always; forward only to completed steps and to the scan or run that is under way.
+    /// Back always; forward only to completed steps and to the scan or run that is under way. To a run only
+    /// while it works or its journal is there, to the report only with a journal.
     [[nodiscard]] bool isReachable(WizardStep step) const;
     /// Nothing happens when the step is out of reach. Entering the preview plans what is not planned.
     void navigateToStep(WizardStep target);
@@ -226,6 +237,8 @@ private:
     void change(Value& field, Value value, void (AppState::*changed)());
 
     void goTo(WizardStep step);
+    void followPreferences();
+    void lookAtSources();
     void complete(std::initializer_list<WizardStep> steps);
     void promptFolders(const FolderRequest& request, FolderChooser::Answer answer);
     void replaceItems(std::vector<MediaItem> items);
@@ -243,7 +256,12 @@ private:
 
     void setScanPaused(bool paused);
     void showScanPaused(bool paused);
-    void finishScan(std::vector<MediaItem> items, UnknownDatePolicy datedUnder);
+    struct Scanned {
+        std::vector<MediaItem> items;
+        std::vector<FileError> unreadable{};
+        UnknownDatePolicy datedUnder = UnknownDatePolicy::unknownFolder;
+    };
+    void finishScan(Scanned scanned);
     void finishDuplicateDetection(const Items& analyzed, std::vector<MediaItem> found);
     void outdatePlan();
     void reviseItems();
@@ -271,11 +289,15 @@ private:
     WizardStep currentStep_ = WizardStep::sources;
     std::set<WizardStep> completedSteps_;
     std::vector<SourceVolume> sources_;
+    std::map<Uuid, SourcePresence> presence_;
     bool isSelectingFolder_ = false;
     Items scannedItems_ = std::make_shared<const std::vector<MediaItem>>();
     bool isScanning_ = false;
     ScanProgress scanProgress_;
+    std::vector<FileError> unreadable_;
     OrganizationPlan organizationPlan_;
+    bool isModeChosen_ = false; ///< by the user for this plan: the preferences no longer preset it
+    bool isVerifyChosen_ = false;
     std::optional<SourceVolume> destinationVolume_;
     /// What the destination lay on when it was chosen: the run must not go anywhere else.
     std::optional<std::uint64_t> destinationDevice_;
@@ -295,6 +317,7 @@ private:
     std::optional<UndoForecast> undoForecast_;
     QString selectedFilter_ = QStringLiteral("all");
 
+    bool isAnalyzed_ = false;
     bool isPlanCurrent_ = false; ///< the items have their places under the present plan
     std::shared_ptr<PauseSwitch<MediaScanner>> scanPause_;
     std::shared_ptr<PauseSwitch<FileOperationEngine>> operationPause_;
@@ -305,6 +328,7 @@ private:
     Job<OperationProgress> operation_{jobs_, *this};
     Job<UndoProgress> undo_{jobs_, *this};
     Job<> measurement_{jobs_, *this};
+    Job<> looking_{jobs_, *this};
     Job<> consideration_{jobs_, *this};
     Job<> recentRunsReading_{jobs_, *this};
     BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with

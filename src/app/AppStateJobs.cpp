@@ -34,7 +34,12 @@ void AppState::startScan() {
         return;
     }
     scan_.drop();
+    unreadable_.clear();
     replaceCatalogue({});
+    lookAtSources();
+    if (operationProgress_.isCancelled) { // of files that are the catalogue's no more
+        change(operationProgress_, {}, &AppState::operationProgressChanged);
+    }
     scanProgress_ = {};
     emit scanProgressChanged();
     change(isScanning_, true, &AppState::isScanningChanged);
@@ -43,34 +48,41 @@ void AppState::startScan() {
     const auto scanner =
         std::make_shared<MediaScanner>(environment_.fileSystem, environment_.volumes, environment_.clock);
     scanPause_ = std::make_shared<PauseSwitch<MediaScanner>>(scanner);
-    const UnknownDatePolicy policy = organizationPlan_.unknownDatePolicy;
     scan_.start(
-        [this, scanner, pause = scanPause_, roots = sourceRoots(), policy](const std::stop_token& stop,
-                                                                           const auto& report) {
-            std::vector<MediaItem> items = scanner->scan(
+        [this, scanner, pause = scanPause_, roots = sourceRoots(),
+         policy = organizationPlan_.unknownDatePolicy](const std::stop_token& stop, const auto& report) {
+            constexpr std::size_t mostNamed = 1000;
+            Scanned scanned{.items = {}, .datedUnder = policy};
+            scanned.items = scanner->scan(
                 roots,
                 [&](const ScanProgress& progress) {
                     pause->hold();
                     report(progress);
                 },
-                stop);
-            date(items, policy, environment_.clock);
-            return items;
+                stop,
+                [&](const FileError& error) {
+                    if (scanned.unreadable.size() < mostNamed) {
+                        scanned.unreadable.push_back(error);
+                    }
+                });
+            date(scanned.items, policy, environment_.clock);
+            return scanned;
         },
         [this](ScanProgress progress) {
             progress.isPaused = scanProgress_.isPaused;
             scanProgress_ = std::move(progress);
             emit scanProgressChanged();
         },
-        [this, policy](std::vector<MediaItem> items) { finishScan(std::move(items), policy); });
+        [this](Scanned scanned) { finishScan(std::move(scanned)); });
 }
 
-void AppState::finishScan(std::vector<MediaItem> items, UnknownDatePolicy datedUnder) {
+void AppState::finishScan(Scanned scanned) {
     showScanPaused(false);
-    replaceCatalogue(std::move(items));
+    unreadable_ = std::move(scanned.unreadable);
+    replaceCatalogue(std::move(scanned.items));
     change(isScanning_, false, &AppState::isScanningChanged);
     complete({WizardStep::sources, WizardStep::scanResults});
-    if (datedUnder != organizationPlan_.unknownDatePolicy) {
+    if (scanned.datedUnder != organizationPlan_.unknownDatePolicy) {
         reviseItems();
     }
     emit scanFinished();
@@ -116,6 +128,7 @@ void AppState::runDuplicateDetection() {
             return DuplicateDetector(environment_.fileSystem).detectDuplicates(*items, stop);
         },
         [this, analyzed = scannedItems_](std::vector<MediaItem> found) {
+            isAnalyzed_ = !detection_.stopSource().stop_requested();
             finishDuplicateDetection(analyzed, std::move(found));
             emit isDetectingDuplicatesChanged();
         });

@@ -46,12 +46,14 @@ public:
     virtual void choose(const SaveRequest& request, Answer answer) = 0;
 };
 
-/// Shows folders in the desktop's file browser. Main thread only.
+/// Shows folders and files in the programs of the desktop. Nothing happens where that is impossible. Main
+/// thread only.
 class FileBrowser {
 public:
     virtual ~FileBrowser() = default;
-    /// Opens the folder. Nothing happens where that is impossible.
-    virtual void reveal(const FilePath& folder) = 0;
+    virtual void reveal(const FilePath& folder) = 0; ///< opens the folder
+    virtual void show(const FilePath& file) = 0;     ///< opens its folder and selects the file there
+    virtual void open(const FilePath& file) = 0;     ///< opens the file in the program that is meant for it
 };
 
 /// What the state and the screens need from the desktop that they run on.

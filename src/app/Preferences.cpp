@@ -3,6 +3,9 @@
 #include <QByteArray>
 #include <QSettings>
 #include <QString>
+#include <QVariantList>
+
+#include <algorithm>
 
 namespace lumeo {
 namespace {
@@ -13,6 +16,7 @@ constexpr const char* defaultOperationKey = "defaultOperation";
 constexpr const char* verifyTransfersKey = "verifyTransfers";
 constexpr const char* listsChecksumsKey = "listsChecksums";
 constexpr const char* performanceProfileKey = "performanceProfile";
+constexpr const char* columnWidthsKey = "window/columns";
 constexpr const char* lastOperationSummaryKey = "lastOperationSummary.v1";
 
 QString keyText(const char* key) {
@@ -108,6 +112,18 @@ std::optional<LastOperationSummary> Preferences::lastOperationSummary() const {
 
 void Preferences::setLastOperationSummary(const LastOperationSummary& summary) {
     settings_.setValue(keyText(lastOperationSummaryKey), QByteArray::fromStdString(encode(summary)));
+}
+
+QList<int> Preferences::columnWidths() const {
+    QList<int> widths;
+    for (const QVariant& width : settings_.value(keyText(columnWidthsKey)).toList()) {
+        widths.append(std::clamp(width.toInt(), 0, 2000));
+    }
+    return widths;
+}
+
+void Preferences::setColumnWidths(const QList<int>& widths) {
+    settings_.setValue(keyText(columnWidthsKey), QVariantList(widths.begin(), widths.end()));
 }
 
 OrganizationPlan Preferences::newPlan() const {

@@ -4,6 +4,7 @@
 #include "model/OrganizationPlan.h"
 #include "transfer/LastOperationSummary.h"
 
+#include <QList>
 #include <QObject>
 
 #include <optional>
@@ -48,6 +49,11 @@ public:
     void setLastOperationSummary(const LastOperationSummary& summary);
 
     /// The plan that a new archive starts with.
+    /// The widths that the user gave the preview's columns, in their order; 0 where they gave none, empty
+    /// before.
+    [[nodiscard]] QList<int> columnWidths() const;
+    void setColumnWidths(const QList<int>& widths);
+
     [[nodiscard]] OrganizationPlan newPlan() const;
 
 signals:

@@ -58,7 +58,8 @@ AppLanguage languageFor(const QStringList& preferred) {
         return AppLanguage::english;
     }
     for (const AppLanguage language : allCases<AppLanguage>()) {
-        if (preferred.first().startsWith(languageCode(language), Qt::CaseInsensitive)) {
+        // With a dash: "kok" is another language than "ko".
+        if ((preferred.first() + u'-').startsWith(languageCode(language) + u'-', Qt::CaseInsensitive)) {
             return language;
         }
     }

@@ -5,7 +5,7 @@ namespace {
 
 constexpr LocalizedText supplementaryTexts[] = {
     {u"common.done", u"Terminé"},
-    {u"brand.slogan", u"Vos médias. Vos archives."},
+    {u"brand.slogan", u"Vos médias. Votre archive."},
     {u"header.appearance.system", u"Système"},
     {u"header.appearance.light", u"Clair"},
     {u"header.appearance.dark", u"Sombre"},
@@ -50,7 +50,7 @@ constexpr LocalizedText mainTexts[] = {
 
     {u"sources.heroTitle", u"Organisez vos médias"},
     {u"sources.heroSubtitle",
-     u"Transformez des années de photos et de vidéos éparpillées en archives claires et structurées."},
+     u"Transformez des années de photos et de vidéos éparpillées en une archive claire et structurée."},
     {u"sources.dropZoneTitle", u"Déposer ici des dossiers ou des disques"},
     {u"sources.chooseFolder", u"Choisir un dossier…"},
     {u"sources.scanMedia", u"Analyser les médias"},

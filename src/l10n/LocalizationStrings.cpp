@@ -1,6 +1,7 @@
 #include "l10n/LocalizationStrings.h"
 
 #include "l10n/LanguageTables.h"
+#include "l10n/PlatformWords.h"
 
 #include <QHash>
 
@@ -35,11 +36,11 @@ const LanguageTables& tablesOf(AppLanguage language) {
 
 using TextHash = QHash<QStringView, QString>;
 
-TextHash hashOf(std::span<const LocalizedText> list) {
+TextHash hashOf(std::span<const LocalizedText> list, AppLanguage language) {
     TextHash hash;
     hash.reserve(static_cast<qsizetype>(list.size()));
     for (const auto& [key, text] : list) {
-        hash.insert(key, QString::fromRawData(text.data(), text.size()));
+        hash.insert(key, withPlatformWords(text, language));
     }
     return hash;
 }
@@ -53,7 +54,8 @@ const LanguageHashes& hashesOf(AppLanguage language) {
     static const auto all = [] {
         std::array<LanguageHashes, languageCount> built;
         for (std::size_t i = 0; i < languageCount; ++i) {
-            built[i] = {hashOf(allTables[i]->supplementary), hashOf(allTables[i]->main)};
+            const auto each = static_cast<AppLanguage>(i);
+            built[i] = {hashOf(allTables[i]->supplementary, each), hashOf(allTables[i]->main, each)};
         }
         return built;
     }();

@@ -24,7 +24,7 @@ struct LocalizationStrings {
     [[nodiscard]] static std::span<const LocalizedText> main(AppLanguage language);
 
     /// The text for a key: the language's supplementary or main text, else the English one, else the key
-    /// itself. Case matters.
+    /// itself. Case matters. In the words of this platform, unlike the lists above.
     [[nodiscard]] static QString text(const QString& key, AppLanguage language);
 };
 

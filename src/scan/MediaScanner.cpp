@@ -86,9 +86,11 @@ void keepVideoFacts(const VideoMetadataResult& video, MediaItem& item) {
 /// One scan: what it has found and counted so far.
 class MediaScanner::Walk {
 public:
-    Walk(MediaScanner& scanner, const ProgressCallback& onProgress, std::stop_token stop)
+    Walk(MediaScanner& scanner, const ProgressCallback& onProgress, const UnreadableCallback& onUnreadable,
+         std::stop_token stop)
         : scanner_(scanner),
           onProgress_(onProgress),
+          onUnreadable_(onUnreadable),
           stop_(std::move(stop)),
           start_(scanner.clock_.elapsed()),
           lastPublication_(start_) {}
@@ -112,8 +114,9 @@ public:
 private:
     void walkFolder(const ScanRoot& root) {
         auto enumerator =
-            scanner_.fileSystem_.enumerate(root.path, [this](const FileError&) { ++progress_.errorsCount; });
+            scanner_.fileSystem_.enumerate(root.path, [this](const FileError& error) { leaveOut(error); });
         if (!enumerator) {
+            tell(enumerator.error());
             return;
         }
         while (std::optional<DirectoryEntry> entry = (*enumerator)->next()) {
@@ -121,7 +124,7 @@ private:
                 return;
             }
             if (!entry->status) {
-                ++progress_.errorsCount;
+                leaveOut(entry->status.error());
                 continue;
             }
             const FileStatus& status = *entry->status;
@@ -138,6 +141,17 @@ private:
                 catalogue(std::move(entry->path), status);
                 publishNowAndThen();
             }
+        }
+    }
+
+    void leaveOut(const FileError& error) {
+        ++progress_.errorsCount;
+        tell(error);
+    }
+
+    void tell(const FileError& error) const {
+        if (onUnreadable_) {
+            onUnreadable_(error);
         }
     }
 
@@ -235,6 +249,7 @@ private:
 
     MediaScanner& scanner_;
     const ProgressCallback& onProgress_;
+    const UnreadableCallback& onUnreadable_;
     std::stop_token stop_;
     MediaHelper helper_;
     std::chrono::nanoseconds start_;
@@ -244,7 +259,8 @@ private:
 };
 
 std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const ProgressCallback& onProgress,
-                                          const std::stop_token& stop) {
+                                          const std::stop_token& stop,
+                                          const UnreadableCallback& onUnreadable) {
     std::stop_source cancellation;
     {
         const MutexGuard guard(mutex_);
@@ -252,7 +268,7 @@ std::vector<MediaItem> MediaScanner::scan(std::span<const FilePath> roots, const
         cancellation_ = cancellation;
     }
     const std::stop_callback cancelling(stop, [&cancellation] { cancellation.request_stop(); });
-    Walk walk(*this, onProgress, cancellation.get_token());
+    Walk walk(*this, onProgress, onUnreadable, cancellation.get_token());
     for (const ScanRoot& root : scanRoots(roots, volumes_)) {
         if (cancellation.stop_requested()) {
             break;

@@ -26,6 +26,7 @@ namespace lumeo {
 class MediaScanner {
 public:
     using ProgressCallback = std::function<void(const ScanProgress&)>;
+    using UnreadableCallback = std::function<void(const FileError&)>;
 
     /// All must outlive the scanner.
     MediaScanner(const FileSystem& fileSystem, const Volumes& volumes, const Clock& clock)
@@ -35,12 +36,14 @@ public:
     /// a file, or a link to a folder or file; links within a folder are left out. A place that several
     /// roots lead to is walked once. Cancelled, it gives what it had. `onProgress` (may be empty) is called
     /// on this thread: after every examined file of a folder while the item count is a multiple of 40 or more
-    /// than 0.05 s have passed, and once at the end. Never fails: entries that cannot be read are counted.
+    /// than 0.05 s have passed, and once at the end. Never fails: entries that cannot be read are counted,
+    /// and each is told to `onUnreadable` (may be empty) on this thread, as are roots that cannot be walked.
     ///
     /// Earlier calls of pause() and cancel() are forgotten when it starts; a stop requested of `stop`
     /// is not, and acts like cancel().
     std::vector<MediaItem> scan(std::span<const FilePath> roots, const ProgressCallback& onProgress,
-                                const std::stop_token& stop = {});
+                                const std::stop_token& stop = {},
+                                const UnreadableCallback& onUnreadable = {});
 
     void pause();
     void resume();

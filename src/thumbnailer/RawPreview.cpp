@@ -56,8 +56,9 @@ int orientationOf(const Exiv2::Image& image) {
 }
 
 bool fills(const Exiv2::PreviewProperties& preview, QSize pixels) {
-    return std::max(preview.width_, preview.height_) >=
-           static_cast<std::uint32_t>(std::max(pixels.width(), pixels.height()));
+    // By the shorter sides: the smallest previews are stamps with black bars along the longer ones.
+    return std::min(preview.width_, preview.height_) >=
+           static_cast<std::uint32_t>(std::min(pixels.width(), pixels.height()));
 }
 
 QImage bestPreview(const Exiv2::Image& image, QSize pixels) {

@@ -39,7 +39,7 @@ RowLayout {
 
         RoleText {
             text: "LUMEO."
-            font.pixelSize: 16
+            font.pixelSize: Theme.scaled(16)
             font.weight: Font.Bold
             font.letterSpacing: 0.5
         }

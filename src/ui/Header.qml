@@ -17,6 +17,8 @@ Rectangle {
     signal aboutRequested
     signal settingsRequested
 
+    readonly property bool isWide: width >= 1200
+
     implicitHeight: 64
     color: Theme.surface
 
@@ -29,46 +31,52 @@ Rectangle {
 
     RowLayout {
         anchors.fill: parent
-        anchors.leftMargin: Theme.s16
-        anchors.rightMargin: Theme.s12
+        anchors.leftMargin: header.isWide ? Theme.s32 : Theme.s16
+        anchors.rightMargin: header.isWide ? Theme.s32 : Theme.s12
         spacing: Theme.s8
 
         Brand {
+            Layout.fillWidth: false
             showsSlogan: header.width >= 1060
         }
 
-        RowLayout {
-            id: way
-
-            /// A long name may take from the room of short ones; else the steps are of one width.
-            readonly property bool isEven: {
-                for (let i = 0; i < steps.count; ++i) {
-                    if (steps.itemAt(i).nameWidth * steps.count > width)
-                        return false;
-                }
-                return true;
-            }
-
+        Item {
             Layout.fillWidth: true
-            Layout.maximumWidth: 720
-            Layout.alignment: Qt.AlignHCenter
-            spacing: 0
+            Layout.fillHeight: true
 
-            Repeater {
-                id: steps
+            RowLayout {
+                id: way
 
-                model: header.shell.steps
+                /// A long name may take from the room of short ones; else the steps are of one width.
+                readonly property bool isEven: {
+                    for (let i = 0; i < steps.count; ++i) {
+                        if (steps.itemAt(i).nameWidth * steps.count > width)
+                            return false;
+                    }
+                    return true;
+                }
 
-                StepButton {
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: way.isEven ? 1 : nameWidth
-                    previousWidth: index > 0 && index < steps.count ? steps.itemAt(index - 1).width : width
-                    onClicked: header.shell.navigateTo(index)
+                anchors.centerIn: parent
+                width: Math.min(720, parent.width)
+                spacing: 0
+
+                Repeater {
+                    id: steps
+
+                    model: header.shell.steps
+
+                    StepButton {
+                        Layout.fillWidth: true
+                        Layout.preferredWidth: way.isEven ? 1 : nameWidth
+                        previousWidth: index > 0 && index < steps.count ? steps.itemAt(index - 1).width : width
+                        onClicked: header.shell.navigateTo(index)
+                    }
                 }
             }
         }
 
         RowLayout {
+            Layout.fillWidth: false
             spacing: 2
 
             IconButton {
@@ -95,19 +103,27 @@ Rectangle {
                 onClicked: header.aboutRequested()
             }
 
-            IconButton {
-                id: languageButton
+            RoleButton {
+                control: languageButton
+                role: Accessible.ButtonMenu
 
-                symbol: "globe"
-                text: qsTrId("utility.language")
-                Accessible.role: Accessible.ButtonMenu
-                onClicked: languages.popup(languageButton, languageButton.width - languages.width,
-                                           languageButton.height + Theme.s4)
+                IconButton {
+                    id: languageButton
 
-                LanguageMenu {
-                    id: languages
+                    anchors.fill: parent
+                    symbol: "globe"
+                    text: qsTrId("utility.language")
+                    focusPolicy: Qt.NoFocus
+                    isQuiet: languages.visible
+                    Accessible.ignored: true
+                    onClicked: languages.popup(languageButton, languageButton.width - languages.width,
+                                               languageButton.height + Theme.s4)
 
-                    shell: header.shell
+                    LanguageMenu {
+                        id: languages
+
+                        shell: header.shell
+                    }
                 }
             }
 

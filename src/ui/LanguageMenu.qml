@@ -1,10 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQml
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The languages of the interface, each by its own name.
+/// The languages of the interface. Each is called by its own name.
 Menu {
     id: menu
 
@@ -12,7 +13,7 @@ Menu {
 
     implicitHeight: Math.min(contentHeight + 2 * padding, 460)
 
-    Repeater {
+    Instantiator {
         model: menu.shell.languages
 
         MenuItem {
@@ -23,5 +24,8 @@ Menu {
             checked: index === menu.shell.currentLanguage
             onTriggered: menu.shell.chooseLanguage(index)
         }
+
+        onObjectAdded: (index, object) => menu.insertItem(index, object)
+        onObjectRemoved: (index, object) => menu.removeItem(object)
     }
 }

@@ -53,6 +53,12 @@ Window {
 
     Binding {
         target: Theme
+        property: "textScale"
+        value: window.shell.textScale
+    }
+
+    Binding {
+        target: Theme
         property: "accent"
         value: window.shell.tint
     }
@@ -143,10 +149,10 @@ Window {
     Alert {
         id: closeQuestion
 
-        title: qsTrId("proc.cancel") + "?"
-        message: window.shell.workText
-        confirmText: qsTrId("proc.cancel")
-        cancelText: qsTrId("org.back")
+        title: "Quit LUMEO.?"
+        message: window.shell.workText + "\n" + "Quitting stops the work. What is done by then stays, and no file is left half made."
+        confirmText: "Quit"
+        cancelText: "Keep Running"
         destructive: true
         onConfirmed: {
             window.processingModel.cancel();

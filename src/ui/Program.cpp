@@ -22,7 +22,7 @@ Program::Program(QQmlEngine& engine, const Machine& machine)
       sources_(state_, localization_),
       scan_(state_, localization_),
       organization_(state_, localization_),
-      preview_(state_, localization_, thumbnails_),
+      preview_(state_, localization_, thumbnails_, machine.desktop.fileBrowser, preferences_),
       processing_(state_),
       report_(state_, localization_, machine.desktop, machine.fileSystem, machine.clock) {
     engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));

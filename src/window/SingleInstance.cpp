@@ -22,8 +22,7 @@ int millisecondsLeft(const QDeadlineTimer& deadline) {
 } // namespace
 
 SingleInstance::SingleInstance(const QString& name, QObject* parent)
-    : QObject(parent), address_(socketAddress(name)), lock_(address_ + QStringLiteral(".lock")) {
-    lock_.setStaleLockTime(0); // held as long as the program runs
+    : QObject(parent), address_(socketAddress(name)) {
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, [this] {
         while (auto* visitor = server_.nextPendingConnection()) {
@@ -35,30 +34,36 @@ SingleInstance::SingleInstance(const QString& name, QObject* parent)
 }
 
 bool SingleInstance::claim(const Start& start, std::chrono::milliseconds patience) {
-    if (address_.isEmpty()) {
-        return true;
+    constexpr int mostHanging = 8;
+    for (int hanging = 0; hanging < mostHanging && !address_.isEmpty(); ++hanging) {
+        // An instance that hangs keeps its address: it can be reached again once it goes on.
+        const QString address = hanging == 0 ? address_ : address_ + u'-' + QString::number(hanging + 1);
+        lock_ = std::make_unique<QLockFile>(address + QStringLiteral(".lock"));
+        lock_->setStaleLockTime(0); // held as long as the program runs
+        if (lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError) {
+            // A socket that exists now was left by a program that has ended. If listening fails, a second
+            // instance may start.
+            QLocalServer::removeServer(address);
+            std::ignore = server_.listen(address);
+            return true;
+        }
+        if (tell(address, start, patience)) {
+            return false;
+        }
     }
-    if (!lock_.tryLock(0)) {
-        const bool isAnotherOneThere = lock_.error() == QLockFile::LockFailedError;
-        return !isAnotherOneThere || !tell(start, patience);
-    }
-    // A socket that exists now was left by a program that has ended. If listening fails, a second instance
-    // may start.
-    QLocalServer::removeServer(address_);
-    std::ignore = server_.listen(address_);
     return true;
 }
 
-bool SingleInstance::tell(const Start& start, std::chrono::milliseconds patience) const {
+bool SingleInstance::tell(const QString& address, const Start& start, std::chrono::milliseconds patience) {
     const QDeadlineTimer deadline(patience);
     QLocalSocket first;
-    first.connectToServer(address_);
+    first.connectToServer(address);
     while (!first.waitForConnected(millisecondsLeft(deadline))) {
         if (deadline.hasExpired()) {
             return false;
         }
         QThread::msleep(20); // it has the lock and will listen soon
-        first.connectToServer(address_);
+        first.connectToServer(address);
     }
     QDataStream(&first) << start.showsSettings << start.activationToken;
     // A hanging program still accepts connections. Only its answer shows that it has received the message.

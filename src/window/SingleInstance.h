@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <chrono>
+#include <memory>
 
 class QLocalSocket;
 
@@ -26,8 +27,8 @@ public:
     /// `name` distinguishes programs. The socket and the lock of that name belong to the user.
     explicit SingleInstance(const QString& name, QObject* parent = nullptr);
 
-    /// True when no other instance runs, or when none answers within `patience`. If none runs, later starts
-    /// will reach this one. False when another instance was told about this start.
+    /// True when no other instance runs, or when none answers within `patience`. Later starts will reach this
+    /// one. False when another instance was told about this start.
     [[nodiscard]] bool claim(const Start& start,
                              std::chrono::milliseconds patience = std::chrono::seconds(2));
 
@@ -35,11 +36,12 @@ signals:
     void startedAgain(const Start& start); ///< somebody tried to start a second instance
 
 private:
-    [[nodiscard]] bool tell(const Start& start, std::chrono::milliseconds patience) const;
+    [[nodiscard]] static bool tell(const QString& address, const Start& start,
+                                   std::chrono::milliseconds patience);
     void hear(QLocalSocket& visitor);
 
     QString address_; ///< empty when the user has no folder for sockets
-    QLockFile lock_;
+    std::unique_ptr<QLockFile> lock_;
     QLocalServer server_;
 };
 

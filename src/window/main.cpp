@@ -6,9 +6,12 @@
 #include "ui/Program.h"
 #include "ui/desktop/DesktopFileBrowser.h"
 #include "ui/desktop/DesktopFolderChooser.h"
-#include "ui/desktop/DesktopMotion.h"
+#include "ui/desktop/DesktopNotifier.h"
 #include "ui/desktop/DesktopSavePanel.h"
+#include "ui/desktop/DesktopSettings.h"
 #include "ui/desktop/LauncherProgress.h"
+#include "ui/desktop/SleepGuard.h"
+#include "ui/models/LongWork.h"
 #include "window/SingleInstance.h"
 #include "window/WindowPlace.h"
 
@@ -126,9 +129,11 @@ int main(int argc, char* argv[]) {
     }
     folderChooser.setWindow(window);
     savePanel.setWindow(window);
-    const lumeo::DesktopMotion motion;
-    QObject::connect(&motion, &lumeo::DesktopMotion::reducedChanged, &program.shell(),
+    const lumeo::DesktopSettings desktopSettings;
+    QObject::connect(&desktopSettings, &lumeo::DesktopSettings::reducedChanged, &program.shell(),
                      &lumeo::ShellModel::setReducedMotion);
+    QObject::connect(&desktopSettings, &lumeo::DesktopSettings::textScaled, &program.shell(),
+                     &lumeo::ShellModel::setTextScale);
     QObject::connect(&instance, &lumeo::SingleInstance::startedAgain, window,
                      [window](const lumeo::Start& again) { bringToFront(*window, again); });
 
@@ -139,6 +144,19 @@ int main(int argc, char* argv[]) {
     };
     QObject::connect(&run, &lumeo::ProcessingModel::isRunningChanged, &launcher, showRun);
     QObject::connect(&run, &lumeo::ProcessingModel::figuresChanged, &launcher, showRun);
+
+    lumeo::SleepGuard guard;
+    const auto keepAwakeWhileFilesChange = [&] { guard.keepAwake(program.state().isChangingFiles()); };
+    QObject::connect(&program.state(), &lumeo::AppState::isProcessingChanged, &guard,
+                     keepAwakeWhileFilesChange);
+    QObject::connect(&program.state(), &lumeo::AppState::isUndoingChanged, &guard, keepAwakeWhileFilesChange);
+    const lumeo::LongWork work(program.state());
+    QObject::connect(&work, &lumeo::LongWork::ended, window,
+                     [window](const QString& title, const QString& text) {
+                         if (!window->isActive()) {
+                             lumeo::DesktopNotifier::tell(title, text);
+                         }
+                     });
 
     const lumeo::WindowPlace place(*window, *settings);
     show(*window);

@@ -67,6 +67,8 @@ public:
     void answerFolders() { held_(folders); }
     void choose(const SaveRequest& /*request*/, SavePanel::Answer answer) override { answer({}); }
     void reveal(const FilePath& /*folder*/) override {}
+    void show(const FilePath& /*file*/) override {}
+    void open(const FilePath& /*file*/) override {}
 
 private:
     FolderChooser::Answer held_;
@@ -90,6 +92,7 @@ protected:
     }
 
     [[nodiscard]] AppState& state() { return *state_; }
+    [[nodiscard]] Preferences& preferences() { return *preferences_; }
     [[nodiscard]] CatalogueCounts counts() { return CatalogueCounts::of(*state().scannedItems()); }
     [[nodiscard]] FilePath archive() const { return home_ / "Archive"; }
 

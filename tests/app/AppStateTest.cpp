@@ -144,6 +144,61 @@ TEST_F(AppStateTest, CompletesARunAndRemembersIt) {
     EXPECT_EQ(state().lastOperationSummary()->verifiedCount, 2);
 }
 
+TEST_F(AppStateTest, LeadsOnlyToRunsThatThereAre) {
+    fillCard(3);
+    preview();
+    runToTheEnd();
+    state().navigateToStep(WizardStep::preview);
+    EXPECT_TRUE(state().isReachable(WizardStep::processing) && state().isReachable(WizardStep::report));
+    state().setDestination(home_ / "elsewhere");
+    const Gate gate(disk_, "createFile");
+    startRun();
+    EXPECT_TRUE(state().isReachable(WizardStep::processing));
+    EXPECT_FALSE(state().isReachable(WizardStep::report)) << "of the run before, whose journal is gone";
+    state().cancelOperation();
+    gate.open();
+    EXPECT_FALSE(state().isReachable(WizardStep::processing) || state().isReachable(WizardStep::report));
+    ASSERT_TRUE(waitUntil([this] { return state().operationProgress().isCancelled; }));
+    ASSERT_TRUE(waitUntil([this] {
+        state().startScan();
+        return state().isScanning();
+    }));
+    EXPECT_FALSE(state().operationProgress().isCancelled) << "of a catalogue that is no more";
+}
+
+TEST_F(AppStateTest, ThePreferencesPresetWhatTheUserHasNotChosenForThePlan) {
+    preferences().setDefaultOperation(OperationMode::move);
+    preferences().setVerifyTransfers(false);
+    EXPECT_EQ(state().organizationPlan().operationMode, OperationMode::move);
+    EXPECT_FALSE(state().organizationPlan().verifyTransfers);
+    OrganizationPlan plan = state().organizationPlan();
+    plan.operationMode = OperationMode::copy;
+    state().setOrganizationPlan(plan);
+    preferences().setVerifyTransfers(true);
+    preferences().setDefaultOperation(OperationMode::copy);
+    preferences().setDefaultOperation(OperationMode::move);
+    EXPECT_EQ(state().organizationPlan().operationMode, OperationMode::copy) << "as the user chose";
+    EXPECT_TRUE(state().organizationPlan().verifyTransfers);
+    state().finishCompletedOperation();
+    EXPECT_EQ(state().organizationPlan().operationMode, OperationMode::move);
+}
+
+TEST_F(AppStateTest, SeesWhatStandsAtTheSources) {
+    const FilePath photo = card_.write("photo.jpg", "one");
+    state().addSource(card_.path());
+    state().addSource(photo);
+    const auto is = [this](std::size_t source, SourcePresence presence) {
+        return waitUntil([&] { return state().presence(state().sources()[source].id) == presence; });
+    };
+    EXPECT_TRUE(is(0, SourcePresence::folder) && is(1, SourcePresence::file));
+    std::filesystem::remove(photo.bytes());
+    state().startScan();
+    EXPECT_TRUE(is(1, SourcePresence::gone));
+    ASSERT_TRUE(waitUntil([this] { return !state().isScanning(); }));
+    ASSERT_THAT(state().unreadable(), SizeIs(1));
+    EXPECT_EQ(state().unreadable()[0].path, photo);
+}
+
 TEST_F(AppStateTest, DoesNotWaitForAVolumeThatSleeps) {
     fillCard(1);
     volumes_.isAsleep = true;

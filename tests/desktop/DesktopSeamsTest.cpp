@@ -1,9 +1,10 @@
 #include "support/EventLoop.h"
 #include "ui/desktop/DesktopFileBrowser.h"
 #include "ui/desktop/DesktopFolderChooser.h"
-#include "ui/desktop/DesktopMotion.h"
 #include "ui/desktop/DesktopSavePanel.h"
+#include "ui/desktop/DesktopSettings.h"
 #include "ui/desktop/LauncherProgress.h"
+#include "ui/desktop/SleepGuard.h"
 
 #include <QDBusConnection>
 #include <QDBusError>
@@ -118,13 +119,13 @@ TEST(DesktopFolderChooserTest, GivesSeveralFoldersWithEveryByteOfTheirNames) {
     EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("multiple")), true);
 }
 
-TEST(DesktopFolderChooserTest, AnswersOnceWhenTheUserCancelsOrThePortalDies) {
+TEST(DesktopFolderChooserTest, AnswersOnceWhenTheUserGoesAwayOrThePortalDies) {
     QQmlEngine engine;
     DesktopFolderChooser chooser(engine);
-    for (const bool dies : {false, true}) {
+    for (const auto& [response, dies] : {std::pair(1U, false), std::pair(2U, false), std::pair(1U, true)}) {
         FakeDesktop desktop;
         desktop.uris = {QStringLiteral("file:///tmp")};
-        desktop.response = 1;
+        desktop.response = response;
         desktop.dies = dies;
         Answers answers;
         chooser.choose(request, answers.listener());
@@ -187,9 +188,7 @@ TEST_F(ToolkitDialogTest, AsksForAFolderWhereThereIsNoPortal) {
     EXPECT_TRUE(answers.folders.empty());
 }
 
-TEST_F(ToolkitDialogTest, AsksInsteadOfAPortalThatFails) {
-    FakeDesktop desktop;
-    desktop.response = 2;
+TEST_F(ToolkitDialogTest, AsksWhereToSaveWhereThereIsNoPortal) {
     DesktopSavePanel panel(engine_);
     panel.setWindow(&window_);
     int answers = 0;
@@ -219,6 +218,60 @@ TEST(DesktopSavePanelTest, TakesTheNameThatTheUserConfirmed) {
     EXPECT_EQ(desktop.askedTitle, saving.prompt);
     EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("accept_label")), saving.prompt);
     EXPECT_EQ(desktop.askedOptions.value(QStringLiteral("current_name")), saving.defaultName);
+}
+
+/// What the portal has granted, until it is closed.
+class FakeWish : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
+
+public:
+    int closed = 0;
+
+public slots:
+    void Close() { ++closed; }
+};
+
+/// Stands for the portal that keeps the machine awake.
+class FakeInhibitor : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Inhibit")
+
+public:
+    FakeInhibitor()
+        : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("inhibitor"))) {
+        EXPECT_TRUE(bus_.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+                                        QDBusConnection::ExportAllSlots));
+        EXPECT_TRUE(bus_.registerObject(QStringLiteral("/wish"), &wish_, QDBusConnection::ExportAllSlots));
+        EXPECT_TRUE(bus_.registerService(FakeDesktop::service()));
+    }
+    ~FakeInhibitor() override {
+        bus_.unregisterService(FakeDesktop::service());
+        QDBusConnection::disconnectFromBus(QStringLiteral("inhibitor"));
+    }
+
+    uint inhibited = 0;
+    [[nodiscard]] int closed() const { return wish_.closed; }
+
+public slots:
+    QDBusObjectPath Inhibit(const QString&, uint what, const QVariantMap&) {
+        inhibited = what;
+        return QDBusObjectPath(QStringLiteral("/wish"));
+    }
+
+private:
+    FakeWish wish_;
+    QDBusConnection bus_;
+};
+
+TEST(SleepGuardTest, KeepsTheMachineAwakeUntilItIsReleased) {
+    const FakeInhibitor portal;
+    SleepGuard guard;
+    guard.keepAwake(true);
+    guard.keepAwake(true);
+    ASSERT_TRUE(waitUntil([&] { return portal.inhibited == 4; }));
+    guard.keepAwake(false); // before the answer has been read
+    EXPECT_TRUE(waitUntil([&] { return portal.closed() == 1; }));
 }
 
 /// Stands for a dock that shows the progress of programs on their icons.
@@ -317,12 +370,13 @@ private:
     std::vector<Setting> settings_;
 };
 
-/// What DesktopMotion reports for these settings once all are known, and after each change.
+/// What DesktopSettings reports for these settings once all are known, and after each change.
 QList<bool> reductions(const std::vector<Setting>& settings, const std::vector<Setting>& changes) {
     FakeSettings desktop(settings);
     QList<bool> answers;
-    const DesktopMotion motion;
-    QObject::connect(&motion, &DesktopMotion::reducedChanged, [&](bool reduced) { answers.append(reduced); });
+    const DesktopSettings motion;
+    QObject::connect(&motion, &DesktopSettings::reducedChanged,
+                     [&](bool reduced) { answers.append(reduced); });
     EXPECT_TRUE(waitUntil([&] { return answers.size() == static_cast<qsizetype>(settings.size()); }));
     QList<bool> said{answers.value(answers.size() - 1)};
     for (const Setting& change : changes) {
@@ -334,7 +388,7 @@ QList<bool> reductions(const std::vector<Setting>& settings, const std::vector<S
     return said;
 }
 
-TEST(DesktopMotionTest, FollowsTheDesktopsSwitchAndItsFactor) {
+TEST(DesktopSettingsTest, FollowsTheDesktopsSwitchAndItsFactor) {
     EXPECT_EQ(reductions({animations(false)}, {animations(true), animations(false)}),
               (QList<bool>{true, false, true}));
     EXPECT_EQ(reductions({durationFactor("1")}, {durationFactor("0"), durationFactor("0.5")}),

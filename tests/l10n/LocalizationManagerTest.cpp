@@ -19,6 +19,7 @@ TEST(AppLanguage, IsChosenByTheFirstPreferredLanguageAlone) {
     EXPECT_EQ(languageForFirst("zh-hant-tw"), AppLanguage::chineseTraditional);
     EXPECT_EQ(languageForFirst("zh-Hans"), AppLanguage::chineseSimplified);
     EXPECT_EQ(languageForFirst("sv-SE"), AppLanguage::english);
+    EXPECT_EQ(languageForFirst("kok-IN"), AppLanguage::english);
     EXPECT_EQ(languageForFirst("C"), AppLanguage::english);
     EXPECT_EQ(languageFor({}), AppLanguage::english);
 }

@@ -126,6 +126,18 @@ TEST(LocalizationStrings, TheTwoTablesSayTheSameUnderTheKeysThatTheyShare) {
     }
 }
 
+TEST(LocalizationStrings, NoShownTextNamesAnotherPlatform) {
+    for (const AppLanguage language : allCases<AppLanguage>()) {
+        for (const QString& key : englishTexts().keys()) {
+            const QString shown = LocalizationStrings::text(key, language);
+            EXPECT_FALSE(shown.contains(u"Mac") || shown.contains(u"Finder")) << shown.toStdString();
+        }
+    }
+    EXPECT_EQ(look("privacy.subtitle", AppLanguage::english),
+              QStringLiteral("Your media stays on your computer."));
+    EXPECT_EQ(look("report.openInFinder", AppLanguage::german), QStringLiteral("Im Dateimanager öffnen"));
+}
+
 TEST(LocalizationStrings, FallsBackToEnglishAndThenToTheKey) {
     EXPECT_EQ(look("step.sources", AppLanguage::spanish), QStringLiteral("Orígenes"));
     EXPECT_EQ(look("last.title", AppLanguage::spanish), QStringLiteral("Última operación completada"));

@@ -28,6 +28,18 @@ protected:
         return ::testing::AssertionSuccess();
     }
 
+    /// Brings the keyboard to a row of the table by Tab.
+    bool tabToTable() {
+        for (int presses = 0; presses < 100; ++presses) {
+            auto* const face = QAccessible::queryAccessibleInterface(made->window->activeFocusItem());
+            if (face != nullptr && face->role() == QAccessible::ListItem) {
+                return true;
+            }
+            made->press(Qt::Key_Tab);
+        }
+        return false;
+    }
+
     /// The controls that Tab reaches in one round, from the current focus.
     std::vector<Stop> stops() {
         std::vector<Stop> all;
@@ -77,6 +89,9 @@ protected:
         for (const Stop& stop : all) {
             EXPECT_NE(stop.name, "");
             reached.push_back(stop.name);
+            for (auto* above = stop.item->parentItem(); above != nullptr; above = above->parentItem()) {
+                reached.push_back(MadeProgram::nameOf(above)); // a list is reached with its row
+            }
         }
         for (const std::string& name : controls()) {
             EXPECT_NE(std::ranges::find(reached, name), reached.end()) << "Tab does not reach " << name;
@@ -102,11 +117,13 @@ private:
             const QAccessible::State state = face->state();
             const auto role = face->role();
             const bool isChoice = role == QAccessible::RadioButton && !state.checked;
+            const bool isChoiceOfTags =
+                MadeProgram::nameOf(item).starts_with("{"); // reached with the arrow keys
             const bool isControl = role == QAccessible::Button || role == QAccessible::CheckBox ||
                                    role == QAccessible::RadioButton || role == QAccessible::ComboBox ||
                                    role == QAccessible::EditableText || role == QAccessible::PageTab ||
                                    role == QAccessible::ButtonMenu || role == QAccessible::List;
-            if (isControl && !isChoice) {
+            if (isControl && !isChoice && !isChoiceOfTags) {
                 names.push_back(MadeProgram::nameOf(item));
             }
         }
@@ -133,7 +150,7 @@ TEST_F(KeyboardTest, LeadsThroughAWholeRunAndBack) {
     }
     ASSERT_TRUE(made->shows("Scan Complete"));
     made->press(Qt::Key_Tab);
-    EXPECT_EQ(made->focusedName(), "Change Sources");
+    EXPECT_EQ(made->focusedName(), "Analyze");
     ASSERT_TRUE(press("Analyze Duplicates (SHA-256)"));
     EXPECT_TRUE(made->shows("Exact Duplicates: 2"));
     ASSERT_TRUE(press("Organize", Qt::Key_Return));
@@ -145,7 +162,11 @@ TEST_F(KeyboardTest, LeadsThroughAWholeRunAndBack) {
     ASSERT_TRUE(made->tabTo("Custom Template Pattern:"));
     made->press(Qt::Key_A, Qt::ControlModifier);
     made->type("{YYYY}-");
-    ASSERT_TRUE(press("{MM}"));
+    ASSERT_TRUE(made->tabTo("{YYYY}"));
+    made->press(Qt::Key_Right);
+    made->press(Qt::Key_Right);
+    EXPECT_EQ(made->focusedName(), "{MM}");
+    made->press(Qt::Key_Space);
     EXPECT_EQ(made->state.organizationPlan().customTemplate, "{YYYY}-{MM}");
     made->desktop.folders = {archive()};
     ASSERT_TRUE(press("Choose Destination Folder or Drive..."));
@@ -156,13 +177,17 @@ TEST_F(KeyboardTest, LeadsThroughAWholeRunAndBack) {
     made->press(Qt::Key_F, Qt::ControlModifier);
     made->type("undated");
     EXPECT_TRUE(made->shows("1 / 6"));
+    made->press(Qt::Key_Down); // to the first row, while the keyboard stays
+    EXPECT_EQ(made->focusedName(), "Search by filename...");
+    EXPECT_TRUE(made->shows("Media Inspector"));
     made->press(Qt::Key_Escape);
     EXPECT_TRUE(waitUntil([this] { return made->find("1 / 6") == nullptr; }));
     ASSERT_TRUE(made->tabTo("All 6"));
     made->press(Qt::Key_Right);
     EXPECT_EQ(made->focusedName(), "Photos 5");
     EXPECT_TRUE(made->shows("5 / 6"));
-    ASSERT_TRUE(press("Preview Changes", Qt::Key_Down));
+    ASSERT_TRUE(tabToTable());
+    made->press(Qt::Key_Down);
     EXPECT_TRUE(made->shows("Media Inspector"));
     ASSERT_TRUE(made->tabTo("How to Use")); // leaves the screen
     made->press(Qt::Key_Escape);
@@ -180,6 +205,47 @@ TEST_F(KeyboardTest, LeadsThroughAWholeRunAndBack) {
     EXPECT_TRUE(areThere(originals));
     ASSERT_TRUE(press("Done"));
     EXPECT_TRUE(made->shows("Last Completed Operation"));
+}
+
+/// What an assistive program gets of the window.
+TEST_F(KeyboardTest, AReaderGetsRolesStatesValuesAndTheRowItIsOn) {
+    const auto face = [this](const char* name) {
+        EXPECT_TRUE(made->shows(name)) << name;
+        return QAccessible::queryAccessibleInterface(made->find(name));
+    };
+    QCoreApplication::processEvents(); // the toolkit has given its controls their own roles
+    EXPECT_EQ(face("Sources")->role(), QAccessible::PageTab);
+    EXPECT_TRUE(face("Sources")->state().selected);
+    EXPECT_EQ(face("Report")->text(QAccessible::Description), QStringLiteral("Not available yet"));
+    EXPECT_EQ(face("Application Language")->role(), QAccessible::ButtonMenu);
+    EXPECT_EQ(face("Scan Media")->text(QAccessible::Description),
+              QStringLiteral("Add a folder or a drive first."));
+
+    auto& state = made->state;
+    state.addSource(home / "Pictures");
+    state.setDestination(archive());
+    state.startScan();
+    ASSERT_TRUE(made->shows("Scan Complete"));
+    state.proceedToNextStep();
+    state.previewChanges();
+    ASSERT_TRUE(waitUntil([&] { return !state.isPlanning(); }));
+    ASSERT_TRUE(made->shows("undated.jpg"));
+    ASSERT_TRUE(tabToTable());
+    made->press(Qt::Key_U); // types ahead
+    auto* const row = QAccessible::queryAccessibleInterface(made->window->activeFocusItem());
+    EXPECT_EQ(row->role(), QAccessible::ListItem);
+    EXPECT_TRUE(row->text(QAccessible::Name).startsWith(QStringLiteral("undated.jpg")));
+    EXPECT_TRUE(row->state().focused);
+    EXPECT_TRUE(row->state().selected);
+
+    const Gate gate(made->disk, "createFile");
+    state.startOperation();
+    ASSERT_TRUE(gate.awaitArrival());
+    ASSERT_TRUE(made->shows("Pause"));
+    auto* const bar = QAccessible::queryAccessibleInterface(
+        made->window->findChild<QQuickItem*>(QStringLiteral("progress")));
+    EXPECT_EQ(bar->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(bar->text(QAccessible::Description), QStringLiteral("0%"));
 }
 
 TEST_F(KeyboardTest, TabReachesEverythingInOrderAndShowsWhereItIs) {

@@ -160,6 +160,19 @@ TEST_F(KitTest, AnAlertThatTakesSomethingAwayIsDeclinedUnlessTheOtherAnswerIsSou
     EXPECT_EQ(lastUsed(), "Yes");
 }
 
+TEST_F(KitTest, AButtonThatCannotBeUsedSaysWhyAndStaysLegible) {
+    const auto buttons = view_.rootObject()->findChildren<QQuickItem*>();
+    const auto blocked = std::ranges::find_if(buttons, [](auto* item) { return nameOf(item) == "Blocked"; });
+    ASSERT_NE(blocked, buttons.end());
+    auto* const face = QAccessible::queryAccessibleInterface(*blocked);
+    EXPECT_EQ(face->text(QAccessible::Description), QStringLiteral("Something is missing."));
+    for (const bool dark : {false, true}) {
+        theme_->setProperty("dark", dark);
+        EXPECT_GE(contrast(color("textSecondary"), color("sunken")), 4.5);
+    }
+    EXPECT_EQ((*blocked)->opacity(), 1);
+}
+
 TEST_F(KitTest, EveryTextCanBeReadOnEveryGroundInBothAppearances) {
     for (const bool dark : {false, true}) {
         theme_->setProperty("dark", dark);
@@ -177,7 +190,7 @@ TEST_F(KitTest, EveryTextCanBeReadOnEveryGroundInBothAppearances) {
     }
 }
 
-TEST_F(KitTest, EverySymbolIsInTheFontAndAnUnknownOneIsWarnedOf) {
+TEST_F(KitTest, EverySymbolIsInTheFontAndUnknownNamesAreWarnedOf) {
     const Symbols symbols;
     const auto font = QRawFont::fromFont(QFont(symbols.family()));
     ASSERT_EQ(font.familyName(), symbols.family());
@@ -187,7 +200,8 @@ TEST_F(KitTest, EverySymbolIsInTheFontAndAnUnknownOneIsWarnedOf) {
         }
     }
     EXPECT_EQ(symbols.glyph(QStringLiteral("no.such.symbol")), QString());
-    expectedWarnings_ = "There is no symbol \"no.such.symbol\"";
+    filled(QStringLiteral("beige"));
+    expectedWarnings_ = "There is no symbol \"no.such.symbol\"\nThere is no tint \"beige\"";
 }
 
 } // namespace

@@ -63,6 +63,8 @@ public:
     std::vector<FolderRequest> requests;
     std::vector<SaveRequest> saveRequests;
     std::vector<FilePath> revealed;
+    std::vector<FilePath> shown;
+    std::vector<FilePath> opened;
 
     void choose(const FolderRequest& request, FolderChooser::Answer answer) override {
         requests.push_back(request);
@@ -73,6 +75,8 @@ public:
         answer(document);
     }
     void reveal(const FilePath& folder) override { revealed.push_back(folder); }
+    void show(const FilePath& file) override { shown.push_back(file); }
+    void open(const FilePath& file) override { opened.push_back(file); }
 };
 
 /// The whole state of a program. Its settings, sources and archive are in one folder of its own.

@@ -71,6 +71,11 @@ TEST_F(OrganizationModelTest, ShowsWhereTheCustomTemplateWouldPutAScannedFile) {
     EXPECT_FALSE(changed.isEmpty());
     EXPECT_EQ(model_.exampleBefore(), QStringLiteral("b.jpg"));
     EXPECT_EQ(model_.exampleAfter(), QStringLiteral("2021/03 March/Camera/b.jpg"));
+    EXPECT_EQ(model_.patternProblem(), QString());
+    for (const char* odd : {"{YYYY}/{Yeer}", "{YYYY", "MM}", "{}"}) {
+        model_.setCustomTemplate(QString::fromLatin1(odd));
+        EXPECT_NE(model_.patternProblem(), QString()) << odd;
+    }
     model_.setCustomTemplate(QStringLiteral("../.."));
     EXPECT_FALSE(model_.exampleAfter().contains(QStringLiteral("..")));
     model_.setCustomTemplate({});
@@ -96,19 +101,6 @@ TEST_F(OrganizationModelTest, TellsWhetherTheDestinationHasRoom) {
     EXPECT_FALSE(model_.destination().hasCapacity);
     EXPECT_EQ(model_.destination().capacityLine,
               QStringLiteral("Unknown free space (Estimated archive size: 1 MB)"));
-}
-
-TEST_F(OrganizationModelTest, EstimatesWhatTheDuplicatePolicyWouldWrite) {
-    made_.folder.write("source/a.jpg", std::string(1'000'000, 'a'));
-    made_.folder.write("source/b.jpg", std::string(1'000'000, 'a'));
-    ASSERT_TRUE(comeHere());
-    setDestination(1'500'000);
-    EXPECT_TRUE(model_.destination().lacksRoom);
-    made_.state.runDuplicateDetection();
-    ASSERT_TRUE(testing::waitUntil([&] { return !made_.state.isDetectingDuplicates(); }));
-    EXPECT_FALSE(model_.destination().lacksRoom);
-    model_.setDuplicatePolicy(2);
-    EXPECT_TRUE(model_.destination().lacksRoom);
 }
 
 } // namespace

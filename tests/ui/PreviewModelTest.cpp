@@ -1,5 +1,6 @@
 #include "ui/models/PreviewModel.h"
 
+#include "support/Gate.h"
 #include "ui/MadeState.h"
 #include "ui/thumbnails/ThumbnailService.h"
 
@@ -32,7 +33,7 @@ protected:
 
     MadeState made_;
     ThumbnailService thumbnails_;
-    PreviewModel model_{made_.state, made_.localization, thumbnails_};
+    PreviewModel model_{made_.state, made_.localization, thumbnails_, made_.desktop, made_.preferences};
 };
 
 TEST_F(PreviewModelTest, CountsWhatIsToBeDone) {
@@ -108,6 +109,36 @@ TEST_F(PreviewModelTest, CopiesAtOnceAndSaysWhyARunIsRefused) {
     model_.start();
     EXPECT_TRUE(waitUntil([this] { return made_.state.currentStep() == WizardStep::report; }));
     EXPECT_EQ(model_.refusal(), QString());
+}
+
+TEST_F(PreviewModelTest, TellsWhichTwinStaysOnceTheyAreKnownAndWhatIsMissingBeforeAStart) {
+    EXPECT_EQ(model_.missing(), QStringLiteral("There is nothing to organize."));
+    made_.writePhoto("source/a.jpg");
+    made_.writePhoto("source/b.jpg");
+    ASSERT_TRUE(made_.goToPreview());
+    const auto duplicates = [this] {
+        return model_.filters()[4].toMap()[QStringLiteral("count")].toString();
+    };
+    EXPECT_EQ(duplicates(), QStringLiteral("\u2013"));
+    {
+        const Gate gate(made_.disk, "openForReading");
+        model_.analyzeDuplicates();
+        ASSERT_TRUE(gate.awaitArrival());
+        EXPECT_NE(model_.analysis(), QString());
+        EXPECT_TRUE(model_.canStart());
+    }
+    ASSERT_TRUE(waitUntil([this] { return !model_.isAnalyzing() && !made_.state.isPlanning(); }));
+    EXPECT_EQ(duplicates(), QStringLiteral("2"));
+    EXPECT_EQ(model_.analysis(), QString());
+
+    model_.seek(QStringLiteral("B"));
+    EXPECT_EQ(inspected(0, 0), QStringLiteral("b.jpg"));
+    EXPECT_TRUE(inspected(1, 0).contains(QStringLiteral("\n→ "))) << "the first one, with its place";
+    EXPECT_FALSE(inspected(1, 1).contains(QStringLiteral("→"))) << "the other is skipped";
+    model_.inspector()->showFile();
+    EXPECT_EQ(made_.desktop.shown, std::vector{made_.folder / "source/b.jpg"});
+    model_.setColumnWidths({300, 0, 0, 0, 0, 0});
+    EXPECT_EQ(made_.preferences.columnWidths().value(0), 300);
 }
 
 } // namespace

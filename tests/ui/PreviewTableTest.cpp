@@ -15,7 +15,7 @@ namespace {
 TEST(PreviewScreenTest, AnEmptyOneSaysWhetherTheSearchIsWhy) {
     testing::MadeState made;
     ThumbnailService thumbnails;
-    PreviewModel preview(made.state, made.localization, thumbnails);
+    PreviewModel preview(made.state, made.localization, thumbnails, made.desktop, made.preferences);
     testing::ShownScreen screen("PreviewScreen", preview);
     EXPECT_NE(screen.find("scan.totalSupported: 0"), nullptr);
     screen.find("preview.search")->forceActiveFocus();
@@ -60,8 +60,11 @@ TEST_F(PreviewTableTest, ColumnsGiveWayToTheDestinationButNotToTheUsersHand) {
     EXPECT_GT(total(), 1100); // the table scrolls
 
     columns->setProperty("available", 580);
-    EXPECT_EQ(width(source) + width(confidence), 0);
-    EXPECT_GT(width(status), 50);
+    EXPECT_EQ(width(source) + width(status), 0);
+    EXPECT_GT(width(confidence), 50);
+    columns->setProperty("available", 1920);
+    EXPECT_GT(width(destination), 700);
+    EXPECT_GT(width(file), 400);
     columns->setProperty("available", 1100);
     resize(source, -20);
     columns->setProperty("available", 580);

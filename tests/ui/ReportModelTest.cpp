@@ -141,6 +141,29 @@ TEST_F(ReportModelTest, StaysOfItsRunWhateverIsScannedAndChosenAfterIt) {
               std::string::npos);
 }
 
+TEST_F(ReportModelTest, SaysWhyFilesFailedEachReasonOnce) {
+    made_.disk.failWhen(
+        [](const DiskCall& call) {
+            return call.operation == "createFile" && call.path.bytes().find(".mp4") == std::string::npos;
+        },
+        ENOSPC);
+    run();
+    EXPECT_TRUE(report.figures().hasFailures);
+    EXPECT_FALSE(report.figures().hasOnlyFailures);
+    const QVariantList groups = report.figures().failures;
+    ASSERT_EQ(groups.size(), 1);
+    const QVariantMap group = groups[0].toMap();
+    EXPECT_EQ(group[QStringLiteral("count")], QStringLiteral("2 files"));
+    EXPECT_TRUE(group[QStringLiteral("names")].toString().contains(QStringLiteral("plain.jpg")));
+    report.copyFailures();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QString::fromStdString(first_.bytes())));
+
+    report.setShowUndoAlert(true);
+    report.confirmUndo();
+    ASSERT_TRUE(waitUntil([this] { return !report.undo().isUnderWay; }));
+    EXPECT_TRUE(report.undo().hasUndoneReport);
+}
+
 TEST(ProcessingModelTest, ShowsARunAndHoldsIt) {
     MadeState made;
     ProcessingModel model(made.state);

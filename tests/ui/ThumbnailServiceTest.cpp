@@ -71,6 +71,10 @@ TEST_F(ThumbnailServiceTest, KeepsPicturesButNoFailures) {
     remove(file);
     EXPECT_EQ(answerOf(service, file, {10, 10})->size(), QSize(80, 40));
 
+    picture("photo.png", {200, 400});
+    EXPECT_EQ(answerOf(service, file)->size(), QSize(40, 80)) << "replaced meanwhile";
+    EXPECT_EQ(answerOf(service, file, {400, 400})->size(), QSize(200, 400)) << "large ones are made anew";
+
     const FilePath later = picture("later.png");
     remove(later);
     EXPECT_TRUE(answerOf(service, later)->isNull());

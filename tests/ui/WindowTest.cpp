@@ -25,6 +25,8 @@ TEST(WindowTest, LanguageAndAppearanceChangeAtOnceAndKeepTheScreen) {
     EXPECT_TRUE(made.click("\U0001F1E9\U0001F1EA Deutsch"));
     EXPECT_TRUE(made.shows("Scanergebnisse"));
     EXPECT_EQ(made.state.sources().size(), 1U);
+    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancel"))
+        << "the toolkit's own texts are none of ours";
     EXPECT_EQ(made.settings.value(QStringLiteral("appLanguage")).toString(), QStringLiteral("de"));
     EXPECT_EQ(Warnings::text(), "");
 }
@@ -33,10 +35,10 @@ TEST(WindowTest, EachSheetOpensFromTheHeaderAndEscapeClosesIt) {
     MadeProgram made;
     const std::pair<const char*, const char*> sheets[] = {
         {"How to Use", "A simple step-by-step guide to organizing your media."},
-        {"Privacy & Security", "Your media stays on your Mac."},
+        {"Privacy & Security", "Your media stays on your computer."},
         {"Performance Notice",
          "This is expected during heavy media processing and does not indicate a problem."},
-        {"About LUMEO.", "A private, local media archive organizer for macOS."},
+        {"About LUMEO.", "A private, local media archive organizer for your computer."},
     };
     for (const auto& [button, text] : sheets) {
         EXPECT_TRUE(made.click(button)) << button;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <future>
+#include <thread>
 #include <vector>
 
 namespace lumeo {
@@ -24,8 +25,9 @@ protected:
             return again.claim(start, patience);
         });
     }
-    static bool startAgain(const Start& start = {}) {
-        auto again = starting(start, std::chrono::minutes(1));
+    static bool startAgain(const Start& start = {},
+                           std::chrono::milliseconds patience = std::chrono::minutes(1)) {
+        auto again = starting(start, patience);
         EXPECT_TRUE(
             waitUntil([&] { return again.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
         return again.get();
@@ -50,11 +52,22 @@ TEST_F(SingleInstanceTest, IsToldOfASecondStartWhichThenEnds) {
     EXPECT_TRUE(SingleInstance(QStringLiteral("another program")).claim({}));
 }
 
-TEST_F(SingleInstanceTest, LetsASecondOneRunWhereTheFirstHangs) {
-    SingleInstance first(QStringLiteral("program"));
-    ASSERT_TRUE(first.claim({}));
-    EXPECT_TRUE(starting({}, std::chrono::milliseconds(50)).get()) << "no event is handled meanwhile";
-    EXPECT_FALSE(startAgain()) << "the first one can be reached all the same";
+TEST_F(SingleInstanceTest, LetsOneMoreRunWhereTheFirstHangsAndNotOneForEachStart) {
+    std::promise<void> begun;
+    std::promise<void> end;
+    std::thread hanging([&] {
+        SingleInstance first(QStringLiteral("program"));
+        EXPECT_TRUE(first.claim({}));
+        begun.set_value();
+        end.get_future().wait(); // handles no event meanwhile
+    });
+    begun.get_future().wait();
+    const auto patience = std::chrono::milliseconds(300);
+    SingleInstance second(QStringLiteral("program"));
+    EXPECT_TRUE(second.claim({}, patience));
+    EXPECT_FALSE(startAgain({}, patience)) << "the second one answers";
+    end.set_value();
+    hanging.join();
 }
 
 TEST_F(SingleInstanceTest, TakesThePlaceOfOneThatCrashed) {

@@ -14,6 +14,12 @@ public:
     using QObject::QObject;
 
     void reveal(const FilePath& folder) override;
+    void show(const FilePath& file) override;
+    void open(const FilePath& file) override;
+
+private:
+    /// Calls `method` for `path`; opens the folder `otherwise` where nobody answers.
+    void ask(const QString& method, const FilePath& path, const FilePath& otherwise);
 };
 
 } // namespace lumeo

@@ -97,15 +97,9 @@ void PortalRequest::refuse() {
 }
 
 void PortalRequest::respond(uint response, const QVariantMap& results) {
+    // Desktops say in more than one way that the user has gone away; each of them has shown its dialog.
     constexpr uint confirmed = 0;
-    constexpr uint cancelled = 1;
-    if (response == confirmed) {
-        finish(results.value(QStringLiteral("uris")).toStringList());
-    } else if (response == cancelled) {
-        finish({});
-    } else {
-        refuse();
-    }
+    finish(response == confirmed ? results.value(QStringLiteral("uris")).toStringList() : QStringList());
 }
 
 void PortalRequest::finish(const QStringList& uris) {

@@ -23,7 +23,7 @@ public:
 
     /// Calls `method` ("OpenFile", "SaveFile") of the portal with a dialog over `window` (may be null).
     /// Later, exactly one of `answer` and `refused` is called. It is `refused` when no portal shows such a
-    /// dialog, or when one tried and failed. Neither is called when `parent` is destroyed first.
+    /// dialog. Neither is called when `parent` is destroyed first.
     static void ask(const QString& method, const QString& title, QVariantMap options, const QWindow* window,
                     Answer answer, Refusal refused, QObject* parent);
 

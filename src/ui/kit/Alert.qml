@@ -54,7 +54,7 @@ ModalSurface {
             RoleText {
                 Layout.fillWidth: true
                 text: alert.title
-                font.pixelSize: 16
+                font.pixelSize: Theme.scaled(16)
                 font.weight: Font.DemiBold
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignHCenter

@@ -8,7 +8,7 @@ Rectangle {
     property string tint: Theme.accent
 
     implicitWidth: label.implicitWidth + 2 * Theme.s8
-    implicitHeight: 20
+    implicitHeight: Theme.scaled(20)
     radius: 6
     color: Theme.soft(Theme.tint(tint))
 

@@ -2,6 +2,6 @@ import QtQuick
 
 /// One figure about a list in a few words, shown above the list.
 Badge {
-    implicitHeight: 24
+    implicitHeight: Theme.scaled(24)
     radius: 12
 }

@@ -14,7 +14,6 @@ Card {
 
     implicitWidth: 220
     padding: 20
-    Accessible.role: Accessible.Grouping
     Accessible.name: title + ": " + value
 
     contentItem: ColumnLayout {
@@ -41,9 +40,9 @@ Card {
             Layout.fillWidth: true
             Layout.topMargin: Theme.s4
             text: tile.value
-            font.pixelSize: 30
+            font.pixelSize: Theme.scaled(30)
             fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 16
+            minimumPixelSize: Theme.scaled(16)
         }
 
         CaptionText {

@@ -7,7 +7,7 @@ ExclusiveButton {
 
     property string count ///< as shown; empty for none
 
-    implicitHeight: 28
+    implicitHeight: Theme.scaled(28)
     leftPadding: Theme.s12
     rightPadding: Theme.s12
     radius: 14

@@ -5,6 +5,7 @@ ButtonBase {
     id: control
 
     property int size: 28
+    property bool isQuiet: false ///< without a tooltip, for something else tells by now
     property int symbolSize: 18
     property color color: Theme.textSecondary
     property color cutOut: Theme.surface
@@ -34,6 +35,6 @@ ButtonBase {
 
     ToolTip {
         text: control.text
-        visible: text !== "" && (control.hovered || control.visualFocus)
+        visible: text !== "" && !control.isQuiet && (control.hovered || control.visualFocus)
     }
 }

@@ -6,7 +6,7 @@ ButtonBase {
 
     property color color: Theme.tint(Theme.accent)
 
-    implicitHeight: 28
+    implicitHeight: Theme.scaled(28)
     leftPadding: Theme.s8
     rightPadding: Theme.s8
 

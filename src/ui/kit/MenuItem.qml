@@ -14,7 +14,7 @@ T.MenuItem {
     }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: 30
+    implicitHeight: Theme.rowHeight
     leftPadding: Theme.s8
     rightPadding: Theme.s12
     font.pixelSize: Theme.bodySize

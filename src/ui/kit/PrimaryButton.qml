@@ -6,25 +6,29 @@ ButtonBase {
 
     property string accent: Theme.accent
     property bool trailingSymbol: false
+    property string missing ///< what it takes before the button can be used; its bar shows it as a tooltip
 
     implicitHeight: Theme.primaryHeight
     implicitWidth: Math.max(88, implicitContentWidth + leftPadding + rightPadding)
     leftPadding: Theme.s16
     rightPadding: Theme.s16
     font.weight: Font.DemiBold
+    opacity: 1 // its words stay legible when it cannot be used
+    Accessible.description: enabled ? "" : missing
 
     contentItem: ButtonLabel {
         text: control.text
         symbol: control.symbol
         symbolTrails: control.trailingSymbol
-        color: Theme.onFilled
-        cutOut: Theme.filled(control.accent)
+        color: control.enabled ? Theme.onFilled : Theme.textSecondary
+        cutOut: control.enabled ? Theme.filled(control.accent) : Theme.sunken
         font: control.font
     }
 
     background: Rectangle {
         radius: control.radius
-        color: Theme.filled(control.accent)
+        color: control.enabled ? Theme.filled(control.accent) : Theme.sunken
+        border.color: control.enabled ? "transparent" : Theme.line
 
         ControlOverlay {
             control: control

@@ -10,6 +10,8 @@ T.ProgressBar {
     implicitWidth: 200
     implicitHeight: 6
     Accessible.role: Accessible.ProgressBar
+    // The toolkit gives readers the value of sliders, but not that of its progress bars.
+    Accessible.description: indeterminate ? "" : Math.round(position * 100) + "%"
 
     background: Rectangle {
         color: Theme.sunken

@@ -19,6 +19,26 @@ Loader {
         return null;
     }
 
+    function primary(item: Item): PrimaryButton {
+        for (let i = 0; i < item.children.length; ++i) {
+            const child = item.children[i];
+            const found = child.visible && child.enabled ? child as PrimaryButton ?? primary(child) : null;
+            if (found)
+                return found;
+        }
+        return null;
+    }
+
+    /// Return does what the screen is for where nothing on it has the keyboard.
+    function proceed(event: var) {
+        const button = item ? primary(item) : null;
+        event.accepted = button !== null;
+        if (button)
+            button.activate();
+    }
+
+    Keys.onReturnPressed: event => proceed(event)
+    Keys.onEnterPressed: event => proceed(event)
     onScreenChanged: setSource(screen, properties)
     Keys.onTabPressed: event => {
         const first = item ? firstControl(item) : null;

@@ -54,7 +54,7 @@ ModalSurface {
                     RoleText {
                         Layout.fillWidth: true
                         text: sheet.title
-                        font.pixelSize: 18
+                        font.pixelSize: Theme.scaled(18)
                         font.weight: Font.DemiBold
                         wrapMode: Text.Wrap
                         Accessible.role: Accessible.Heading

@@ -10,10 +10,12 @@ Card {
     property string value
     property string caption
     property string detail
+    property string action ///< what can be done about the number; empty for nothing
+    property bool isBusy: false ///< the number is being worked out
+    signal acted
 
     implicitWidth: 160
     padding: Theme.s12
-    Accessible.role: Accessible.Grouping
     Accessible.name: caption + ": " + value
 
     contentItem: RowLayout {
@@ -40,7 +42,7 @@ Card {
                 Layout.fillWidth: true
                 text: tile.value
                 fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 13
+                minimumPixelSize: Theme.scaled(13)
             }
 
             CaptionText {
@@ -55,6 +57,22 @@ Card {
                 text: tile.detail
                 color: Theme.textTertiary
                 wrapMode: Text.Wrap
+            }
+
+            LinkButton {
+                Layout.leftMargin: -leftPadding
+                visible: tile.action !== "" && !tile.isBusy
+                text: tile.action
+                onClicked: tile.acted()
+            }
+
+            ProgressBar {
+                Layout.fillWidth: true
+                Layout.topMargin: Theme.s4
+                visible: tile.isBusy
+                indeterminate: true
+                tint: tile.tint
+                Accessible.name: tile.caption
             }
         }
     }

@@ -84,7 +84,7 @@ constexpr std::array symbolTable{
     entry(u"folder.fill.badge.gearshape", folder, gear, Mark::cutOut),
     entry(u"gearshape", gear),
     entry(u"globe", 0xF5CA),
-    entry(u"hand.raised.fill", 0xF483),
+    entry(u"hand.raised.fill", 0xF5F9),
     entry(u"hourglass", 0xF51F),
     entry(u"icloud.slash", 0xF164),
     entry(u"info.circle.fill", 0xF2FC),

@@ -10,6 +10,7 @@ FocusScope {
     property alias placeholder: field.placeholderText
     property alias text: field.text
     property bool invalid: false
+    property string problem ///< what is wrong with the text, for those who cannot see it
     property bool monospaced: false
     signal textEdited
     signal accepted
@@ -60,6 +61,7 @@ FocusScope {
             onTextEdited: control.textEdited()
             onAccepted: control.accepted()
             Accessible.role: Accessible.EditableText
+            Accessible.description: control.problem
             Accessible.name: control.label !== "" ? control.label : placeholderText
 
             background: FieldGround {

@@ -3,12 +3,13 @@ pragma Singleton
 import QtQuick
 
 /// The colours by role, in the light and the dark appearance, and the measures. Whoever owns the window
-/// sets the first three properties; screens name roles, never colours.
+/// sets the first four properties; screens name roles, never colours.
 QtObject {
     id: theme
 
     property bool dark: false
     property bool reducedMotion: false
+    property real textScale: 1 ///< of the desktop's texts to the usual ones
     /// The name of the tint that stands for what the window shows now.
     property string accent: "blue"
 
@@ -48,19 +49,25 @@ QtObject {
     readonly property int radiusCard: 12
     readonly property int radiusSheet: 16
 
-    readonly property int controlHeight: 32
-    readonly property int primaryHeight: 36
+    readonly property int controlHeight: scaled(32)
+    readonly property int primaryHeight: scaled(36)
+    readonly property int rowHeight: scaled(30)
     readonly property int contentWidth: 960
 
-    readonly property int titleSize: 26
-    readonly property int subtitleSize: 15
-    readonly property int bodySize: 13
-    readonly property int tableSize: 12
-    readonly property int captionSize: 11
-    readonly property int figureSize: 22
+    readonly property int titleSize: scaled(26)
+    readonly property int subtitleSize: scaled(15)
+    readonly property int bodySize: scaled(13)
+    readonly property int tableSize: scaled(12)
+    readonly property int captionSize: scaled(11)
+    readonly property int figureSize: scaled(22)
     readonly property string mono: "monospace"
 
     readonly property int quick: duration(160)
+
+    /// A size that follows the desktop's texts.
+    function scaled(size: real): int {
+        return Math.round(size * textScale);
+    }
 
     /// The colour of a tint by its name; of the text, with a warning, for an unknown one.
     function tint(name: string): color {

@@ -6,13 +6,15 @@
 #include "ui/models/ShownText.h"
 #include "ui/thumbnails/ThumbnailService.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QVariantMap>
 
 namespace lumeo {
 namespace {
 
-/// In points. Pictures are made at twice this size, so 200 of them take at most 20 MB.
-constexpr QSize pictureSize(80, 80);
+/// In points, as large as the panel shows it: sharp on screens with two pixels to a point.
+constexpr QSize pictureSize(160, 128);
 
 QVariantMap row(const char* label, const QString& value, bool isPath = false) {
     return {{QStringLiteral("label"), QLatin1String(label)},
@@ -49,7 +51,7 @@ QVariantMap resolvedDate(const MediaItem& item) {
         "RESOLVED DATE",
         {row("Chosen Date", item.resolvedDate ? LUMEODateFormatters::formattedFully(item.resolvedDate)
                                               : std::string("Unknown (Will route to _Unknown Date/)")),
-         row("Reason / Source", userFriendlyLabel(item.dateSource)),
+         row("Reason / Source", shownEnglish(userFriendlyLabel(item.dateSource))),
          row("Confidence", userFriendlyLabel(item.dateConfidence))});
 }
 
@@ -85,14 +87,28 @@ QStringList lines(const std::vector<std::string>& texts) {
 
 } // namespace
 
-InspectorModel::InspectorModel(ThumbnailService& thumbnails, QObject* parent)
-    : QObject(parent), thumbnails_(thumbnails) {}
+InspectorModel::InspectorModel(ThumbnailService& thumbnails, FileBrowser& fileBrowser, QObject* parent)
+    : QObject(parent), thumbnails_(thumbnails), fileBrowser_(fileBrowser) {}
 
 InspectorModel::~InspectorModel() {
     cancelPicture();
+    dropLargePicture();
 }
 
-void InspectorModel::open(const MediaItem& item) {
+void InspectorModel::openFile() const {
+    fileBrowser_.open(item_->sourceURL);
+}
+
+void InspectorModel::showFile() const {
+    fileBrowser_.show(item_->sourceURL);
+}
+
+void InspectorModel::copyPath() const {
+    QGuiApplication::clipboard()->setText(shownPath(item_->sourceURL));
+}
+
+void InspectorModel::open(const MediaItem& item, const QVariantList& twins) {
+    twins_ = twins;
     const bool isShown = isOpen_ && item_->sourceURL == item.sourceURL;
     item_ = item;
     isOpen_ = true;
@@ -121,6 +137,30 @@ void InspectorModel::loadPicture() {
     emit pictureChanged();
 }
 
+void InspectorModel::loadLargePicture(QSizeF points, double pixelsPerPoint) {
+    dropLargePicture();
+    // The service makes pictures at two pixels to a point.
+    const QSize wanted = (points * pixelsPerPoint / 2).toSize().boundedTo(QSize(1280, 1280));
+    largeRequest_ = thumbnails_.load(item_->sourceURL, wanted, [this](const QImage& picture) {
+        largeRequest_.reset();
+        largePicture_ = picture;
+        emit largePictureChanged();
+    });
+    emit largePictureChanged();
+}
+
+void InspectorModel::dropLargePicture() {
+    if (largeRequest_) {
+        thumbnails_.drop(*largeRequest_);
+        largeRequest_.reset();
+    }
+    largePicture_ = {};
+}
+
+QString InspectorModel::name() const {
+    return item_ ? shownText(item_->fileName()) : QString();
+}
+
 void InspectorModel::cancelPicture() {
     if (request_) {
         thumbnails_.drop(*request_);
@@ -136,7 +176,12 @@ QVariantList InspectorModel::sections() const {
     if (!item_) {
         return {};
     }
-    return {fileInformation(*item_), resolvedDate(*item_), candidateDates(*item_), cameraAndSpecs(*item_)};
+    QVariantList all{fileInformation(*item_)};
+    if (!twins_.isEmpty()) {
+        all.append(section("IDENTICAL FILES", twins_));
+    }
+    all.append({resolvedDate(*item_), candidateDates(*item_), cameraAndSpecs(*item_)});
+    return all;
 }
 
 QStringList InspectorModel::warnings() const {

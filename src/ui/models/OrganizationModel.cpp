@@ -29,7 +29,7 @@ template<class Value>
 QStringList textsOf(std::string_view (*textOf)(Value)) {
     QStringList texts;
     for (const auto value : allCases<Value>()) {
-        texts.append(shownText(textOf(value)));
+        texts.append(shownEnglish(textOf(value)));
     }
     return texts;
 }
@@ -46,6 +46,8 @@ OrganizationModel::OrganizationModel(AppState& state, const LocalizationManager&
     connect(this, &OrganizationModel::destinationChanged, this, &OrganizationModel::canEditChanged);
     connect(&state_, &AppState::isProcessingChanged, this, &OrganizationModel::canEditChanged);
     connect(&state_, &AppState::isUndoingChanged, this, &OrganizationModel::canEditChanged);
+    connect(&state_, &AppState::isDetectingDuplicatesChanged, this, &OrganizationModel::analysisChanged);
+    connect(&state_, &AppState::scannedItemsChanged, this, &OrganizationModel::analysisChanged);
     connect(&state_, &AppState::isPlanningChanged, this, &OrganizationModel::planningChanged);
     connect(&state_, &AppState::planningProgressChanged, this, &OrganizationModel::planningChanged);
     connect(&localization_, &LocalizationManager::currentLanguageChanged, this, [this] {
@@ -146,6 +148,32 @@ double OrganizationModel::plannedShare() const {
     return progress.totalCount > 0
                ? static_cast<double>(progress.plannedCount) / static_cast<double>(progress.totalCount)
                : 0;
+}
+
+QString OrganizationModel::patternProblem() const {
+    static const QRegularExpression braces(QStringLiteral("\\{[^{}/]*\\}?|\\}"));
+    const QStringList known = tags();
+    auto matches = braces.globalMatch(customTemplate());
+    while (matches.hasNext()) {
+        const QString found = matches.next().captured();
+        if (!known.contains(found)) {
+            return QStringLiteral("%1 is no tag: it becomes part of the folder's name as it stands.")
+                .arg(found);
+        }
+    }
+    return {};
+}
+
+bool OrganizationModel::isAnalyzed() const {
+    return state_.isAnalyzed() || state_.scannedItems()->empty();
+}
+
+bool OrganizationModel::isAnalyzing() const {
+    return state_.isDetectingDuplicates();
+}
+
+void OrganizationModel::analyzeDuplicates() {
+    state_.runDuplicateDetection();
 }
 
 bool OrganizationModel::canEdit() const {

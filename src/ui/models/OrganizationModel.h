@@ -41,6 +41,9 @@ class OrganizationModel : public QObject {
     Q_PROPERTY(bool verifyTransfers READ verifyTransfers WRITE setVerifyTransfers NOTIFY planChanged)
 
     /// False during a run or an undo, which would not take a change over.
+    Q_PROPERTY(bool isAnalyzed READ isAnalyzed NOTIFY analysisChanged)
+    Q_PROPERTY(bool isAnalyzing READ isAnalyzing NOTIFY analysisChanged)
+    Q_PROPERTY(QString patternProblem READ patternProblem NOTIFY planChanged)
     Q_PROPERTY(bool canEdit READ canEdit NOTIFY canEditChanged)
     Q_PROPERTY(bool canPreview READ canPreview NOTIFY canEditChanged)
     Q_PROPERTY(bool isPlanning READ isPlanning NOTIFY planningChanged)
@@ -81,18 +84,25 @@ public:
     [[nodiscard]] bool verifyTransfers() const;
     void setVerifyTransfers(bool verify);
 
+    /// What is odd about the pattern, such as a tag that nobody knows; empty when nothing is.
+    [[nodiscard]] QString patternProblem() const;
+    [[nodiscard]] bool isAnalyzed() const; ///< all duplicates are known
+    [[nodiscard]] bool isAnalyzing() const;
+
     [[nodiscard]] bool canEdit() const;
     [[nodiscard]] bool canPreview() const { return destination_.isChosen && canEdit(); }
     [[nodiscard]] bool isPlanning() const;
     [[nodiscard]] double plannedShare() const; ///< from 0 to 1
 
     Q_INVOKABLE void chooseDestination();
+    Q_INVOKABLE void analyzeDuplicates();
     Q_INVOKABLE void goBack();
     Q_INVOKABLE void previewChanges();
 
 signals:
     void planChanged();
     void canEditChanged();
+    void analysisChanged();
     void exampleChanged();
     void languageChanged();
     void destinationChanged();

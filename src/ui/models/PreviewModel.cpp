@@ -1,7 +1,9 @@
 #include "ui/models/PreviewModel.h"
 
 #include "app/AppState.h"
+#include "app/Preferences.h"
 #include "l10n/LocalizationManager.h"
+#include "ui/models/MediaItemTexts.h"
 #include "ui/models/RunTexts.h"
 #include "ui/models/ShownText.h"
 
@@ -35,8 +37,13 @@ AppState::Items noItems() {
 } // namespace
 
 PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, ThumbnailService& thumbnails,
-                           QObject* parent)
-    : QObject(parent), state_(state), texts_(texts), inspector_(thumbnails), selectedFilter_(name({})) {
+                           FileBrowser& fileBrowser, Preferences& preferences, QObject* parent)
+    : QObject(parent),
+      state_(state),
+      preferences_(preferences),
+      texts_(texts),
+      inspector_(thumbnails, fileBrowser),
+      selectedFilter_(name({})) {
     connect(&state, &AppState::currentStepChanged, this, &PreviewModel::beginAnew);
     connect(&state, &AppState::scannedItemsChanged, this, &PreviewModel::takeItems);
     connect(&state, &AppState::organizationPlanChanged, this, [this] {
@@ -54,6 +61,9 @@ PreviewModel::PreviewModel(AppState& state, const LocalizationManager& texts, Th
     connect(&state, &AppState::operationProgressChanged, this, &PreviewModel::outcomeChanged);
     connect(&state, &AppState::destinationVolumeChanged, this, &PreviewModel::outcomeChanged);
     connect(&state, &AppState::runRefusalChanged, this, &PreviewModel::outcomeChanged);
+    connect(&state, &AppState::isDetectingDuplicatesChanged, this, &PreviewModel::analysisChanged);
+    connect(&state, &AppState::isDetectingDuplicatesChanged, this, &PreviewModel::textsChanged);
+    connect(&state, &AppState::scannedItemsChanged, this, &PreviewModel::analysisChanged);
     connect(&texts, &LocalizationManager::currentLanguageChanged, this, &PreviewModel::textsChanged);
     connect(&rows_, &PreviewRows::countChanged, this, &PreviewModel::listedChanged);
     connect(&inspector_, &InspectorModel::itemChanged, this, &PreviewModel::currentRowChanged);
@@ -83,10 +93,31 @@ void PreviewModel::followInspectedItem() {
     }
     const auto& items = rows_.items();
     if (inspectedIndex_ < items.size() && items[inspectedIndex_].id == inspector_.item()->id) {
-        inspector_.open(items[inspectedIndex_]);
+        inspector_.open(items[inspectedIndex_], twins());
     } else {
         inspector_.close();
     }
+}
+
+QVariantList PreviewModel::twins() const {
+    const auto& group = rows_.items()[inspectedIndex_].exactDuplicateGroupID;
+    if (!group) {
+        return {};
+    }
+    const bool isFirstOnly = state_.organizationPlan().duplicatePolicy == DuplicatePolicy::skipDuplicates;
+    QVariantList list;
+    for (const MediaItem& item : rows_.items()) {
+        if (item.exactDuplicateGroupID == group) {
+            const bool stays = list.isEmpty() || !isFirstOnly;
+            const QString place =
+                stays ? QStringLiteral("\n→ ") + destinationText(item.plannedDestinationURL) : QString();
+            list.append(QVariantMap{{QStringLiteral("label"), stays ? QStringLiteral("Goes into the archive")
+                                                                    : QStringLiteral("Skipped")},
+                                    {QStringLiteral("value"), shownPath(item.sourceURL) + place},
+                                    {QStringLiteral("isPath"), true}});
+        }
+    }
+    return list;
 }
 
 void PreviewModel::setSearchText(const QString& text) {
@@ -114,7 +145,9 @@ QVariantList PreviewModel::filters() const {
     for (const PreviewFilter filter : allCases<PreviewFilter>()) {
         list.append(QVariantMap{{QStringLiteral("name"), name(filter)},
                                 {QStringLiteral("text"), texts_.localized(titleKey(filter))},
-                                {QStringLiteral("count"), shownNumber(counts_.of(filter))}});
+                                {QStringLiteral("count"), filter == PreviewFilter::duplicates && !isAnalyzed()
+                                                              ? QString(notKnown)
+                                                              : shownNumber(counts_.of(filter))}});
     }
     return list;
 }
@@ -146,13 +179,60 @@ int PreviewModel::currentRow() const {
     return inspector_.isOpen() ? rows_.rowOf(inspectedIndex_).value_or(-1) : -1;
 }
 
+QList<int> PreviewModel::columnWidths() const {
+    return preferences_.columnWidths();
+}
+
+void PreviewModel::setColumnWidths(const QList<int>& widths) {
+    preferences_.setColumnWidths(widths);
+    emit columnWidthsChanged();
+}
+
 bool PreviewModel::isMove() const {
     return state_.organizationPlan().operationMode == OperationMode::move;
 }
 
 bool PreviewModel::canStart() const {
-    return !state_.isPlanning() && !state_.isStartingOperation() && !state_.isChangingFiles() &&
-           !rows_.items().empty() && state_.organizationPlan().destinationURL.has_value();
+    return missing().isEmpty();
+}
+
+QString PreviewModel::missing() const {
+    if (rows_.items().empty()) {
+        return QStringLiteral("There is nothing to organize.");
+    }
+    if (!state_.organizationPlan().destinationURL) {
+        return QStringLiteral("Choose a destination first.");
+    }
+    if (state_.isUndoing()) {
+        return QStringLiteral("A run is being taken back; wait for its end.");
+    }
+    if (state_.isProcessing()) {
+        return QStringLiteral("A run is under way.");
+    }
+    if (state_.isPlanning()) {
+        return QStringLiteral("The destinations are being planned.");
+    }
+    return starting();
+}
+
+QString PreviewModel::starting() const {
+    return state_.isStartingOperation() && !state_.isPlanning()
+               ? QStringLiteral("Looking at the destination. A drive that was asleep takes a moment.")
+               : QString();
+}
+
+bool PreviewModel::isAnalyzed() const {
+    return state_.isAnalyzed() || state_.scannedItems()->empty();
+}
+
+bool PreviewModel::isAnalyzing() const {
+    return state_.isDetectingDuplicates();
+}
+
+QString PreviewModel::analysis() const {
+    return isAnalyzing() ? QStringLiteral("Duplicates are being looked for. A start now would organize every "
+                                          "file, also those that turn out to be there twice.")
+                         : QString();
 }
 
 void PreviewModel::setShowMoveConfirmation(bool show) {
@@ -217,7 +297,21 @@ void PreviewModel::inspect(int row) {
         return;
     }
     inspectedIndex_ = rows_.itemIndex(std::clamp(row, 0, rows_.count() - 1));
-    inspector_.open(rows_.items()[inspectedIndex_]);
+    inspector_.open(rows_.items()[inspectedIndex_], twins());
+}
+
+void PreviewModel::seek(const QString& beginning) {
+    const int current = std::max(currentRow(), 0);
+    // The first letter goes on to the next of its rows; the others narrow what was found.
+    const int first = beginning.size() > 1 || currentRow() < 0 ? current : current + 1;
+    for (int step = 0; step < rows_.count(); ++step) {
+        const int row = (first + step) % rows_.count();
+        const MediaItem& item = rows_.items()[rows_.itemIndex(row)];
+        if (shownText(item.fileName()).startsWith(beginning, Qt::CaseInsensitive)) {
+            inspect(row);
+            return;
+        }
+    }
 }
 
 void PreviewModel::back() {
@@ -233,6 +327,14 @@ void PreviewModel::start() {
     } else {
         state_.startOperation();
     }
+}
+
+void PreviewModel::analyzeDuplicates() {
+    state_.runDuplicateDetection();
+}
+
+void PreviewModel::cancelStart() {
+    state_.cancelOperation();
 }
 
 void PreviewModel::confirmMove() {

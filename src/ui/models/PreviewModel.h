@@ -13,6 +13,7 @@ namespace lumeo {
 
 class AppState;
 class LocalizationManager;
+class Preferences;
 class ThumbnailService;
 
 /// The preview: every item with its date and its place, the search and the filter, the inspected item, and
@@ -32,8 +33,17 @@ class PreviewModel : public QObject {
     Q_PROPERTY(QString listed READ listed NOTIFY listedChanged)
     /// The row of the inspected item. -1 when there is none or it is not listed.
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged)
+    /// As the user left them; empty before, 0 where a column has the width that is usual.
+    Q_PROPERTY(QList<int> columnWidths READ columnWidths WRITE setColumnWidths NOTIFY columnWidthsChanged)
     Q_PROPERTY(bool isMove READ isMove NOTIFY planChanged)
     Q_PROPERTY(bool canStart READ canStart NOTIFY readinessChanged)
+    Q_PROPERTY(QString missing READ missing NOTIFY readinessChanged)
+    /// What happens before the run can begin, such as looking at a slow destination; empty while nothing
+    /// does.
+    Q_PROPERTY(QString starting READ starting NOTIFY readinessChanged)
+    Q_PROPERTY(bool isAnalyzed READ isAnalyzed NOTIFY analysisChanged)
+    Q_PROPERTY(bool isAnalyzing READ isAnalyzing NOTIFY analysisChanged)
+    Q_PROPERTY(QString analysis READ analysis NOTIFY analysisChanged) ///< what a start would do meanwhile
     Q_PROPERTY(bool showMoveConfirmation READ showMoveConfirmation WRITE setShowMoveConfirmation NOTIFY
                    showMoveConfirmationChanged)
     Q_PROPERTY(bool isPlanning READ isPlanning NOTIFY readinessChanged)
@@ -47,7 +57,7 @@ class PreviewModel : public QObject {
 public:
     /// All parameters must outlive this object.
     PreviewModel(AppState& state, const LocalizationManager& texts, ThumbnailService& thumbnails,
-                 QObject* parent = nullptr);
+                 FileBrowser& fileBrowser, Preferences& preferences, QObject* parent = nullptr);
 
     [[nodiscard]] PreviewRows* rows() { return &rows_; }
     [[nodiscard]] InspectorModel* inspector() { return &inspector_; }
@@ -59,8 +69,15 @@ public:
     [[nodiscard]] QVariantList chips() const;
     [[nodiscard]] QString listed() const;
     [[nodiscard]] int currentRow() const;
+    [[nodiscard]] QList<int> columnWidths() const;
+    void setColumnWidths(const QList<int>& widths);
     [[nodiscard]] bool isMove() const;
     [[nodiscard]] bool canStart() const;
+    [[nodiscard]] QString missing() const; ///< why the run cannot be started; empty when it can
+    [[nodiscard]] QString starting() const;
+    [[nodiscard]] bool isAnalyzed() const;
+    [[nodiscard]] bool isAnalyzing() const;
+    [[nodiscard]] QString analysis() const;
     [[nodiscard]] bool showMoveConfirmation() const { return showMoveConfirmation_; }
     void setShowMoveConfirmation(bool show);
     [[nodiscard]] bool isPlanning() const;
@@ -70,8 +87,12 @@ public:
     [[nodiscard]] QString cancellation() const;
 
     Q_INVOKABLE void inspect(int row); ///< clamps to the nearest row; does nothing in an empty list
+    /// Inspects the next row, from the current one on and round, whose name begins like that.
+    Q_INVOKABLE void seek(const QString& beginning);
     Q_INVOKABLE void back();
-    Q_INVOKABLE void start();          ///< copies at once, asks before it moves
+    Q_INVOKABLE void start(); ///< copies at once, asks before it moves
+    Q_INVOKABLE void analyzeDuplicates();
+    Q_INVOKABLE void cancelStart();    ///< while it is `starting`
     Q_INVOKABLE void confirmMove();    ///< does nothing unless the question was asked
     Q_INVOKABLE void cancelPlanning(); ///< and goes back to the previous screen
 
@@ -81,8 +102,10 @@ signals:
     void textsChanged();
     void listedChanged();
     void currentRowChanged();
+    void columnWidthsChanged();
     void planChanged();
     void readinessChanged();
+    void analysisChanged();
     void showMoveConfirmationChanged();
     void planningProgressChanged();
     void outcomeChanged();
@@ -91,8 +114,11 @@ private:
     void beginAnew();
     void takeItems();
     void followInspectedItem();
+    /// What there is of the inspected file elsewhere, and what a run does with each.
+    [[nodiscard]] QVariantList twins() const;
 
     AppState& state_;
+    Preferences& preferences_;
     const LocalizationManager& texts_;
     PreviewRows rows_;
     InspectorModel inspector_;

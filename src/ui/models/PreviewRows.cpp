@@ -82,7 +82,7 @@ QVariant PreviewRows::data(const QModelIndex& index, int role) const {
     case isDatedRole:
         return item.resolvedDate.hasValue();
     case dateSourceRole:
-        return shownText(userFriendlyLabel(item.dateSource));
+        return shownEnglish(userFriendlyLabel(item.dateSource));
     case confidenceRole:
         return shownText(userFriendlyLabel(item.dateConfidence));
     case confidenceTintRole:

@@ -141,6 +141,7 @@ void ReportModel::setShowUndoAlert(bool show) {
 
 void ReportModel::confirmUndo() {
     setShowUndoAlert(false);
+    tellExport({});
     state_.startUndo();
 }
 
@@ -155,6 +156,10 @@ void ReportModel::showUndo() {
 
 void ReportModel::copyUndoWarnings() const {
     QGuiApplication::clipboard()->setText(undo_.warnings.join(QLatin1Char('\n')));
+}
+
+void ReportModel::copyFailures() const {
+    QGuiApplication::clipboard()->setText(figures_.failureLines.join(QLatin1Char('\n')));
 }
 
 void ReportModel::openDestination() {

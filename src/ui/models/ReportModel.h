@@ -47,6 +47,7 @@ public:
     Q_INVOKABLE void confirmUndo(); ///< nothing without a journal, or while an undo is under way
     Q_INVOKABLE void stopUndo();
     Q_INVOKABLE void copyUndoWarnings() const;
+    Q_INVOKABLE void copyFailures() const;
     Q_INVOKABLE void openDestination();
     Q_INVOKABLE void startNewArchive();
     Q_INVOKABLE void done();

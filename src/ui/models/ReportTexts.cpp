@@ -4,6 +4,7 @@
 #include "l10n/LocalizationManager.h"
 #include "model/OrganizationPlan.h"
 #include "transfer/SourceProof.h"
+#include "ui/models/FailureGroups.h"
 #include "ui/models/RunTexts.h"
 #include "ui/models/ShownText.h"
 
@@ -85,6 +86,17 @@ ReportTexts ReportTexts::of(const OperationManifest* manifest, std::span<const M
     ReportTexts shown;
     shown.hasManifest = manifest != nullptr;
     shown.hasFailures = figures.failed > 0;
+    shown.hasOnlyFailures = shown.hasFailures && figures.organized + figures.skipped == 0;
+    for (const FailureGroup& group : failureGroups(manifest)) {
+        shown.failures.append(group.shown());
+        shown.failureLines += group.lines();
+    }
+    if (shown.hasOnlyFailures) {
+        shown.subtitle = QStringLiteral("No file could be organized. Each is where it was.");
+    } else if (shown.hasFailures) {
+        shown.subtitle = QStringLiteral("%1 could not be organized; all others are structured and verified.")
+                             .arg(fileCountText(figures.failed));
+    }
     shown.organized = shownNumber(figures.organized);
     shown.skipped = shownNumber(figures.skipped);
     shown.errors = shownNumber(figures.failed);
@@ -120,6 +132,8 @@ UndoTexts UndoTexts::of(const AppState& state, const LocalizationManager& texts)
         shown.isComplete = false;
     } else if (state.undoResult()) {
         showResult(shown, *state.undoResult(), texts);
+        shown.hasUndoneReport =
+            shown.isComplete && state.activeManifest() && state.undoneJournal() == state.activeJournal();
     }
     return shown;
 }

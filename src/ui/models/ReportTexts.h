@@ -20,6 +20,10 @@ struct ReportTexts {
     QML_ANONYMOUS
     Q_PROPERTY(bool hasManifest MEMBER hasManifest)
     Q_PROPERTY(bool hasFailures MEMBER hasFailures)
+    Q_PROPERTY(bool hasOnlyFailures MEMBER hasOnlyFailures)
+    Q_PROPERTY(QVariantList failures MEMBER failures)
+    Q_PROPERTY(QStringList failureLines MEMBER failureLines)
+    Q_PROPERTY(QString subtitle MEMBER subtitle)
     Q_PROPERTY(QString organized MEMBER organized)
     Q_PROPERTY(QString skipped MEMBER skipped)
     Q_PROPERTY(QString errors MEMBER errors)
@@ -36,6 +40,10 @@ struct ReportTexts {
 public:
     bool hasManifest = false;
     bool hasFailures = false;
+    bool hasOnlyFailures = false; ///< not one file arrived
+    QVariantList failures;        ///< {sentence, count, names}: one for each reason
+    QStringList failureLines;     ///< all of them: each reason, and below it the paths
+    QString subtitle;             ///< how many files failed; empty when none did
     QString organized;
     QString skipped;
     QString errors;
@@ -79,17 +87,19 @@ struct UndoTexts {
     Q_PROPERTY(QString progress MEMBER progress)
     Q_PROPERTY(QString outcome MEMBER outcome)
     Q_PROPERTY(bool isComplete MEMBER isComplete)
+    Q_PROPERTY(bool hasUndoneReport MEMBER hasUndoneReport)
     Q_PROPERTY(QString counts MEMBER counts)
     Q_PROPERTY(QStringList warnings MEMBER warnings)
 
 public:
     QString forecast; ///< what it would leave in place; empty when that is nothing or not known
     bool isUnderWay = false;
-    double fraction = 0;    ///< from 0 to 1
-    QString progress;       ///< "120 / 4000 files processed"; empty until the first file is looked at
-    QString outcome;        ///< empty before its end
-    bool isComplete = true; ///< nothing was left as it was
-    QString counts;         ///< empty when all went well
+    double fraction = 0;          ///< from 0 to 1
+    QString progress;             ///< "120 / 4000 files processed"; empty until the first file is looked at
+    QString outcome;              ///< empty before its end
+    bool isComplete = true;       ///< nothing was left as it was
+    bool hasUndoneReport = false; ///< nothing is left of the run that is reported
+    QString counts;               ///< empty when all went well
     QStringList warnings;
 
     static UndoTexts of(const AppState& state, const LocalizationManager& texts);

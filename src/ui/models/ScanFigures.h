@@ -5,10 +5,12 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 namespace lumeo {
 
+class AppState;
 class LocalizationManager;
 
 /// The counters of a scan as they are shown.
@@ -57,6 +59,9 @@ struct ScanFindings {
     Q_PROPERTY(double videosShare MEMBER videosShare)
     Q_PROPERTY(double rawShare MEMBER rawShare)
     Q_PROPERTY(QString duplicates MEMBER duplicates)
+    Q_PROPERTY(bool isAnalyzed MEMBER isAnalyzed)
+    Q_PROPERTY(QString unreadableTitle MEMBER unreadableTitle)
+    Q_PROPERTY(QStringList unreadable MEMBER unreadable)
     Q_PROPERTY(QString missingDates MEMBER missingDates)
     Q_PROPERTY(QString warnings MEMBER warnings)
     Q_PROPERTY(QString totalSize MEMBER totalSize)
@@ -71,12 +76,15 @@ public:
     double photosShare = 0; ///< of all items, from 0 to 1
     double videosShare = 0;
     double rawShare = 0;
-    QString duplicates;
+    QString duplicates;      ///< a dash until they were looked for
+    bool isAnalyzed = false; ///< they were
+    QString unreadableTitle; ///< "3 places could not be read"; empty when all could
+    QStringList unreadable;  ///< each with the system's own word, in part when they are very many
     QString missingDates;
     QString warnings;
     QString totalSize;
 
-    static ScanFindings of(const CatalogueCounts& counts, std::size_t sources, double seconds,
+    static ScanFindings of(const CatalogueCounts& counts, std::size_t sources, const AppState& state,
                            const LocalizationManager& texts);
 };
 

@@ -3,16 +3,18 @@
 #include "app/AppState.h"
 #include "l10n/LocalizationManager.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 namespace lumeo {
 
 ScanModel::ScanModel(AppState& state, const LocalizationManager& localization, QObject* parent)
     : QObject(parent), state_(state), localization_(localization) {
-    connect(&state_, &AppState::isScanningChanged, this, &ScanModel::isScanningChanged);
+    connect(&state_, &AppState::isScanningChanged, this, &ScanModel::followScan);
     connect(&state_, &AppState::scanProgressChanged, this, &ScanModel::showCounters);
     connect(&state_, &AppState::isDetectingDuplicatesChanged, this, &ScanModel::isAnalyzingChanged);
     connect(&state_, &AppState::scannedItemsChanged, this, &ScanModel::count);
     connect(&state_, &AppState::currentStepChanged, this, &ScanModel::count);
-    connect(&state_, &AppState::sourcesChanged, this, &ScanModel::showFindings);
     connect(&localization_, &LocalizationManager::currentLanguageChanged, this, &ScanModel::showFindings);
     showCounters();
     count();
@@ -50,6 +52,18 @@ void ScanModel::organize() {
     state_.proceedToNextStep();
 }
 
+/// The sources may be other ones by the time that the findings are looked at.
+void ScanModel::followScan() {
+    if (isScanning()) {
+        sources_ = state_.sources().size();
+    }
+    emit isScanningChanged();
+}
+
+void ScanModel::copyUnreadable() const {
+    QGuiApplication::clipboard()->setText(findings_.unreadable.join(QLatin1Char('\n')));
+}
+
 /// Walks through the whole catalogue, so only while the screen is shown.
 void ScanModel::count() {
     if (state_.currentStep() == WizardStep::scanResults) {
@@ -67,8 +81,7 @@ void ScanModel::showCounters() {
 }
 
 void ScanModel::showFindings() {
-    findings_ = ScanFindings::of(counts_, state_.sources().size(), state_.scanProgress().scanDurationSeconds,
-                                 localization_);
+    findings_ = ScanFindings::of(counts_, sources_, state_, localization_);
     emit findingsChanged();
 }
 

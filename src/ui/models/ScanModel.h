@@ -33,6 +33,7 @@ public:
     Q_INVOKABLE void resume();
     Q_INVOKABLE void cancel();
     Q_INVOKABLE void analyzeDuplicates();
+    Q_INVOKABLE void copyUnreadable() const;
     Q_INVOKABLE void changeSources();
     Q_INVOKABLE void organize();
 
@@ -43,12 +44,14 @@ signals:
     void isAnalyzingChanged();
 
 private:
+    void followScan();
     void count();
     void showCounters();
     void showFindings();
 
     AppState& state_;
     const LocalizationManager& localization_;
+    std::size_t sources_ = 0; ///< of the last scan
     CatalogueCounts counts_;
     ScanCounters counters_;
     ScanFindings findings_;

@@ -4,6 +4,8 @@
 #include "app/Preferences.h"
 #include "l10n/LocalizationManager.h"
 
+#include <algorithm>
+
 namespace lumeo {
 
 ShellModel::ShellModel(AppState& state, LocalizationManager& localization, Preferences& preferences,
@@ -89,6 +91,14 @@ void ShellModel::setReducedMotion(bool reduced) {
     if (reduced != reducedMotion_) {
         reducedMotion_ = reduced;
         emit reducedMotionChanged();
+    }
+}
+
+void ShellModel::setTextScale(double factor) {
+    const double bounded = std::clamp(factor, 0.9, 1.5);
+    if (bounded != textScale_) {
+        textScale_ = bounded;
+        emit textScaleChanged();
     }
 }
 

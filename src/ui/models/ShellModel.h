@@ -25,6 +25,7 @@ class ShellModel : public QObject {
     Q_PROPERTY(int currentLanguage READ currentLanguage NOTIFY currentLanguageChanged)
     Q_PROPERTY(bool isDark READ isDark NOTIFY appearanceChanged)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY reducedMotionChanged)
+    Q_PROPERTY(double textScale READ textScale NOTIFY textScaleChanged)
     Q_PROPERTY(bool isChangingFiles READ isChangingFiles NOTIFY isChangingFilesChanged)
     Q_PROPERTY(QString workText READ workText NOTIFY workTextChanged)
 
@@ -41,8 +42,9 @@ public:
     [[nodiscard]] int currentLanguage() const; ///< its index in `languages`
     [[nodiscard]] bool isDark() const;
     [[nodiscard]] bool reducedMotion() const { return reducedMotion_; }
-    [[nodiscard]] bool isChangingFiles() const; ///< a run or an undo is in progress
-    [[nodiscard]] QString workText() const;     ///< its progress, in a few words
+    [[nodiscard]] double textScale() const { return textScale_; } ///< from 0.9 to 1.5
+    [[nodiscard]] bool isChangingFiles() const;                   ///< a run or an undo is in progress
+    [[nodiscard]] QString workText() const;                       ///< its progress, in a few words
 
     Q_INVOKABLE void navigateTo(int step);
     Q_INVOKABLE void chooseLanguage(int language);
@@ -53,12 +55,15 @@ public:
 public slots:
     /// The desktop's setting for motion.
     void setReducedMotion(bool reduced);
+    /// The size of the desktop's texts, 1 for the usual one. What the window has no room for is bounded.
+    void setTextScale(double factor);
 
 signals:
     void currentStepChanged();
     void currentLanguageChanged();
     void appearanceChanged();
     void reducedMotionChanged();
+    void textScaleChanged();
     void isChangingFilesChanged();
     void workTextChanged();
 
@@ -68,6 +73,7 @@ private:
     Preferences& preferences_;
     WizardSteps steps_;
     bool reducedMotion_ = false;
+    double textScale_ = 1;
 };
 
 } // namespace lumeo

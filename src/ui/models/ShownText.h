@@ -1,5 +1,6 @@
 #pragma once
 
+#include "l10n/PlatformWords.h"
 #include "platform/FilePath.h"
 #include "platform/TextFormat.h"
 
@@ -24,6 +25,14 @@ inline QString shownNumber(std::int64_t value) {
 inline QString shownByteCount(std::int64_t bytes) {
     return shownText(TextFormat::byteCount(bytes));
 }
+
+/// A fixed English text of the core as the window shows it, in the words of this platform.
+inline QString shownEnglish(std::string_view text) {
+    return withPlatformWords(shownText(text), AppLanguage::english);
+}
+
+/// What stands where a figure would that nobody has worked out yet.
+inline constexpr QChar notKnown(0x2013);
 
 inline QString shownPath(const FilePath& path) {
     return shownText(path.displayText());

@@ -5,43 +5,42 @@
 #include <algorithm>
 
 namespace lumeo {
-namespace {
 
-QString symbolOf(const SourceVolume& source) {
-    if (source.isRemovable) {
+QString SourceCards::symbolOf(const Card& card) {
+    if (card.presence == SourcePresence::file) {
+        return QStringLiteral("photo");
+    }
+    if (card.source.isRemovable) {
         return QStringLiteral("externaldrive.fill");
     }
-    return source.isVolumeRoot ? QStringLiteral("internaldrive.fill") : QStringLiteral("folder.fill");
+    return card.source.isVolumeRoot ? QStringLiteral("internaldrive.fill") : QStringLiteral("folder.fill");
 }
 
-} // namespace
-
-void SourceCards::show(const std::vector<SourceVolume>& sources) {
+void SourceCards::show(const AppState& state) {
+    const std::vector<SourceVolume>& sources = state.sources();
     for (int row = rowCount() - 1; row >= 0; --row) {
-        const auto place = sources_.begin() + row;
-        const auto shown = std::ranges::find(sources, place->id, &SourceVolume::id);
+        const auto place = cards_.begin() + row;
+        const auto shown = std::ranges::find(sources, place->source.id, &SourceVolume::id);
         if (shown == sources.end()) {
             beginRemoveRows({}, row, row);
-            sources_.erase(place);
+            cards_.erase(place);
             endRemoveRows();
-        } else if (*shown != *place) {
-            *place = *shown;
+        } else if (Card card{*shown, state.presence(shown->id)}; card != *place) {
+            *place = std::move(card);
             emit dataChanged(index(row), index(row));
         }
     }
-    if (sources.size() > sources_.size()) {
+    if (sources.size() > cards_.size()) {
         beginInsertRows({}, rowCount(), static_cast<int>(sources.size()) - 1);
-        sources_ = sources;
+        for (std::size_t row = cards_.size(); row < sources.size(); ++row) {
+            cards_.push_back({sources[row], state.presence(sources[row].id)});
+        }
         endInsertRows();
     }
 }
 
-const SourceVolume& SourceCards::source(int row) const {
-    return sources_.at(static_cast<std::size_t>(row));
-}
-
 int SourceCards::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(sources_.size());
+    return parent.isValid() ? 0 : static_cast<int>(cards_.size());
 }
 
 QVariant SourceCards::data(const QModelIndex& index, int role) const {
@@ -55,13 +54,15 @@ QVariant SourceCards::data(const QModelIndex& index, int role) const {
     case pathRole:
         return shownPath(source.url);
     case symbolRole:
-        return symbolOf(source);
+        return symbolOf(card(index.row()));
     case isRemovableRole:
         return source.isRemovable;
     case capacityTextRole:
         return shownText(source.formattedCapacitySummary().value_or(""));
     case usedShareRole:
         return source.usagePercentage().value_or(-1);
+    case isGoneRole:
+        return card(index.row()).presence == SourcePresence::gone;
     default:
         return {};
     }
@@ -75,6 +76,7 @@ QHash<int, QByteArray> SourceCards::roleNames() const {
         {isRemovableRole, "isRemovable"},
         {capacityTextRole, "capacityText"},
         {usedShareRole, "usedShare"},
+        {isGoneRole, "isGone"},
     };
 }
 

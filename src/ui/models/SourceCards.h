@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/SourceVolume.h"
+#include "app/AppState.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
@@ -23,22 +23,32 @@ public:
         isRemovableRole,
         capacityTextRole, ///< empty when the capacity is unknown
         usedShareRole,    ///< from 0 to 1, -1 when unknown
+        isGoneRole,       ///< nothing is at its place any more
     };
 
     using QAbstractListModel::QAbstractListModel;
 
     /// A card that stays keeps its delegate, and so the keyboard focus.
-    void show(const std::vector<SourceVolume>& sources);
+    void show(const AppState& state);
 
     /// The row must exist.
-    [[nodiscard]] const SourceVolume& source(int row) const;
+    [[nodiscard]] const SourceVolume& source(int row) const { return card(row).source; }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 private:
-    std::vector<SourceVolume> sources_;
+    struct Card {
+        SourceVolume source;
+        SourcePresence presence = SourcePresence::unknown;
+        friend bool operator==(const Card&, const Card&) = default;
+    };
+
+    [[nodiscard]] const Card& card(int row) const { return cards_.at(static_cast<std::size_t>(row)); }
+    static QString symbolOf(const Card& card);
+
+    std::vector<Card> cards_;
 };
 
 } // namespace lumeo

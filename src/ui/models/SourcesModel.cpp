@@ -46,6 +46,13 @@ bool SourcesModel::canScan() const {
     return count() > 0 && !state_.isChangingFiles();
 }
 
+QString SourcesModel::missing() const {
+    if (state_.isChangingFiles()) {
+        return QStringLiteral("Files are being organized or taken back at this moment.");
+    }
+    return count() > 0 ? QString() : QStringLiteral("Add a folder or a drive first.");
+}
+
 bool SourcesModel::takes(const QByteArray& uriList) const {
     return !pathsOf(uriList).empty();
 }
@@ -75,7 +82,7 @@ void SourcesModel::scan() {
 }
 
 void SourcesModel::showSources() {
-    cards_.show(state_.sources());
+    cards_.show(state_);
     emit sourcesChanged();
 }
 

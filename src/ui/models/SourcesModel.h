@@ -23,6 +23,7 @@ class SourcesModel : public QObject {
     Q_PROPERTY(int count READ count NOTIFY sourcesChanged)
     Q_PROPERTY(QString countText READ countText NOTIFY sourcesChanged)
     Q_PROPERTY(bool canScan READ canScan NOTIFY canScanChanged)
+    Q_PROPERTY(QString missing READ missing NOTIFY canScanChanged)
     Q_PROPERTY(lumeo::RunHistoryModel* history READ history CONSTANT)
     Q_PROPERTY(lumeo::LastOperationTexts lastOperation READ lastOperation NOTIFY lastOperationChanged)
 
@@ -34,7 +35,8 @@ public:
     [[nodiscard]] RunHistoryModel* history() { return &history_; }
     [[nodiscard]] int count() const { return cards_.rowCount(); }
     [[nodiscard]] QString countText() const;
-    [[nodiscard]] bool canScan() const; ///< always false during a run or an undo
+    [[nodiscard]] bool canScan() const;    ///< always false during a run or an undo
+    [[nodiscard]] QString missing() const; ///< why a scan cannot start; empty when it can
     [[nodiscard]] const LastOperationTexts& lastOperation() const { return lastOperation_; }
 
     /// True when the list names at least one file or folder of this machine. `uriList` has the unchanged

@@ -34,6 +34,7 @@ WizardSteps::WizardSteps(const AppState& state, QObject* parent) : QAbstractList
     connect(&state, &AppState::completedStepsChanged, this, &WizardSteps::announce);
     connect(&state, &AppState::isScanningChanged, this, &WizardSteps::announce);
     connect(&state, &AppState::isProcessingChanged, this, &WizardSteps::announce);
+    connect(&state, &AppState::activeManifestChanged, this, &WizardSteps::announce);
 }
 
 int WizardSteps::rowCount(const QModelIndex& parent) const {
@@ -55,7 +56,7 @@ QVariant WizardSteps::data(const QModelIndex& index, int role) const {
     case isCurrentRole:
         return step == state_.currentStep();
     case isCompletedRole:
-        return state_.completedSteps().contains(step);
+        return state_.completedSteps().contains(step) && state_.isReachable(step);
     case isReachableRole:
         return state_.isReachable(step);
     default:

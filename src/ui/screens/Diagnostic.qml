@@ -23,6 +23,7 @@ RowLayout {
         id: label
 
         Layout.fillWidth: true
+        color: line.tint === "red" ? Theme.red : Theme.textPrimary
         font.pixelSize: Theme.tableSize
         wrapMode: Text.Wrap
     }

@@ -10,6 +10,7 @@ Rectangle {
     id: panel
 
     required property InspectorModel model
+    signal enlarged ///< the picture is wanted large
 
     color: Theme.surface
     Accessible.role: Accessible.Pane
@@ -90,6 +91,47 @@ Rectangle {
                     width: Math.min(160, parent.width)
                     height: Math.min(128, parent.height)
                     image: panel.model.picture // qmllint disable type
+                }
+
+                TapHandler {
+                    onTapped: panel.enlarged()
+                }
+
+                HoverHandler {
+                    cursorShape: Qt.PointingHandCursor
+                }
+            }
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: Theme.s8
+
+                IconButton {
+                    objectName: "enlarge"
+                    symbol: "magnifyingglass"
+                    text: "Enlarge"
+                    onClicked: panel.enlarged()
+                }
+
+                IconButton {
+                    objectName: "openFile"
+                    symbol: "square.and.arrow.up"
+                    text: "Open"
+                    onClicked: panel.model.openFile()
+                }
+
+                IconButton {
+                    objectName: "showFile"
+                    symbol: "folder.fill"
+                    text: "Show in folder"
+                    onClicked: panel.model.showFile()
+                }
+
+                IconButton {
+                    objectName: "copyPath"
+                    symbol: "doc.on.doc"
+                    text: "Copy path"
+                    onClicked: panel.model.copyPath()
                 }
             }
 

@@ -15,9 +15,11 @@ Card {
         spacing: Theme.s12
 
         ColumnLayout {
+            Layout.fillWidth: true
             spacing: Theme.s4
 
             RowLayout {
+                Layout.fillWidth: true
                 spacing: Theme.s8
 
                 Symbol {
@@ -30,6 +32,8 @@ Card {
                     Layout.fillWidth: true
                     text: qsTrId("last.title")
                     font.weight: Font.DemiBold
+                    wrapMode: Text.NoWrap // it would wrap before the row has a width, and stay tall
+                    elide: Text.ElideRight
                     horizontalAlignment: Text.AlignLeft
                     Accessible.role: Accessible.Heading
                 }
@@ -45,7 +49,7 @@ Card {
             CaptionText {
                 Layout.fillWidth: true
                 text: card.texts.line
-                font.pixelSize: 10
+                font.pixelSize: Theme.scaled(10)
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignLeft
             }

@@ -30,9 +30,9 @@ Rectangle {
             Layout.fillWidth: true
             text: figure.value
             color: Theme.tint(figure.tint)
-            font.pixelSize: 16
+            font.pixelSize: Theme.scaled(16)
             fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 11
+            minimumPixelSize: Theme.scaled(11)
         }
 
         CaptionText {

@@ -21,7 +21,7 @@ Item {
             id: column
 
             x: (page.width - width) / 2
-            y: Math.max(Theme.s24, (page.height - height) / 3)
+            y: Math.max(Theme.s24, page.height * 0.05) // by the window alone: nothing moves when a part unfolds
             width: Math.min(sections.columns > 1 ? 1040 : Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 
@@ -124,6 +124,7 @@ Item {
             symbol: "arrow.right"
             trailingSymbol: true
             enabled: screen.model.canPreview
+            missing: screen.model.canEdit ? "Choose a destination first." : "Files are being organized or taken back at this moment."
             onClicked: screen.model.previewChanges()
         }
     }

@@ -11,6 +11,15 @@ ColumnLayout {
 
     required property OrganizationModel model
 
+    property int currentTag: 0 ///< the one that Tab comes to; the arrow keys go on from there
+
+    /// Brings the keyboard to the tag that stands so many places on.
+    function step(by: int) {
+        const next = (currentTag + by + tags.count) % tags.count;
+        tags.itemAt(next).forceActiveFocus(Qt.TabFocusReason);
+        currentTag = next;
+    }
+
     spacing: Theme.s12
 
     TextField {
@@ -21,7 +30,16 @@ ColumnLayout {
         placeholder: "e.g. {YYYY}/{YYYY}-{MM} {Month}/{CameraModel}"
         text: editor.model.customTemplate
         monospaced: true
+        invalid: editor.model.patternProblem !== ""
+        problem: editor.model.patternProblem
         onTextEdited: editor.model.customTemplate = text
+    }
+
+    Diagnostic {
+        Layout.fillWidth: true
+        visible: text !== ""
+        tint: "red"
+        text: editor.model.patternProblem
     }
 
     Flow {
@@ -36,12 +54,18 @@ ColumnLayout {
         }
 
         Repeater {
+            id: tags
+
             model: editor.model.tags
 
             TagButton {
+                required property int index
                 required property string modelData
 
                 text: modelData
+                focusPolicy: index === editor.currentTag ? Qt.TabFocus : Qt.NoFocus
+                Keys.onLeftPressed: editor.step(-1)
+                Keys.onRightPressed: editor.step(1)
                 onClicked: {
                     field.insert(modelData);
                     field.forceActiveFocus();

@@ -50,6 +50,25 @@ Disclosure {
                 }
             }
 
+            RowLayout {
+                Layout.fillWidth: true
+                visible: !section.model.isAnalyzed
+                spacing: Theme.s4
+
+                CaptionText {
+                    Layout.fillWidth: true
+                    text: section.model.isAnalyzing ? qsTrId("results.analyzingDuplicates")
+                                                    : "Duplicates are not known yet."
+                    wrapMode: Text.Wrap
+                }
+
+                LinkButton {
+                    visible: !section.model.isAnalyzing
+                    text: "Analyze first"
+                    onClicked: section.model.analyzeDuplicates()
+                }
+            }
+
             Switch {
                 Layout.fillWidth: true
                 text: qsTrId("org.verifyIntegrity")

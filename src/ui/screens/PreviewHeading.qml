@@ -65,6 +65,14 @@ GridLayout {
             model: heading.model
         }
 
+        LinkButton {
+            visible: !heading.model.isAnalyzed && !heading.model.isAnalyzing
+            text: "Analyze"
+            symbol: "doc.on.doc.fill"
+            Accessible.description: qsTrId("results.analyzeDuplicates")
+            onClicked: heading.model.analyzeDuplicates()
+        }
+
         CaptionText {
             visible: text !== ""
             text: heading.model.listed

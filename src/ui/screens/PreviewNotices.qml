@@ -9,7 +9,8 @@ ColumnLayout {
 
     required property PreviewModel model
 
-    visible: model.refusal !== "" || model.cancellation !== "" || model.isPlanning
+    visible: model.refusal !== "" || model.cancellation !== "" || model.starting !== ""
+             || model.analysis !== "" || model.isPlanning
     spacing: Theme.s8
 
     Banner {
@@ -28,6 +29,37 @@ ColumnLayout {
         symbol: "info.circle.fill"
         tint: "blue"
         text: notices.model.cancellation
+    }
+
+    Banner {
+        objectName: "analysis"
+        Layout.fillWidth: true
+        visible: text !== ""
+        symbol: "info.circle.fill"
+        tint: "blue"
+        text: notices.model.analysis
+    }
+
+    RowLayout {
+        objectName: "starting"
+        Layout.fillWidth: true
+        visible: notices.model.starting !== ""
+        spacing: Theme.s12
+
+        CaptionText {
+            text: notices.model.starting
+        }
+
+        ProgressBar {
+            Layout.fillWidth: true
+            indeterminate: true
+            Accessible.name: notices.model.starting
+        }
+
+        LinkButton {
+            text: qsTrId("preview.cancel")
+            onClicked: notices.model.cancelStart()
+        }
     }
 
     RowLayout {

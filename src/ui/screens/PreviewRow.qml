@@ -22,9 +22,10 @@ Item {
     signal chosen
 
     width: columns.total
-    height: 30
+    height: Theme.rowHeight
     Accessible.role: Accessible.ListItem
     Accessible.name: `${fileName}, ${date}, ${confidence}, ${destination}`
+    Accessible.focusable: true
     Accessible.selectable: true
     Accessible.selected: isCurrent
     Accessible.onPressAction: row.chosen()

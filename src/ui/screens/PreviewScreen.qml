@@ -43,8 +43,10 @@ Item {
 
                 objectName: "search"
                 placeholder: qsTrId("preview.search")
-                clearText: qsTrId("sources.clearAll")
+                clearText: "Clear"
                 onTextChanged: screen.model.searchText = text
+                Keys.onDownPressed: screen.model.inspect(screen.model.currentRow + 1)
+                Keys.onUpPressed: screen.model.inspect(screen.model.currentRow - 1)
             }
         }
 
@@ -72,6 +74,7 @@ Item {
                     anchors.fill: parent
                     model: screen.model
                     focus: true
+                    onEnlarged: large.open()
                 }
 
                 NothingFound {
@@ -102,6 +105,7 @@ Item {
                     width: 320
                     height: parent.height
                     model: screen.model.inspector
+                    onEnlarged: large.open()
                 }
             }
         }
@@ -132,12 +136,19 @@ Item {
             PrimaryButton {
                 objectName: "start"
                 enabled: screen.model.canStart
+                missing: screen.model.missing
                 text: screen.model.isMove ? qsTrId("preview.startMove") : qsTrId("preview.startCopy")
                 symbol: screen.model.isMove ? "exclamationmark.triangle.fill" : "arrow.right"
                 trailingSymbol: !screen.model.isMove
                 onClicked: screen.model.start()
             }
         }
+    }
+
+    LargePicture {
+        id: large
+
+        model: screen.model.inspector
     }
 
     Alert {

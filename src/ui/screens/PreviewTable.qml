@@ -1,20 +1,30 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Lumeo.Kit
 import Lumeo.Window
 
 /// The items of the catalogue, one a line. Only the lines in sight exist; Up, Down, Page Up, Page Down,
 /// Home and End go from one to the next.
-T.Control {
+FocusScope {
     id: table
 
     required property PreviewModel model
     property bool byKeyboard: false
+    property bool byPointer: false
+    property string typed
+
+    signal enlarged ///< the picture of the current row is wanted large
 
     function choose(row: int) {
         table.model.inspect(row);
+    }
+
+    /// Goes to the next row whose name begins with what was typed within a second.
+    function seek(letters: string) {
+        typed = pause.running ? typed + letters : letters;
+        pause.restart();
+        table.model.seek(typed);
     }
 
     function explain(cell: Item, text: string) {
@@ -26,15 +36,12 @@ T.Control {
         }
     }
 
-    focusPolicy: Qt.StrongFocus
     clip: true
-    Accessible.role: Accessible.List
-    Accessible.name: qsTrId("preview.title")
-    onActiveFocusChanged: if (!activeFocus) byKeyboard = false
+    onActiveFocusChanged: byKeyboard = activeFocus && !byPointer && !!list.model
 
     Keys.onPressed: event => {
         const current = table.model.currentRow;
-        const page = Math.max(1, Math.floor(list.height / list.rowHeight) - 1);
+        const page = Math.max(1, Math.floor(list.height / Theme.rowHeight) - 1);
         let row = current;
         switch (event.key) {
         case Qt.Key_Up:
@@ -55,11 +62,17 @@ T.Control {
         case Qt.Key_End:
             row = table.model.rows.count - 1;
             break;
-        case Qt.Key_Return:
-        case Qt.Key_Enter:
         case Qt.Key_Space:
-            break;
+            event.accepted = true;
+            table.choose(current);
+            table.enlarged();
+            return;
         default:
+            if (event.text.trim() !== "" && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier))) {
+                event.accepted = true;
+                byKeyboard = true;
+                table.seek(event.text);
+            }
             return;
         }
         event.accepted = true;
@@ -67,10 +80,18 @@ T.Control {
         table.choose(row);
     }
 
+    Timer {
+        id: pause
+
+        interval: 1000
+    }
+
     TableColumns {
         id: layout
 
         available: table.width
+        chosen: table.model.columnWidths
+        onResized: widths => table.model.columnWidths = widths
     }
 
     TableHeader {
@@ -83,7 +104,6 @@ T.Control {
     ListView {
         id: list
 
-        readonly property int rowHeight: 30
         readonly property bool mirrored: LayoutMirroring.enabled
 
         /// The end where reading starts.
@@ -99,6 +119,12 @@ T.Control {
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         width: parent.width
+        focus: true
+        activeFocusOnTab: true
+        currentIndex: table.model.currentRow // its row has the keyboard, which is what a reader follows
+        Accessible.role: Accessible.List
+        Accessible.name: qsTrId("preview.title")
+        Accessible.focusable: true
         contentWidth: layout.total
         flickableDirection: Flickable.AutoFlickIfNeeded
         boundsBehavior: Flickable.StopAtBounds
@@ -120,9 +146,11 @@ T.Control {
             isCurrent: index === table.model.currentRow
             explain: table.explain
             onChosen: {
+                table.byPointer = true;
+                table.choose(index);
                 table.forceActiveFocus(Qt.MouseFocusReason);
                 table.byKeyboard = false;
-                table.choose(index);
+                table.byPointer = false;
             }
         }
 
@@ -149,7 +177,7 @@ T.Control {
     }
 
     FocusRing {
-        shown: table.visualFocus || (table.activeFocus && table.byKeyboard)
+        shown: table.activeFocus && table.byKeyboard
         anchors.margins: 0
     }
 

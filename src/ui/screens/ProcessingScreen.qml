@@ -65,11 +65,12 @@ Item {
                         FigureText {
                             Layout.alignment: Qt.AlignBaseline
                             text: screen.model.figures.percentage
-                            font.pixelSize: 44
+                            font.pixelSize: Theme.scaled(44)
                         }
                     }
 
                     ProgressBar {
+                        objectName: "progress"
                         Layout.fillWidth: true
                         implicitHeight: 10
                         value: screen.model.figures.fraction

@@ -48,7 +48,7 @@ ColumnLayout {
 
         DestructiveButton {
             objectName: "undo"
-            visible: actions.model.figures.hasManifest
+            visible: actions.model.figures.hasManifest && !actions.model.undo.hasUndoneReport
             enabled: !actions.model.undo.isUnderWay
             text: qsTrId("report.undo")
             symbol: "arrow.uturn.backward"

@@ -1,13 +1,17 @@
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
+import Lumeo.Window
 
 /// Shows how the run ended.
 Item {
     id: heading
 
-    property bool hasFailures: false
-    readonly property color tint: hasFailures ? Theme.orange : Theme.green
+    required property ReportModel model
+    readonly property bool isUndone: model.undo.hasUndoneReport
+    readonly property bool hasFailures: model.figures.hasFailures
+    readonly property color tint: isUndone ? Theme.grey : model.figures.hasOnlyFailures ? Theme.red
+                                           : hasFailures ? Theme.orange : Theme.green
 
     implicitHeight: row.implicitHeight
 
@@ -26,7 +30,8 @@ Item {
 
             Symbol {
                 anchors.centerIn: parent
-                name: heading.hasFailures ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
+                name: heading.isUndone ? "arrow.uturn.backward" : heading.model.figures.hasOnlyFailures ? "xmark.circle.fill"
+                      : heading.hasFailures ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
                 size: 32
                 color: heading.tint
             }
@@ -38,11 +43,13 @@ Item {
             TitleText {
                 Layout.fillWidth: true
                 text: qsTrId("report.title")
+                horizontalAlignment: Text.AlignLeft
             }
 
             SubtitleText {
+                objectName: "outcome"
                 Layout.fillWidth: true
-                text: qsTrId("report.subtitle")
+                text: heading.isUndone ? "This run was taken back." : heading.model.figures.subtitle || qsTrId("report.subtitle")
                 horizontalAlignment: Text.AlignLeft
             }
         }

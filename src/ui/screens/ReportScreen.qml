@@ -25,7 +25,13 @@ Item {
 
             ReportHeading {
                 Layout.fillWidth: true
-                hasFailures: screen.model.figures.hasFailures
+                model: screen.model
+            }
+
+            UndoOutcome {
+                Layout.fillWidth: true
+                visible: screen.model.undo.isUnderWay || screen.model.undo.outcome !== ""
+                model: screen.model
             }
 
             RowLayout {
@@ -61,10 +67,19 @@ Item {
                 }
             }
 
+            FailureCard {
+                objectName: "failures"
+                Layout.fillWidth: true
+                visible: screen.model.figures.hasFailures && !screen.model.undo.hasUndoneReport
+                groups: screen.model.figures.failures
+                lines: screen.model.figures.failureLines
+                onCopied: screen.model.copyFailures()
+            }
+
             Banner {
                 objectName: "journalProblem"
                 Layout.fillWidth: true
-                visible: text !== ""
+                visible: text !== "" && !screen.model.undo.hasUndoneReport
                 symbol: "exclamationmark.triangle.fill"
                 text: screen.model.figures.journalProblem
             }
@@ -86,12 +101,6 @@ Item {
 
             ReportActions {
                 Layout.fillWidth: true
-                model: screen.model
-            }
-
-            UndoOutcome {
-                Layout.fillWidth: true
-                visible: screen.model.undo.isUnderWay || screen.model.undo.outcome !== ""
                 model: screen.model
             }
 

@@ -61,6 +61,9 @@ ColumnLayout {
             caption: qsTrId("results.exactDuplicates")
             detail: qsTrId("results.exactDuplicatesSubtitle")
             tint: "indigo"
+            action: tiles.model.findings.isAnalyzed ? "" : "Analyze"
+            isBusy: tiles.model.isAnalyzing
+            onActed: tiles.model.analyzeDuplicates()
         }
 
         ScanCounter {

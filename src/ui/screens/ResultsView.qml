@@ -8,6 +8,7 @@ Item {
     id: view
 
     required property ScanModel model
+    readonly property bool hasGaps: model.findings.unreadableTitle !== ""
 
     Page {
         id: page
@@ -15,14 +16,15 @@ Item {
         anchors.top: parent.top
         anchors.bottom: bar.top
         width: parent.width
-        contentHeight: Math.max(height, column.implicitHeight + 2 * Theme.s32)
+        contentHeight: Math.max(height, column.y + column.implicitHeight + Theme.s32)
         activeFocusOnTab: scrolls
         Accessible.name: qsTrId("results.title")
 
         ColumnLayout {
             id: column
 
-            anchors.centerIn: parent
+            x: (page.width - width) / 2
+            y: Math.max(Theme.s32, page.height * 0.1) // by the window alone: nothing moves when a part unfolds
             width: Math.min(Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 
@@ -32,9 +34,10 @@ Item {
                 Symbol {
                     Layout.alignment: Qt.AlignHCenter
                     Layout.bottomMargin: Theme.s4
-                    name: view.model.findings.hasItems ? "checkmark.circle.fill" : "magnifyingglass"
+                    name: view.hasGaps ? "exclamationmark.triangle.fill"
+                          : view.model.findings.hasItems ? "checkmark.circle.fill" : "magnifyingglass"
                     size: 40
-                    color: view.model.findings.hasItems ? Theme.green : Theme.textTertiary
+                    color: view.hasGaps ? Theme.orange : view.model.findings.hasItems ? Theme.green : Theme.textTertiary
                 }
 
                 TitleText {
@@ -82,6 +85,18 @@ Item {
                 Chip {
                     text: qsTrId("scan.errors") + ": " + view.model.counters.errors
                     tint: view.model.counters.hasErrors ? "red" : "grey"
+                }
+            }
+
+            Disclosure {
+                Layout.fillWidth: true
+                visible: view.hasGaps
+                text: view.model.findings.unreadableTitle
+
+                TextList {
+                    Layout.fillWidth: true
+                    lines: view.model.findings.unreadable
+                    onCopied: view.model.copyUnreadable()
                 }
             }
         }
@@ -133,6 +148,7 @@ Item {
             symbol: "arrow.right"
             trailingSymbol: true
             enabled: view.model.findings.hasItems
+            missing: "Nothing was found to organize."
             onClicked: view.model.organize()
         }
     }

@@ -12,11 +12,12 @@ Card {
     required property bool isRemovable
     required property string capacityText
     required property real usedShare
+    required property bool isGone ///< nothing is at its place any more
     signal remove
 
     padding: Theme.s12
-    Accessible.role: Accessible.Grouping
     Accessible.name: name
+    Accessible.description: isGone ? "Not found" : capacityText
 
     contentItem: RowLayout {
         spacing: Theme.s12
@@ -33,7 +34,7 @@ Card {
                 anchors.centerIn: parent
                 name: card.symbol
                 size: 24
-                color: card.isRemovable ? Theme.orange : Theme.blue
+                color: card.isGone ? Theme.red : card.isRemovable ? Theme.orange : Theme.blue
             }
         }
 
@@ -72,7 +73,7 @@ Card {
         ColumnLayout {
             Layout.preferredWidth: 200
             Layout.fillWidth: false
-            visible: card.capacityText !== ""
+            visible: !card.isGone && card.capacityText !== ""
             spacing: Theme.s4
 
             CaptionText {
@@ -88,6 +89,13 @@ Card {
                 used: card.usedShare
                 Accessible.name: card.capacityText
             }
+        }
+
+        Diagnostic {
+            Layout.fillWidth: false
+            visible: card.isGone
+            tint: "red"
+            text: "Not found"
         }
 
         IconButton {

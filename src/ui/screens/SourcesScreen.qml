@@ -40,7 +40,7 @@ Item {
             id: column
 
             x: (page.width - width) / 2
-            y: Math.max(Theme.s24, (page.height - height) / 3)
+            y: Math.max(Theme.s24, page.height * 0.08) // by the window alone: nothing moves when a card comes
             width: Math.min(Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 
@@ -135,6 +135,7 @@ Item {
             symbol: "arrow.right"
             trailingSymbol: true
             enabled: screen.model.canScan
+            missing: screen.model.missing
             onClicked: screen.model.scan()
         }
     }

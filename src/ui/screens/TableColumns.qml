@@ -1,7 +1,8 @@
 import QtQuick
 import Lumeo.Kit
 
-/// The widths of the preview's columns. The user can change them. The destination takes the remaining space.
+/// The widths of the preview's columns. The user can change them. The file's name and the destination share the
+/// remaining space, one part to two.
 /// Where the table is too narrow for it, columns whose values the inspector also shows disappear, unless the
 /// user has set their width. If that is not enough, the table scrolls.
 QtObject {
@@ -15,13 +16,17 @@ QtObject {
     readonly property int readable: 280 ///< destination: last folder, name, start of the path
 
     readonly property var least: [120, 80, 80, 72, 180, 56]
-    readonly property var usual: [172, 104, 160, 84, 0, 70]
-    property var chosen: [0, 0, 0, 0, 0, 0] ///< by the user; 0 for a column whose width was not set
+    readonly property var usual: {
+        const widths = [172, 104, 160, 84, 0, 70];
+        return widths.map(width => Theme.scaled(width));
+    }
+    property list<int> chosen ///< by the user; 0 for a column whose width was not set
+    signal resized(var widths) ///< what `chosen` is now
 
     /// Uses the usual widths, not the chosen ones: making a column wider must not make another one disappear.
     readonly property var givingWay: {
         let left = available - usual.reduce((sum, width) => sum + width, 0);
-        return [2, 3].filter(column => {
+        return [2, 5].filter(column => {
             const gives = left < readable;
             left += gives ? usual[column] : 0;
             return gives;
@@ -37,7 +42,10 @@ QtObject {
             all[column] += more;
             left -= more;
         });
-        all[destination] = Math.max(least[destination], left);
+        const surplus = Math.max(0, left - readable);
+        const forName = chosen[0] ? 0 : Math.min(Theme.scaled(420) - all[0], Math.floor(surplus / 3));
+        all[0] += Math.max(0, forName);
+        all[destination] = Math.max(least[destination], left - Math.max(0, forName));
         return all;
     }
     readonly property real total: widths.reduce((sum, width) => sum + width, 0)
@@ -54,9 +62,10 @@ QtObject {
     /// Makes a column wider or narrower. For the destination, its neighbour changes instead.
     function resize(column: int, by: real) {
         const target = column === destination ? column + 1 : column;
-        const all = chosen.slice();
+        const all = usual.map((width, index) => chosen[index] || 0);
         const now = widths[target] + (target === column ? by : -by);
         all[target] = Math.max(least[target], Math.min(600, now));
         chosen = all;
+        resized(all);
     }
 }

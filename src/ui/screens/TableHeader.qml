@@ -10,7 +10,7 @@ Item {
     required property TableColumns columns
     readonly property bool mirrored: LayoutMirroring.enabled
 
-    implicitHeight: 30
+    implicitHeight: Theme.rowHeight
     implicitWidth: columns.total
 
     Row {

@@ -7,7 +7,7 @@ ButtonBase {
 
     // A click leaves the line that is written on, and what is selected there, as they are.
     focusPolicy: Qt.TabFocus
-    implicitHeight: 24
+    implicitHeight: Theme.scaled(24)
     leftPadding: 6
     rightPadding: 6
     radius: 6

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
@@ -79,32 +77,10 @@ Card {
             visible: outcome.model.undo.warnings.length > 0
             text: qsTrId("preview.filter.warnings")
 
-            ListView {
+            TextList {
                 Layout.fillWidth: true
-                Layout.preferredHeight: Math.min(contentHeight, 180)
-                model: outcome.model.undo.warnings
-                spacing: Theme.s4
-                boundsBehavior: Flickable.StopAtBounds
-                clip: true
-
-                ScrollBar.vertical: ScrollBar {}
-
-                delegate: RoleText {
-                    required property string modelData
-
-                    width: ListView.view.width - 12
-                    text: modelData
-                    color: Theme.textSecondary
-                    font.pixelSize: Theme.tableSize
-                    wrapMode: Text.Wrap
-                }
-            }
-
-            LinkButton {
-                objectName: "copyWarnings"
-                text: qsTrId("operation.copy")
-                symbol: "doc.on.doc"
-                onClicked: outcome.model.copyUndoWarnings()
+                lines: outcome.model.undo.warnings
+                onCopied: outcome.model.copyUndoWarnings()
             }
         }
     }

@@ -10,7 +10,7 @@ Sheet {
 
     InfoRow {
         symbol: "info.circle.fill"
-        title: qsTrId("about.version") + " " + (Qt.application.version || "1.5")
+        title: qsTrId("about.version") + " " + Application.version
         text: qsTrId("about.developer")
     }
     InfoRow {

@@ -36,7 +36,7 @@ ColumnLayout {
         model: [
             {
                 symbol: "desktopcomputer",
-                statement: "Media processing happens entirely on this Mac."
+                statement: "Media processing happens entirely on this computer."
             },
             {
                 symbol: "icloud.slash",

@@ -19,11 +19,16 @@ using namespace std::chrono_literals;
 
 constexpr int mostKept = 200;
 constexpr int pixelsPerPoint = 2;
-constexpr auto longestWork = 10s;           // mostly for a slow disk: the helper limits its own work
+constexpr int largestKept = 512;  // pixels: larger ones would fill the memory and are made each time
+constexpr auto longestWork = 10s; // mostly for a slow disk: the helper limits its own work
 constexpr auto longestUnwantedWork = 300ms; // long enough for most files, and the picture is then kept
 
 QByteArray key(const FilePath& file) {
     return QByteArray::fromStdString(file.bytes());
+}
+
+bool isSmall(QSize pixels) {
+    return std::max(pixels.width(), pixels.height()) <= largestKept;
 }
 
 bool isRaw(const FilePath& file) {
@@ -108,12 +113,7 @@ void ThumbnailService::answerWaiting() {
     }
     Request request = std::move(waiting_.front());
     waiting_.pop_front();
-    if (const QImage* const kept = kept_.object(key(request.file))) {
-        answerSoon();
-        request.answer(*kept); // this may destroy the service
-    } else {
-        ask(std::move(request));
-    }
+    ask(std::move(request));
 }
 
 void ThumbnailService::ask(Request request) {
@@ -125,6 +125,12 @@ void ThumbnailService::ask(Request request) {
 void ThumbnailService::handOn(quint64 request, const std::shared_ptr<Opened>& opened) {
     if (!asked_ || asked_->number != request) {
         return; // opened too late
+    }
+    // A file that cannot be opened any more keeps its picture.
+    if (const Kept* const kept = kept_.object(key(asked_->file));
+        kept && (!opened->file || kept->madeOf == opened->status) && isSmall(asked_->pixels)) {
+        finish(kept->picture);
+        return;
     }
     const std::optional<int> descriptor = opened->file ? opened->file->descriptor() : std::nullopt;
     if (!descriptor || refused_.contains(opened->status) || !startHelper()) {
@@ -193,9 +199,9 @@ void ThumbnailService::endHelper() {
 void ThumbnailService::finish(const QImage& picture) {
     patience_.stop();
     const Request request = *std::exchange(asked_, std::nullopt);
-    if (!picture.isNull()) {
-        kept_.insert(key(request.file), new QImage(picture));
-    } else if (request.sent && request.answer) { // the helper was not interrupted
+    if (!picture.isNull() && request.sent && isSmall(request.pixels)) {
+        kept_.insert(key(request.file), new Kept{picture, *request.sent});
+    } else if (picture.isNull() && request.sent && request.answer) { // the helper was not interrupted
         refused_.add(*request.sent);
     }
     answerSoon();

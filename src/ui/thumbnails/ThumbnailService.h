@@ -40,9 +40,10 @@ public:
     ~ThumbnailService() override;
 
     /// Requests an upright picture of `file` that fits a space of `points`, with two pixels for each point. A
-    /// kept picture is the answer, whatever size it was made for. A file that gave no picture is not tried
-    /// again until it changes. `answer` is called once, on the main thread, after load() has returned.
-    /// Returns the number of the request.
+    /// kept picture is the answer, whatever size it was made for, until the file changes; one of more than
+    /// 512 pixels is always made anew and not kept. A file that gave no picture is not tried again until it
+    /// changes. `answer` is called once, on the main thread, after load() has returned. Returns the number of
+    /// the request.
     quint64 load(const FilePath& file, QSize points, Answer answer);
 
     /// The answer to a request is no longer wanted and will not come. Work on it stops soon. Does nothing for
@@ -56,6 +57,10 @@ private:
         QSize pixels;
         Answer answer;                  ///< empty after drop()
         std::optional<FileStatus> sent; ///< of the file that was sent to the helper
+    };
+    struct Kept {
+        QImage picture;
+        FileStatus madeOf; ///< another one, and another picture is made
     };
     struct Opened {
         std::unique_ptr<ReadableFile> file;
@@ -77,7 +82,7 @@ private:
     quint64 lastNumber_ = 0;
     std::deque<Request> waiting_;
     std::optional<Request> asked_; ///< the one in progress
-    QCache<QByteArray, QImage> kept_;
+    QCache<QByteArray, Kept> kept_;
     RefusedFiles refused_;
     std::shared_ptr<Opening> opening_;
     std::optional<HelperProcess> helper_;

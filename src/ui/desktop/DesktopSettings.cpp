@@ -1,4 +1,4 @@
-#include "ui/desktop/DesktopMotion.h"
+#include "ui/desktop/DesktopSettings.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -23,6 +23,7 @@ struct Setting {
 
 // Desktops have two settings for this: a switch for animations, and a factor for their duration.
 const Setting animations{"org.gnome.desktop.interface", "enable-animations"};
+const Setting textFactor{"org.gnome.desktop.interface", "text-scaling-factor"};
 const Setting durationFactor{"org.kde.kdeglobals.KDE", "AnimationDurationFactor"};
 
 bool is(const Setting& setting, const QString& group, const QString& key) {
@@ -37,15 +38,15 @@ bool isNothing(const QVariant& factor) {
 
 } // namespace
 
-DesktopMotion::DesktopMotion(QObject* parent) : QObject(parent) {
+DesktopSettings::DesktopSettings(QObject* parent) : QObject(parent) {
     QDBusConnection::sessionBus().connect(text(service), text(path), text(settings), text("SettingChanged"),
                                           this, SLOT(take(QString, QString, QDBusVariant)));
-    for (const auto& setting : {animations, durationFactor}) {
+    for (const auto& setting : {animations, durationFactor, textFactor}) {
         ask(text(setting.group), text(setting.key));
     }
 }
 
-void DesktopMotion::ask(const QString& group, const QString& key) {
+void DesktopSettings::ask(const QString& group, const QString& key) {
     auto call = QDBusMessage::createMethodCall(text(service), text(path), text(settings), text("Read"));
     call.setArguments({group, key});
     auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
@@ -58,11 +59,17 @@ void DesktopMotion::ask(const QString& group, const QString& key) {
     });
 }
 
-void DesktopMotion::take(const QString& group, const QString& key, const QDBusVariant& value) {
+void DesktopSettings::take(const QString& group, const QString& key, const QDBusVariant& value) {
     QVariant inner = value.variant();
     // A read wraps the value twice, the signal once.
     while (inner.canConvert<QDBusVariant>()) {
         inner = inner.value<QDBusVariant>().variant();
+    }
+    if (is(textFactor, group, key)) {
+        if (const double factor = inner.toDouble(); factor > 0) {
+            emit textScaled(factor);
+        }
+        return;
     }
     if (is(animations, group, key)) {
         hasNoAnimations_ = !inner.toBool();

@@ -5,17 +5,18 @@
 
 namespace lumeo {
 
-/// Whether the user has asked the desktop for less motion, according to its settings portal. Motion is not
-/// reduced before the portal has answered, and where there is none. Main thread only.
-class DesktopMotion : public QObject {
+/// What the user has asked of the whole desktop, according to its settings portal: less motion, larger texts.
+/// Before the portal has answered, and where there is none, nothing is asked. Main thread only.
+class DesktopSettings : public QObject {
     Q_OBJECT
 
 public:
-    /// Asks at once. The answer comes with `reducedChanged`.
-    explicit DesktopMotion(QObject* parent = nullptr);
+    /// Asks at once. The answers come with the signals.
+    explicit DesktopSettings(QObject* parent = nullptr);
 
 signals:
     void reducedChanged(bool reduced);
+    void textScaled(double factor); ///< 1 is the usual size
 
 private slots:
     void take(const QString& group, const QString& key, const QDBusVariant& value);
