@@ -74,6 +74,8 @@ public:
     void choose(const FolderRequest& /*request*/, FolderChooser::Answer answer) override { answer({}); }
     void choose(const SaveRequest& /*request*/, SavePanel::Answer answer) override { answer({}); }
     void reveal(const FilePath& /*folder*/) override {}
+    void show(const FilePath& /*file*/) override {}
+    void open(const FilePath& /*file*/) override {}
 };
 
 /// The usual value and the worst of many times.
