@@ -43,8 +43,7 @@ public:
         std::cout << Json{{"files", files},
                           {"bytes", bytes},
                           {"seconds", seconds.count()},
-                          {"memoryAtStart", memoryAtStart_},
-                          {"memoryPeak", memory("VmHWM")}}
+                          {"memoryAtStart", memoryAtStart_}}
                   << '\n';
     }
 

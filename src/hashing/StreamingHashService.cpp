@@ -112,7 +112,12 @@ StreamingHashService::computeSHA256FromDevice(const FileSystem& fileSystem, cons
         return HashError(file.error());
     }
     (*file)->evict();
-    const auto read = [&file](std::span<std::byte> chunk) { return file.value()->read(chunk); };
+    return computeSHA256(**file, path, cancelled);
+}
+
+Result<std::string, HashError> StreamingHashService::computeSHA256(ReadableFile& file, const FilePath& path,
+                                                                   const CancellationCheck& cancelled) {
+    const auto read = [&file](std::span<std::byte> chunk) { return file.read(chunk); };
     return digestOf(read, path, chunkSize, cancelled);
 }
 

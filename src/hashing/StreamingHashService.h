@@ -38,6 +38,11 @@ struct StreamingHashService {
                                                                   const FilePath& path,
                                                                   const CancellationCheck& cancelled);
 
+    /// The same for a file that is open for reading, from its current position. `path` is only used in the
+    /// error.
+    static Result<std::string, HashError> computeSHA256(ReadableFile& file, const FilePath& path,
+                                                        const CancellationCheck& cancelled);
+
     /// The same for a file that is being written. It is read back from its start through the descriptor that
     /// wrote it. `path` is only used in the error.
     static Result<std::string, HashError> computeSHA256(WritableFile& file, const FilePath& path,

@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <memory>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace lumeo {
 namespace {
@@ -31,9 +33,17 @@ public:
     VerificationOutcome finish() &&;
 
 private:
-    void verify(const Checksum& checksum);
+    /// A listed file that the device has begun to give.
+    struct Begun {
+        FileResult<FileStatus> status;
+        bool isSpared = false;
+        std::unique_ptr<ReadableFile> file; ///< null when it cannot be read, or need not be
+    };
+    [[nodiscard]] Begun begin(const Checksum& checksum) const;
+    void finish(const Checksum& checksum, const Begun& begun);
     [[nodiscard]] bool wasReadOfLate(const Checksum& checksum, const FileStatus& status) const;
-    [[nodiscard]] std::optional<std::string> read(const std::string& name, const FileStatus& status);
+    [[nodiscard]] std::optional<std::string> read(const std::string& name, const FileStatus& status,
+                                                  ReadableFile* file);
     void findMoved(std::vector<std::string>& others);
     void report(Kind kind, const std::string& name) { outcome_.findings.push_back({kind, name, {}}); }
 
@@ -52,34 +62,52 @@ void Verification::readListed(const std::vector<Checksum>& list, const ReadingCa
     outcome_.listed = std::ssize(list);
     ReadingProgress progress;
     progress.totalFiles = outcome_.listed;
-    for (const Checksum& checksum : list) {
-        progress.currentItemName = FilePath(checksum.name).lastComponent();
+    std::optional<Begun> next;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        progress.currentItemName = FilePath(list[i].name).lastComponent();
         onProgress(progress);
         if (stop_.stop_requested()) {
             return;
         }
-        verify(checksum);
+        // The device reads the next file while this one is digested.
+        const Begun begun = next ? *std::exchange(next, std::nullopt) : begin(list[i]);
+        if (i + 1 < list.size()) {
+            next = begin(list[i + 1]);
+        }
+        finish(list[i], begun);
         ++progress.files;
     }
 }
 
-void Verification::verify(const Checksum& checksum) {
-    const FileResult<FileStatus> status = fileSystem_.targetStatus(archive_.appending(checksum.name));
-    if (!status) {
-        const bool isMissing = status.error().errnoValue == ENOENT || status.error().errnoValue == ENOTDIR;
-        if (isMissing) {
+Verification::Begun Verification::begin(const Checksum& checksum) const {
+    const FilePath path = archive_.appending(checksum.name);
+    Begun begun{fileSystem_.targetStatus(path), false, nullptr};
+    begun.isSpared = begun.status && wasReadOfLate(checksum, *begun.status);
+    if (begun.status && !begun.isSpared) {
+        if (FileResult<std::unique_ptr<ReadableFile>> file = fileSystem_.openForReading(path)) {
+            begun.file = *std::move(file);
+            begun.file->evict();
+        }
+    }
+    return begun;
+}
+
+void Verification::finish(const Checksum& checksum, const Begun& begun) {
+    if (!begun.status) {
+        const int reason = begun.status.error().errnoValue;
+        if (reason == ENOENT || reason == ENOTDIR) {
             missingByDigest_.emplace(checksum.digest, checksum.name);
         } else {
             report(Kind::unreadable, checksum.name);
         }
         return;
     }
-    if (wasReadOfLate(checksum, *status)) {
+    if (begun.isSpared) {
         ++outcome_.spared;
         ++outcome_.unchanged;
         return;
     }
-    const std::optional<std::string> digest = read(checksum.name, *status);
+    const std::optional<std::string> digest = read(checksum.name, *begun.status, begun.file.get());
     if (digest == checksum.digest) {
         ++outcome_.unchanged;
     } else if (!stop_.stop_requested()) {
@@ -95,9 +123,14 @@ bool Verification::wasReadOfLate(const Checksum& checksum, const FileStatus& sta
     return kept && kept->digest == checksum.digest && kept->readAt > clock_.now() - *recent_;
 }
 
-std::optional<std::string> Verification::read(const std::string& name, const FileStatus& status) {
-    Result<std::string, HashError> digest = StreamingHashService::computeSHA256FromDevice(
-        fileSystem_, archive_.appending(name), [this] { return stop_.stop_requested(); });
+/// `file` may be null, for one that could not be opened.
+std::optional<std::string> Verification::read(const std::string& name, const FileStatus& status,
+                                              ReadableFile* file) {
+    if (file == nullptr) {
+        return std::nullopt;
+    }
+    Result<std::string, HashError> digest = StreamingHashService::computeSHA256(
+        *file, archive_.appending(name), [this] { return stop_.stop_requested(); });
     if (!digest) {
         return std::nullopt;
     }
@@ -136,8 +169,9 @@ void Verification::findMoved(std::vector<std::string>& others) {
         if (missingByDigest_.empty() || stop_.stop_requested()) {
             return false;
         }
-        const FileResult<FileStatus> status = fileSystem_.targetStatus(archive_.appending(other));
-        const std::optional<std::string> digest = status ? read(other, *status) : std::nullopt;
+        const Begun begun = begin({other, {}});
+        const std::optional<std::string> digest =
+            begun.status ? read(other, *begun.status, begun.file.get()) : std::nullopt;
         const auto found = missingByDigest_.find(digest.value_or(""));
         if (found == missingByDigest_.end()) {
             return false;
