@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "model/MediaItem.h"
+#include "platform/FileSystem.h"
 
 #include <vector>
 
@@ -9,6 +10,7 @@ namespace lumeo::cli {
 
 /// The groups on stdout with their files, and the bytes that could be saved: as text, or with --json as
 /// {"groups": [{"id", "size", "reclaimableBytes", "files": [file URL…]}…], "reclaimableBytes"}.
-void printDuplicates(const Arguments& arguments, const std::vector<MediaItem>& items);
+void printDuplicates(const Arguments& arguments, const std::vector<MediaItem>& items,
+                     const FileSystem& fileSystem);
 
 } // namespace lumeo::cli

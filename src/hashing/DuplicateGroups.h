@@ -9,6 +9,8 @@
 
 namespace lumeo {
 
+class FileSystem;
+
 /// A set of byte-identical files. Its first member is the one that a run would keep.
 struct DuplicateGroup {
     Uuid id;
@@ -17,8 +19,9 @@ struct DuplicateGroup {
     friend bool operator==(const DuplicateGroup&, const DuplicateGroup&) = default;
 };
 
-/// The groups that duplicate detection marked in `items`, in order of their first members. A mark that
-/// only one of `items` carries makes no group. Any thread may call.
-std::vector<DuplicateGroup> duplicateGroups(std::span<const MediaItem> items);
+/// The groups that duplicate detection marked in `items`, in order of their first members. Names of one file
+/// on the disk count once, as the first of them; a mark that only one file carries makes no group. Any thread
+/// may call.
+std::vector<DuplicateGroup> duplicateGroups(std::span<const MediaItem> items, const FileSystem& fileSystem);
 
 } // namespace lumeo

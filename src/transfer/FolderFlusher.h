@@ -27,7 +27,11 @@ public:
 
     /// Creates `folder` and what is missing above it, and notes where their names stand: also of folders
     /// that were there, up to the root of the file system, since they may be as young as those created.
-    FileResult<void> createFolders(const FilePath& folder);
+    /// Gives those created, outermost first.
+    FileResult<std::vector<FilePath>> createFolders(const FilePath& folder);
+
+    /// Removes them again, as far as they are empty.
+    void removeFolders(std::vector<FilePath> created);
 
     /// Notes that a name in `folder` was made or removed.
     void note(const FilePath& folder);

@@ -85,6 +85,7 @@ private:
     const ArchiveHold& archive_;
     RunJournal* journal_;
     FolderFlusher folders_;
+    std::vector<FilePath> created_; ///< folders, for the file in hand
 };
 
 } // namespace lumeo
