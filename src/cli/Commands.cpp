@@ -137,7 +137,7 @@ bool takeCatalogue(const Arguments& arguments, const Environment& environment, S
 
 ExitStatus useCatalogue(const Arguments& arguments, const Environment& environment, Session& session) {
     if (arguments.command == Command::duplicates) {
-        printDuplicates(arguments, *session.state().scannedItems());
+        printDuplicates(arguments, *session.state().scannedItems(), environment.fileSystem);
         return ExitStatus::success;
     }
     if (arguments.plan.destinationURL) {

@@ -35,8 +35,9 @@ void printGroupsAsJson(const std::vector<MediaItem>& items, const std::vector<Du
 
 } // namespace
 
-void printDuplicates(const Arguments& arguments, const std::vector<MediaItem>& items) {
-    const std::vector<DuplicateGroup> groups = duplicateGroups(items);
+void printDuplicates(const Arguments& arguments, const std::vector<MediaItem>& items,
+                     const FileSystem& fileSystem) {
+    const std::vector<DuplicateGroup> groups = duplicateGroups(items, fileSystem);
     if (arguments.json) {
         printGroupsAsJson(items, groups);
         return;

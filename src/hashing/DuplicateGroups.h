@@ -9,6 +9,8 @@
 
 namespace lumeo {
 
+class FileSystem;
+
 /// A set of byte-identical files. Its first member is the one that a run keeps.
 struct DuplicateGroup {
     Uuid id;
@@ -17,8 +19,9 @@ struct DuplicateGroup {
     friend bool operator==(const DuplicateGroup&, const DuplicateGroup&) = default;
 };
 
-/// The groups that duplicate detection marked in `items`, in the order of their first members. A mark that
-/// only one item carries makes no group. Any thread may call.
-std::vector<DuplicateGroup> duplicateGroups(std::span<const MediaItem> items);
+/// The groups that duplicate detection marked in `items`, in the order of their first members. Several names
+/// of one file on the disk count once, as the first of them. A mark that only one file carries makes no
+/// group. Any thread may call.
+std::vector<DuplicateGroup> duplicateGroups(std::span<const MediaItem> items, const FileSystem& fileSystem);
 
 } // namespace lumeo

@@ -209,7 +209,7 @@ public:
     virtual FileResult<std::unique_ptr<FileLock>> lock(const FilePath& path) = 0;
 
     /// Creates `folder` and every missing folder above it. Gives the folders created, outermost first;
-    /// empty when it was there already.
+    /// empty when it was there already. When it fails, those that it had created are gone again.
     virtual FileResult<std::vector<FilePath>> createFolders(const FilePath& folder) = 0;
 
     /// Renames within one file system without ever replacing: fails with EEXIST when `to` is taken,
@@ -222,6 +222,9 @@ public:
 
     /// Removes a file or a link, never a folder.
     virtual FileResult<void> removeFile(const FilePath& path) = 0;
+
+    /// Removes a folder that is empty, no link followed.
+    virtual FileResult<void> removeFolder(const FilePath& folder) = 0;
 
     /// Makes the names in `folder` durable: created, renamed and removed entries survive a loss of
     /// power. File systems that cannot do this are taken to need no flush; an I/O error is an error.

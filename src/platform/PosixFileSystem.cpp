@@ -204,6 +204,9 @@ FileResult<std::vector<FilePath>> PosixFileSystem::createFolders(const FilePath&
         const int reason = errno;
         const FileResult<FileStatus> found = targetStatus(next);
         if (reason != EEXIST || !found || found->kind != FileKind::folder) {
+            for (; !created.empty(); created.pop_back()) {
+                static_cast<void>(removeFolder(created.back()));
+            }
             return FileError{FileAction::createFolder, next, reason};
         }
     }
@@ -230,6 +233,12 @@ FileResult<void> PosixFileSystem::renameReplacing(const FilePath& from, const Fi
 
 FileResult<void> PosixFileSystem::removeFile(const FilePath& path) {
     return outcome(unlinkPath(path), FileAction::remove, path);
+}
+
+FileResult<void> PosixFileSystem::removeFolder(const FilePath& folder) {
+    const int result =
+        callAt(folder, [](int at, const char* name) { return unlinkat(at, name, AT_REMOVEDIR); });
+    return outcome(result, FileAction::remove, folder);
 }
 
 FileResult<void> PosixFileSystem::flushFolder(const FilePath& folder) {

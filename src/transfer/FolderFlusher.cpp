@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <string_view>
+#include <utility>
 
 namespace lumeo {
 
@@ -12,15 +13,25 @@ bool UnflushedFolder::endangers(const FilePath& path) const {
            (prefix.ends_with('/') || whole.substr(prefix.size()).starts_with('/'));
 }
 
-FileResult<void> FolderFlusher::createFolders(const FilePath& folder) {
-    const FileResult<std::vector<FilePath>> created = fileSystem_.createFolders(folder);
+FileResult<std::vector<FilePath>> FolderFlusher::createFolders(const FilePath& folder) {
+    FileResult<std::vector<FilePath>> created = fileSystem_.createFolders(folder);
     if (!created) {
-        return created.error();
+        return created;
     }
     for (const FilePath& one : *created) {
         note(one.parent());
     }
-    return noteWayTo(folder);
+    if (const FileResult<void> noted = noteWayTo(folder); !noted) {
+        return noted.error();
+    }
+    return created;
+}
+
+void FolderFlusher::removeFolders(std::vector<FilePath> created) {
+    for (; !created.empty() && fileSystem_.removeFolder(created.back()); created.pop_back()) {
+        pending_.erase(created.back());
+        waysNoted_.erase(created.back());
+    }
 }
 
 FileResult<void> FolderFlusher::noteWayTo(const FilePath& folder) {

@@ -28,7 +28,11 @@ public:
     /// Creates `folder` and the missing folders above it, and notes the folders that hold their names.
     /// Folders that existed before are noted as well, up to the root of the file system, because they may be
     /// as new as those created here.
-    FileResult<void> createFolders(const FilePath& folder);
+    /// Returns the created ones, the outermost first.
+    FileResult<std::vector<FilePath>> createFolders(const FilePath& folder);
+
+    /// Removes them again, as far as they are empty.
+    void removeFolders(std::vector<FilePath> created);
 
     /// Notes that a name in `folder` was created or removed.
     void note(const FilePath& folder);

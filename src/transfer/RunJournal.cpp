@@ -54,7 +54,7 @@ FileResult<std::unique_ptr<RunJournal>> RunJournal::begin(FileSystem& fileSystem
                                                           const FilePath& folder,
                                                           const OperationManifest& head, std::int64_t files) {
     FolderFlusher folders(fileSystem);
-    if (const FileResult<void> created = folders.createFolders(folder); !created) {
+    if (const auto created = folders.createFolders(folder); !created) {
         return created.error();
     }
     FilePath path = folder.appending(nameOf(head));

@@ -244,7 +244,7 @@ Outcome Rollback::remove(const FileTransactionItem& item, HeldFile& archived) {
 }
 
 Outcome Rollback::moveBack(const FileTransactionItem& item, HeldFile& archived) {
-    const FileResult<void> created = folders_.createFolders(item.originalPath.parent());
+    const auto created = folders_.createFolders(item.originalPath.parent());
     static_cast<void>(created); // the renaming below tells the same trouble
     if (fileSystem_.exists(item.originalPath)) {
         return finishEarlierMove(item, archived);

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <utility>
 
 namespace lumeo {
 namespace {
@@ -14,6 +15,8 @@ void conclude(FileTransactionItem& record, TransactionStatus status, std::string
 /// One that takes a while, for which the journal of those before it should not wait.
 constexpr std::int64_t largeFile = std::int64_t{8} << 20;
 
+constexpr const char* existing = "Destination already exists and was not overwritten.";
+
 bool isAsScanned(const MediaItem& item, const FileStatus& now) {
     return now.size == item.fileSize &&
            (!item.filesystemModificationDate || now.modificationDate == *item.filesystemModificationDate);
@@ -25,6 +28,7 @@ FileTransactionItem VerifiedTransfer::transferFile(const MediaItem& item, const 
                                                    OperationMode mode, TransferCancellationToken& token) {
     FileTransactionItem record = newRecord(item, destination);
     lastError_.reset();
+    created_.clear();
     if (!fileSystem_.exists(item.sourceURL)) {
         lastError_ = FileError{FileAction::examine, item.sourceURL, ENOENT};
         fail(record, "Source file is no longer available.");
@@ -43,6 +47,9 @@ FileTransactionItem VerifiedTransfer::transferFile(const MediaItem& item, const 
         lastError_ = done.error();
         fail(record, message(done.error()));
     }
+    if (record.status == TransactionStatus::failed) {
+        folders_.removeFolders(std::exchange(created_, {}));
+    }
     return record;
 }
 
@@ -57,6 +64,10 @@ TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, O
         return TransferError(created.error());
     }
     const FileResult<FileStatus> found = fileSystem_.status(destination);
+    if (found && found->kind == FileKind::symbolicLink) { // what it leads to need not be in the archive
+        fail(record, existing);
+        return {};
+    }
     if (found) {
         return compareWithExisting(item, cancelled, record);
     }
@@ -98,7 +109,12 @@ FileResult<void> VerifiedTransfer::createFolders(const FilePath& folder) {
     if (!root || root->identity.device != archive_.device()) {
         return FileError{FileAction::createFolder, folder, ENODEV};
     }
-    return folders_.createFolders(folder);
+    FileResult<std::vector<FilePath>> created = folders_.createFolders(folder);
+    if (!created) {
+        return created.error();
+    }
+    created_ = *std::move(created);
+    return {};
 }
 
 TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item,
@@ -115,15 +131,15 @@ TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item
         return wanted.error();
     }
     record.sourceHash = *std::move(wanted);
-    TransferResult<std::string> existing = hash(record.destinationPath, cancelled);
-    if (!existing) {
-        return existing.error();
+    TransferResult<std::string> found = hash(record.destinationPath, cancelled);
+    if (!found) {
+        return found.error();
     }
-    record.destinationHash = *std::move(existing);
+    record.destinationHash = *std::move(found);
     if (record.sourceHash == record.destinationHash) {
         conclude(record, TransactionStatus::skipped, "Skipped (Identical destination already exists)");
     } else {
-        fail(record, "Destination already exists and was not overwritten.");
+        fail(record, existing);
     }
     return {};
 }

@@ -99,6 +99,7 @@ private:
     FolderFlusher folders_;
     std::optional<TransferError> lastError_;
     KeptSources keptSources_;
+    std::vector<FilePath> created_; ///< folders, for the file in hand
 };
 
 } // namespace lumeo

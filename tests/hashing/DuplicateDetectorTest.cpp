@@ -30,9 +30,9 @@ protected:
         return DuplicateDetector(files).detectDuplicates(items, stop);
     }
 
-    static std::vector<std::vector<std::size_t>> membersOf(std::span<const MediaItem> marked) {
+    std::vector<std::vector<std::size_t>> membersOf(std::span<const MediaItem> marked) {
         std::vector<std::vector<std::size_t>> members;
-        for (const DuplicateGroup& group : duplicateGroups(marked)) {
+        for (const DuplicateGroup& group : duplicateGroups(marked, files)) {
             members.push_back(group.members);
         }
         return members;
@@ -62,7 +62,7 @@ TEST_F(DuplicateDetectorTest, GroupsIdenticalFilesAmongThoseOfOneSizeReadingThem
     add("/c/8.jpg", "twin");
     const std::vector<MediaItem> marked = detect();
     EXPECT_THAT(membersOf(marked), ElementsAre(ElementsAre(1, 5, 8), ElementsAre(2, 6), ElementsAre(4, 7)));
-    EXPECT_THAT(duplicateGroups(marked)[0].reclaimableBytes, 8);
+    EXPECT_THAT(duplicateGroups(marked, files)[0].reclaimableBytes, 8);
     EXPECT_THAT(hashedOf(marked), ElementsAre(false, true, true, true, true, true, true, true, true));
     EXPECT_EQ(files.opened().front(), FilePath("/a/1.jpg"));
     EXPECT_EQ(files.opened().back(), FilePath("/c/8.jpg"));
@@ -98,14 +98,26 @@ TEST_F(DuplicateDetectorTest, OnceStoppedReadsNoFurtherFileAndKeepsWhatItFound) 
     EXPECT_THAT(files.opened(), SizeIs(3));
 }
 
-TEST(DuplicateGroups, LeavesOutAMarkThatOnlyOneItemCarries) {
-    std::vector<MediaItem> items(3);
+TEST(DuplicateGroups, CountsTheNamesOfOneFileOnceAndLeavesOutAMarkThatOnlyOneFileCarries) {
+    MemoryFileSystem files;
+    files.addFile(FilePath("/one.jpg"), "12345");
+    files.addLink(FilePath("/one again.jpg"), FilePath("/one.jpg"));
+    files.addFile(FilePath("/copy.jpg"), "12345");
+    std::vector<MediaItem> items;
     const Uuid kept = Uuid::random();
-    items[0].exactDuplicateGroupID = kept;
-    items[1].exactDuplicateGroupID = Uuid::random();
-    items[2].exactDuplicateGroupID = kept;
-    items[2].fileSize = 5;
-    EXPECT_THAT(duplicateGroups(items), ElementsAre(DuplicateGroup{kept, {0, 2}, 5}));
+    const Uuid linked = Uuid::random();
+    for (const auto& [name, mark] : std::vector<std::pair<std::string, Uuid>>{{"/one.jpg", kept},
+                                                                              {"/one again.jpg", kept},
+                                                                              {"/lonely.jpg", Uuid::random()},
+                                                                              {"/copy.jpg", kept},
+                                                                              {"/one.jpg", linked},
+                                                                              {"/one again.jpg", linked}}) {
+        MediaItem& item = items.emplace_back();
+        item.sourceURL = FilePath(name);
+        item.fileSize = 5;
+        item.exactDuplicateGroupID = mark;
+    }
+    EXPECT_THAT(duplicateGroups(items, files), ElementsAre(DuplicateGroup{kept, {0, 3}, 5}));
 }
 
 } // namespace

@@ -289,6 +289,10 @@ FileResult<void> FaultyFileSystem::removeFile(const FilePath& path) {
     return through("removeFile", FileAction::remove, path, [&] { return target_.removeFile(path); });
 }
 
+FileResult<void> FaultyFileSystem::removeFolder(const FilePath& folder) {
+    return through("removeFolder", FileAction::remove, folder, [&] { return target_.removeFolder(folder); });
+}
+
 FileResult<void> FaultyFileSystem::flushFolder(const FilePath& folder) {
     return through("flushFolder", FileAction::flush, folder, [&] { return target_.flushFolder(folder); });
 }

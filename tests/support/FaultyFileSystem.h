@@ -64,6 +64,7 @@ public:
     FileResult<void> renameWithoutReplacing(const FilePath& from, const FilePath& to) override;
     FileResult<void> renameReplacing(const FilePath& from, const FilePath& to) override;
     FileResult<void> removeFile(const FilePath& path) override;
+    FileResult<void> removeFolder(const FilePath& folder) override;
     FileResult<void> flushFolder(const FilePath& folder) override;
     FileResult<VolumeSpace> volumeSpace(const FilePath& path) const override;
     [[nodiscard]] DiskTraits diskTraits(const FilePath& path) const override {

@@ -42,6 +42,9 @@ public:
         return target_.renameReplacing(actual(from), actual(to));
     }
     FileResult<void> removeFile(const FilePath& path) override;
+    FileResult<void> removeFolder(const FilePath& folder) override {
+        return target_.removeFolder(actual(folder));
+    }
     FileResult<void> flushFolder(const FilePath& folder) override {
         return target_.flushFolder(actual(folder));
     }

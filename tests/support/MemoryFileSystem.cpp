@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <functional>
 
 namespace lumeo {
 namespace {
@@ -73,6 +74,7 @@ FileResult<FileStatus> MemoryFileSystem::status(const FilePath& path) const {
     FileStatus status;
     status.kind = found->second.kind;
     status.size = static_cast<std::int64_t>(found->second.content.size());
+    status.identity = {1, std::hash<std::string>()(path.bytes())};
     return status;
 }
 

@@ -64,6 +64,7 @@ public:
     }
     FileResult<void> renameReplacing(const FilePath& from, const FilePath&) override { return refused(from); }
     FileResult<void> removeFile(const FilePath& path) override { return refused(path); }
+    FileResult<void> removeFolder(const FilePath& folder) override { return refused(folder); }
     FileResult<void> flushFolder(const FilePath& folder) override { return refused(folder); }
     FileResult<VolumeSpace> volumeSpace(const FilePath&) const override { return VolumeSpace{}; }
     [[nodiscard]] DiskTraits diskTraits(const FilePath&) const override { return traits; }

@@ -117,8 +117,12 @@ TEST_F(VerifiedTransferTest, LeavesWhatIsThereAlone) {
     std::filesystem::create_directory(world.archived("").bytes());
     std::ofstream(same.plannedDestinationURL->bytes()) << "same";
     std::ofstream(other.plannedDestinationURL->bytes()) << "somebody's";
+    const MediaItem linked = world.add("linked.jpg", "same", "linked.jpg");
+    std::filesystem::create_symlink("same.jpg", linked.plannedDestinationURL->bytes());
     disk.failAction(FileAction::create, EIO); // not even a temporary file is created
 
+    expectFailed(transfer(linked, OperationMode::move),
+                 "Destination already exists and was not overwritten.");
     const FileTransactionItem skipped = transfer(same, OperationMode::move);
     EXPECT_EQ(skipped.status, TransactionStatus::skipped);
     EXPECT_EQ(skipped.verificationResult, "Skipped (Identical destination already exists)");
@@ -200,12 +204,14 @@ TEST_F(VerifiedTransferTest, KeepsAFileThatAppearsMeanwhile) {
 }
 
 TEST_F(VerifiedTransferTest, NamesNoCopyThatDiffersFromItsSource) {
-    MediaItem& stale = world.add("stale.jpg", "edited since", "stale.jpg");
+    MediaItem& stale = world.add("stale.jpg", "edited since", "2021/2021-03 March/stale.jpg");
     stale.sha256Hash = digestOf("as it was");
     const FileTransactionItem record = transfer(stale, OperationMode::move);
     expectFailed(record, mismatch);
     EXPECT_EQ(record.sourceHash, digestOf("as it was"));
     EXPECT_EQ(record.destinationHash, digestOf("edited since"));
+    EXPECT_FALSE(isThere(world.archived("2021"))) << "made for nothing";
+    EXPECT_TRUE(transfers().flushFolders().empty()) << "what is gone is not asked for";
 
     const MediaItem& misread = world.add("misread.jpg", std::string(3'000'000, 'm'), "misread.jpg");
     disk.flipBitWhenReading([](const FilePath& path) { return path.extension() == "partial"; }, 2'999'999);
