@@ -161,7 +161,7 @@ TEST_F(ReportModelTest, SaysWhyFilesFailedEachReasonOnce) {
     report.setShowUndoAlert(true);
     report.confirmUndo();
     ASSERT_TRUE(waitUntil([this] { return !report.undo().isUnderWay; }));
-    EXPECT_TRUE(report.undo().hasUndoneReport);
+    EXPECT_TRUE(report.undo().isOfReport);
 }
 
 TEST(ProcessingModelTest, ShowsARunAndHoldsIt) {

@@ -132,8 +132,7 @@ UndoTexts UndoTexts::of(const AppState& state, const LocalizationManager& texts)
         shown.isComplete = false;
     } else if (state.undoResult()) {
         showResult(shown, *state.undoResult(), texts);
-        shown.hasUndoneReport =
-            shown.isComplete && state.activeManifest() && state.undoneJournal() == state.activeJournal();
+        shown.isOfReport = state.activeManifest() && state.undoneJournal() == state.activeJournal();
     }
     return shown;
 }

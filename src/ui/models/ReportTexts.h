@@ -87,19 +87,19 @@ struct UndoTexts {
     Q_PROPERTY(QString progress MEMBER progress)
     Q_PROPERTY(QString outcome MEMBER outcome)
     Q_PROPERTY(bool isComplete MEMBER isComplete)
-    Q_PROPERTY(bool hasUndoneReport MEMBER hasUndoneReport)
+    Q_PROPERTY(bool isOfReport MEMBER isOfReport)
     Q_PROPERTY(QString counts MEMBER counts)
     Q_PROPERTY(QStringList warnings MEMBER warnings)
 
 public:
     QString forecast; ///< what it would leave in place; empty when that is nothing or not known
     bool isUnderWay = false;
-    double fraction = 0;          ///< from 0 to 1
-    QString progress;             ///< "120 / 4000 files processed"; empty until the first file is looked at
-    QString outcome;              ///< empty before its end
-    bool isComplete = true;       ///< nothing was left as it was
-    bool hasUndoneReport = false; ///< nothing is left of the run that is reported
-    QString counts;               ///< empty when all went well
+    double fraction = 0;     ///< from 0 to 1
+    QString progress;        ///< "120 / 4000 files processed"; empty until the first file is looked at
+    QString outcome;         ///< empty before its end
+    bool isComplete = true;  ///< nothing was left as it was
+    bool isOfReport = false; ///< it has ended, and it was of the run that is reported
+    QString counts;          ///< empty when all went well
     QStringList warnings;
 
     static UndoTexts of(const AppState& state, const LocalizationManager& texts);

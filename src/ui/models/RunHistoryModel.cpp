@@ -31,7 +31,9 @@ QString RunHistoryModel::interrupted() const {
     const std::string date = TextFormat::date(run->startedAt, DateStyle::mediumStyle, DateStyle::none,
                                               languageCode(localization_.currentLanguage()).toStdString());
     return QStringLiteral("Interrupted on %1: %2 of %3 %4")
-        .arg(shownText(date), shownNumber(run->verifiedFiles), fileCountText(run->totalFiles),
+        .arg(QChar(0x2068) + shownText(date) +
+                 QChar(0x2069), // whichever way its script runs shownNumber(run->verifiedFiles),
+                                // fileCountText(run->totalFiles),
              run->operationType == "move" ? QStringLiteral("moved") : QStringLiteral("copied"));
 }
 

@@ -48,7 +48,7 @@ ColumnLayout {
 
         DestructiveButton {
             objectName: "undo"
-            visible: actions.model.figures.hasManifest && !actions.model.undo.hasUndoneReport
+            visible: actions.model.figures.hasManifest && !(actions.model.undo.isOfReport && actions.model.undo.isComplete)
             enabled: !actions.model.undo.isUnderWay
             text: qsTrId("report.undo")
             symbol: "arrow.uturn.backward"

@@ -8,9 +8,9 @@ Item {
     id: heading
 
     required property ReportModel model
-    readonly property bool isUndone: model.undo.hasUndoneReport
+    readonly property bool isUndone: model.undo.isOfReport
     readonly property bool hasFailures: model.figures.hasFailures
-    readonly property color tint: isUndone ? Theme.grey : model.figures.hasOnlyFailures ? Theme.red
+    readonly property color tint: isUndone ? model.undo.isComplete ? Theme.grey : Theme.orange : model.figures.hasOnlyFailures ? Theme.red
                                            : hasFailures ? Theme.orange : Theme.green
 
     implicitHeight: row.implicitHeight
@@ -49,7 +49,7 @@ Item {
             SubtitleText {
                 objectName: "outcome"
                 Layout.fillWidth: true
-                text: heading.isUndone ? "This run was taken back." : heading.model.figures.subtitle || qsTrId("report.subtitle")
+                text: heading.isUndone ? heading.model.undo.isComplete ? "This run was taken back." : "This run was taken back in part." : heading.model.figures.subtitle || qsTrId("report.subtitle")
                 horizontalAlignment: Text.AlignLeft
             }
         }

@@ -70,7 +70,7 @@ Item {
             FailureCard {
                 objectName: "failures"
                 Layout.fillWidth: true
-                visible: screen.model.figures.hasFailures && !screen.model.undo.hasUndoneReport
+                visible: screen.model.figures.hasFailures && !screen.model.undo.isOfReport
                 groups: screen.model.figures.failures
                 lines: screen.model.figures.failureLines
                 onCopied: screen.model.copyFailures()
@@ -79,7 +79,7 @@ Item {
             Banner {
                 objectName: "journalProblem"
                 Layout.fillWidth: true
-                visible: text !== "" && !screen.model.undo.hasUndoneReport
+                visible: text !== "" && !screen.model.undo.isOfReport
                 symbol: "exclamationmark.triangle.fill"
                 text: screen.model.figures.journalProblem
             }
