@@ -1,6 +1,7 @@
 #include "app/AppState.h"
 #include "app/Preferences.h"
 #include "dates/FilesystemDates.h"
+#include "dates/TwinDates.h"
 #include "hashing/DuplicateDetector.h"
 #include "planning/DestinationPlanner.h"
 
@@ -151,6 +152,7 @@ void AppState::finishDuplicateDetection(const Items& analyzed, std::vector<Media
         }
         found = std::move(items);
     }
+    TwinDates::apply(found);
     replaceItems(std::move(found));
     outdatePlan();
 }

@@ -5,12 +5,18 @@
 namespace lumeo {
 namespace {
 
-bool isFilesystemDate(DateSourceType source) {
-    return source == DateSourceType::filesystemCreationDate ||
-           source == DateSourceType::filesystemModificationDate;
+/// A creation date later than the last change tells when the file was copied to this disk.
+bool isDayOfCopy(const MediaItem& item) {
+    return item.filesystemCreationDate && item.filesystemModificationDate &&
+           *item.filesystemCreationDate > *item.filesystemModificationDate;
 }
 
 } // namespace
+
+bool FilesystemDates::isOne(DateSourceType source) {
+    return source == DateSourceType::filesystemCreationDate ||
+           source == DateSourceType::filesystemModificationDate;
+}
 
 void FilesystemDates::apply(std::span<MediaItem> items, const Clock& clock) {
     const DateResolverOptions options{.allowFilesystemCreationDate = true,
@@ -20,8 +26,10 @@ void FilesystemDates::apply(std::span<MediaItem> items, const Clock& clock) {
             continue;
         }
         CandidateDates candidates;
-        candidates.filesystemCreationDate = item.filesystemCreationDate;
         candidates.filesystemModificationDate = item.filesystemModificationDate;
+        if (!isDayOfCopy(item)) {
+            candidates.filesystemCreationDate = item.filesystemCreationDate;
+        }
         const ResolvedDateResult resolved =
             DateResolver::resolveDate(item.mediaType, candidates, options, clock);
         item.resolvedDate = resolved.date;
@@ -36,7 +44,7 @@ void FilesystemDates::apply(std::span<MediaItem> items, const Clock& clock) {
 
 void FilesystemDates::remove(std::span<MediaItem> items) {
     for (MediaItem& item : items) {
-        if (!isFilesystemDate(item.dateSource)) {
+        if (!isOne(item.dateSource)) {
             continue;
         }
         item.resolvedDate = std::nullopt;
