@@ -80,7 +80,12 @@ void printPlan(const std::vector<MediaItem>& items) {
         std::cout << printable(item.sourceURL.bytes()) << "\n    -> "
                   << (item.plannedDestinationURL ? printable(item.plannedDestinationURL->bytes())
                                                  : std::string("no destination"))
-                  << '\n';
+                  << "\n    " << LUMEODateFormatters::formattedFully(item.resolvedDate) << ", "
+                  << userFriendlyLabel(item.dateSource)
+                  << ", confidence: " << userFriendlyLabel(item.dateConfidence) << '\n';
+        for (const std::string& warning : item.scanWarnings) {
+            std::cout << "    ! " << printable(warning) << '\n';
+        }
     }
 }
 

@@ -11,6 +11,7 @@
 #include "cli/Verify.h"
 #include "model/MediaTypeDetector.h"
 #include "platform/DocumentWriter.h"
+#include "platform/LocalCalendar.h"
 #include "platform/TextFormat.h"
 
 #include <iostream>
@@ -94,6 +95,26 @@ std::optional<std::string> usageProblem(const Arguments& arguments, const Enviro
     return std::nullopt;
 }
 
+/// What may be meant but is odd is said once, before the start.
+void announceOddities(const Arguments& arguments) {
+    std::set<FilePath> named;
+    for (const FilePath& source : arguments.sources) {
+        if (!named.insert(source).second) {
+            printError("a source is given twice, and scanned once: " + printable(source.bytes()));
+        }
+        const std::optional<FilePath>& destination = arguments.plan.destinationURL;
+        if (destination && destination->liesIn(source)) {
+            printError("the archive lies in a source, so what it holds is organized again: " +
+                       printable(source.bytes()));
+        } else if (destination && source.liesIn(*destination)) {
+            printError("a source lies in the archive: " + printable(source.bytes()));
+        }
+    }
+    if (const std::optional<std::string> problem = LocalCalendar::timeZoneProblem()) {
+        printError(*problem);
+    }
+}
+
 void printReport(const Arguments& arguments, const AppState& state) {
     if (arguments.json) {
         printJson(*state.scannedItems(), state.scanProgress());
@@ -171,6 +192,7 @@ ExitStatus runWithOutput(const Arguments& arguments, const Environment& environm
     if (arguments.command == Command::runs) {
         return listRuns(arguments, environment);
     }
+    announceOddities(arguments);
     Session session(arguments, environment);
     if (!takeCatalogue(arguments, environment, session)) {
         return ExitStatus::interrupted;

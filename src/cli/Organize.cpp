@@ -1,11 +1,13 @@
 #include "cli/Organize.h"
 
 #include "cli/Terminal.h"
+#include "dates/DateDoubt.h"
 #include "planning/OutputSize.h"
 #include "platform/DocumentWriter.h"
 #include "platform/TextFormat.h"
 #include "transfer/ReportExporter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iomanip>
 #include <iostream>
@@ -83,6 +85,20 @@ void printSummary(const OperationManifest& manifest, const OperationProgress& pr
     std::cout << ".\n";
 }
 
+/// Where dates deserve a second look, how many and where they are listed.
+void printDoubts(const Arguments& arguments, std::span<const MediaItem> items) {
+    const auto countOf = [items](DateDoubt doubt) { return std::ranges::count(items, doubt, dateDoubtOf); };
+    const std::int64_t undated = countOf(DateDoubt::undated);
+    const std::int64_t doubtful = countOf(DateDoubt::doubtful);
+    if (undated + doubtful > 0) {
+        std::cout << TextFormat::number(undated) << " without a date, " << TextFormat::number(doubtful)
+                  << " doubtful ("
+                  << (arguments.reportFile ? "listed in " + printable(arguments.reportFile->bytes())
+                                           : std::string("see --report"))
+                  << ").\n";
+    }
+}
+
 /// Prints an error and returns false when something could not be written.
 bool writeDocuments(const Arguments& arguments, const Environment& environment, const Session& session,
                     const OperationManifest& manifest, const std::string& journal) {
@@ -106,7 +122,8 @@ bool writeDocuments(const Arguments& arguments, const Environment& environment, 
              "");
     }
     if (arguments.reportFile) {
-        note(writeDocument(environment.fileSystem, ReportExporter::generateTextReport(manifest),
+        note(writeDocument(environment.fileSystem,
+                           ReportExporter::generateTextReport(manifest, session.items()),
                            *arguments.reportFile),
              "");
     }
@@ -175,6 +192,7 @@ ExitStatus organize(const Arguments& arguments, const Environment& environment, 
         std::cout << journal;
     } else if (!arguments.quiet) {
         printSummary(manifest, state.operationProgress());
+        printDoubts(arguments, session.items());
     }
     if (outcome.isCancelled) {
         return ExitStatus::interrupted;

@@ -3,6 +3,7 @@
 #include "platform/Instant.h"
 
 #include <optional>
+#include <string>
 
 namespace lumeo {
 
@@ -25,6 +26,9 @@ struct LocalCalendar {
     /// 2 March). A time that a clock change skips is read as before the change, so 02:30 becomes 03:30. A
     /// time that occurs twice is read as after the change. Absent when no Instant can hold the result.
     static std::optional<Instant> compose(const WallTime& time);
+
+    /// One sentence when the variable TZ names a zone that is not understood: then another zone is used.
+    static std::optional<std::string> timeZoneProblem();
 
     /// What the wall shows at `instant`. The part below the second is dropped.
     static WallTime components(Instant instant);

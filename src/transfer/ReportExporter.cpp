@@ -1,5 +1,6 @@
 #include "transfer/ReportExporter.h"
 
+#include "dates/DateDoubt.h"
 #include "dates/LUMEODateFormatters.h"
 #include "platform/DateText.h"
 #include "platform/TextFormat.h"
@@ -140,6 +141,28 @@ void appendBlock(TextLines& report, std::size_t number, const FileTransactionIte
     }
 }
 
+void appendDoubts(TextLines& report, const OperationManifest& manifest, std::span<const MediaItem> items) {
+    const ItemsByPath byPath = itemsByPath(items);
+    bool isFirst = true;
+    for (const FileTransactionItem& record : manifest.items) {
+        const auto found = byPath.find(record.originalPath.bytes());
+        if (found == byPath.end() || dateDoubtOf(*found->second) == DateDoubt::none) {
+            continue;
+        }
+        if (std::exchange(isFirst, false)) {
+            report.line("").rule().line("DATES TO CHECK:").rule();
+        }
+        const MediaItem& item = *found->second;
+        report.line("").line("- ", record.originalPath.bytes());
+        report.line("    Date: ", LUMEODateFormatters::formattedFully(item.resolvedDate) + " (" +
+                                      std::string(userFriendlyLabel(item.dateSource)) + ", confidence: " +
+                                      std::string(userFriendlyLabel(item.dateConfidence)) + ")");
+        if (item.dateSuspiciousWarning) {
+            report.line("    Warning: ", item.dateSuspiciousWarning->str());
+        }
+    }
+}
+
 } // namespace
 
 std::string ReportExporter::generateCSV(const OperationManifest& manifest, std::span<const MediaItem> items) {
@@ -154,7 +177,8 @@ std::string ReportExporter::generateCSV(const OperationManifest& manifest, std::
     return replacingInvalidUtf8(document);
 }
 
-std::string ReportExporter::generateTextReport(const OperationManifest& manifest) {
+std::string ReportExporter::generateTextReport(const OperationManifest& manifest,
+                                               std::span<const MediaItem> items) {
     TextLines report;
     report.rule()
         .line("LUMEO. - Media Organization Report")
@@ -168,6 +192,7 @@ std::string ReportExporter::generateTextReport(const OperationManifest& manifest
     for (std::size_t i = 0; i < manifest.items.size(); ++i) {
         appendBlock(report, i + 1, manifest.items[i]);
     }
+    appendDoubts(report, manifest, items);
     return std::move(report).take();
 }
 

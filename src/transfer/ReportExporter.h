@@ -16,8 +16,10 @@ struct ReportExporter {
     /// columns that the journal does not have.
     static std::string generateCSV(const OperationManifest& manifest, std::span<const MediaItem> items);
 
-    /// A summary and one block for each record. Control characters in names are escaped ("\n").
-    static std::string generateTextReport(const OperationManifest& manifest);
+    /// A summary, one block for each record, and a list of the dates that the user should look at: `items`
+    /// tell them. Control characters in names are escaped ("\n").
+    static std::string generateTextReport(const OperationManifest& manifest,
+                                          std::span<const MediaItem> items);
 
     /// "LUMEO_Organization_Report_", the time in ISO 8601, and the file extension.
     static std::string defaultCSVName(Instant now);

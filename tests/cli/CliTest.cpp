@@ -174,9 +174,14 @@ TEST_F(Cli, OrganizeCopiesAndGivesTheJournal) {
 
 TEST_F(Cli, TakesItsPlanFromTheCommandLineAndKeepsOnlyTheSummaryOfARun) {
     const FilePath stored = preferences_.write("LUMEO/LUMEO.conf", "[General]\ndefaultOperation=move\n");
-    ASSERT_EQ(run({"plan", "SOURCE", "--to", "DEST"}).status, 0);
+    const Outcome planned = run({"plan", "SOURCE", "SOURCE", "--to", "DEST"});
+    ASSERT_EQ(planned.status, 0) << planned.err;
+    EXPECT_THAT(planned.out, HasSubstr("Date inferred from filename, confidence: Medium\n"));
+    EXPECT_THAT(planned.err, HasSubstr("a source is given twice"));
     EXPECT_EQ(contentOf(stored), "[General]\ndefaultOperation=move\n");
-    ASSERT_EQ(run({"organize", "SOURCE", "--to", "DEST"}).status, 0);
+    const Outcome organized = run({"organize", "SOURCE", "--to", "DEST"});
+    ASSERT_EQ(organized.status, 0) << organized.err;
+    EXPECT_THAT(organized.out, HasSubstr("2 without a date, 0 doubtful (see --report).\n"));
     EXPECT_TRUE(std::filesystem::exists((source_ / "card/undated.mov").bytes())) << "a copy, as by default";
     EXPECT_THAT(contentOf(stored), HasSubstr("lastOperationSummary.v1="));
     EXPECT_THAT(contentOf(stored), Not(HasSubstr("appearanceMode")));

@@ -19,7 +19,9 @@ const Instant copied = shot + 24h * 1'000;
 const FakeClock now{shot + 24h * 3'000};
 
 TEST(StandInDates, OfTheFileSystemAreNotTheDayOfACopyAndCanBeTakenBack) {
-    std::vector<MediaItem> items(4);
+    MediaItem photo;
+    photo.mediaType = MediaType::photo;
+    std::vector<MediaItem> items(4, photo);
     items[0].filesystemCreationDate = copied;
     items[0].filesystemModificationDate = shot;
     items[1].filesystemCreationDate = shot;

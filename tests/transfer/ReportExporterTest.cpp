@@ -94,7 +94,9 @@ TEST(ReportExporterCsv, FindsItemsByTheirExactBytesAndToleratesTwins) {
 TEST(ReportExporterText, TellsSummaryAndEveryRecordInLinesThatNoNameCanForge) {
     const std::string report = ReportExporter::generateTextReport(
         manifestOf({verifiedRecord(), failedRecord(),
-                    record("/card/\xff\n[4] VERIFIED: x", "/archive/\xff.jpg", TransactionStatus::skipped)}));
+                    record("/card/\xff\n[4] VERIFIED: x", "/archive/\xff.jpg", TransactionStatus::skipped)}),
+        std::vector{mediaItem("/card/a.jpg", MediaType::photo, DateConfidence::high),
+                    mediaItem("/card/elsewhere.jpg", MediaType::photo, DateConfidence::low)});
     const std::string date = LUMEODateFormatters::formattedFully(codedEpoch);
     EXPECT_THAT(report,
                 HasSubstr("\nTimestamp: " + date + "\nOperation Type: COPY\nDestination: /archive\n"));
@@ -125,6 +127,12 @@ TEST(ReportExporterText, TellsSummaryAndEveryRecordInLinesThatNoNameCanForge) {
     From: /card/�\n[4] VERIFIED: x
     To:   /archive/�.jpg
     Date: Unknown (Unknown)
+
+)" + std::string(80, '=') + "\nDATES TO CHECK:\n" +
+                                 std::string(80, '=') + R"(
+
+- /card/a.jpg
+    Date: Unknown (Date unknown, confidence: High)
 )"));
 }
 

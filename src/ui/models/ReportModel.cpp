@@ -84,8 +84,8 @@ void ReportModel::exportReport() {
     save({.defaultName = QString::fromStdString(ReportExporter::defaultTextReportName(clock_.now())),
           .prompt = QStringLiteral("Export Report"),
           .suffix = QStringLiteral("txt")},
-         [](const OperationManifest& manifest, const std::vector<MediaItem>&) {
-             return ReportExporter::generateTextReport(manifest);
+         [](const OperationManifest& manifest, const std::vector<MediaItem>& items) {
+             return ReportExporter::generateTextReport(manifest, items);
          });
 }
 
