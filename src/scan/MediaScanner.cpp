@@ -298,12 +298,11 @@ void MediaScanner::resume() {
 }
 
 void MediaScanner::cancel() {
-    std::stop_source cancellation;
-    {
+    const std::stop_source cancellation = [this] {
         const MutexGuard guard(mutex_);
         isPaused_ = false;
-        cancellation = cancellation_;
-    }
+        return cancellation_;
+    }();
     cancellation.request_stop(); // wakes a sleeping walk as well
 }
 
