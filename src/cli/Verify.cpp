@@ -41,6 +41,7 @@ void printLines(const VerificationOutcome& outcome, const FilePath& archive) {
     writer.set("listedFiles", outcome.listed);
     writer.set("unchangedFiles", outcome.unchanged);
     writer.set("sparedFiles", outcome.spared);
+    writer.set("damagedLines", outcome.damagedLines);
     writer.set("isSound", outcome.isSound());
     std::cout << std::move(writer).take().dump() << '\n';
 }
@@ -59,6 +60,13 @@ void printText(const VerificationOutcome& outcome) {
         std::cout << ", " << TextFormat::number(outcome.spared) << " of them not read again";
     }
     std::cout << ".\n";
+    if (outcome.damagedLines > 0) {
+        std::cout << TextFormat::count(outcome.damagedLines, "line")
+                  << " of the list cannot be read, so the files that they named are not proven.\n";
+    }
+    if (outcome.listed == 0) {
+        std::cout << "The list names no file, so nothing is proven.\n";
+    }
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "platform/SharedText.h"
 
+#include "platform/Mutex.h"
 #include "platform/TextHash.h"
 
-#include "platform/Mutex.h"
 #include <unordered_set>
 
 namespace lumeo {

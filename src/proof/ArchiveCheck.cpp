@@ -43,7 +43,6 @@ public:
     CheckOutcome finish() &&;
 
 private:
-    void refuseNesting();
     [[nodiscard]] std::string nameOf(const FoundFile& archived) const;
     [[nodiscard]] std::optional<std::string> read(const FilePath& path) const;
     const std::optional<std::string>& digestOf(FoundFile& archived);
@@ -58,7 +57,7 @@ private:
     const std::stop_token& stop_;
     std::vector<FoundFile> sources_;
     std::vector<FileIdentity> sourceFolders_;
-    std::optional<FileIdentity> archiveFolder_;
+    std::vector<FileIdentity> sourceRoots_; ///< of these, those that were given
     std::unordered_map<std::int64_t, std::vector<FoundFile>> archivedBySize_; ///< only sizes of the sources
     std::unordered_set<std::string> archivedNames_;
     CheckOutcome outcome_;
@@ -76,8 +75,11 @@ void Comparison::collectSource(const FilePath& root) {
         archivedBySize_.try_emplace(status.size);
         sources_.push_back({path, status, std::nullopt});
     };
-    visitor.onFolder = [this](const FilePath& /*path*/, const FileStatus& status) {
+    visitor.onFolder = [&](const FilePath& path, const FileStatus& status) {
         sourceFolders_.push_back(status.identity);
+        if (path == root) {
+            sourceRoots_.push_back(status.identity);
+        }
     };
     visitor.onOther = [this](const FilePath& path) {
         if (MediaTypeDetector::detectType(path)) {
@@ -108,7 +110,8 @@ void Comparison::collectArchive() {
         return std::ranges::find(folders, one) != folders.end();
     };
     const bool isInSource = !archiveFolders.empty() && isShared(sourceFolders_, archiveFolders.front());
-    const bool holdsSource = !sourceFolders_.empty() && isShared(archiveFolders, sourceFolders_.front());
+    const bool holdsSource = std::ranges::any_of(
+        sourceRoots_, [&](const FileIdentity& root) { return isShared(archiveFolders, root); });
     if (isInSource || holdsSource) {
         outcome_.refusal = "the archive and the source lie within one another";
     }

@@ -28,7 +28,7 @@ public:
           recent_(recent),
           stop_(stop) {}
 
-    void readListed(const std::vector<Checksum>& list, const ReadingCallback& onProgress);
+    void readListed(const ListedChecksums& read, const ReadingCallback& onProgress);
     void lookForOthers(const std::vector<Checksum>& list);
     VerificationOutcome finish() &&;
 
@@ -58,7 +58,9 @@ private:
     VerificationOutcome outcome_;
 };
 
-void Verification::readListed(const std::vector<Checksum>& list, const ReadingCallback& onProgress) {
+void Verification::readListed(const ListedChecksums& read, const ReadingCallback& onProgress) {
+    const std::vector<Checksum>& list = read.checksums;
+    outcome_.damagedLines = read.damagedLines;
     outcome_.listed = std::ssize(list);
     ReadingProgress progress;
     progress.totalFiles = outcome_.listed;
@@ -198,13 +200,13 @@ FileResult<VerificationOutcome> ArchiveVerification::run(const FilePath& archive
                                                          std::optional<std::chrono::hours> recent,
                                                          const ReadingCallback& onProgress,
                                                          const std::stop_token& stop) {
-    const FileResult<std::vector<Checksum>> list = ChecksumList::read(fileSystem_, archive);
+    const FileResult<ListedChecksums> list = ChecksumList::read(fileSystem_, archive);
     if (!list) {
         return list.error();
     }
     Verification verification(fileSystem_, clock_, kept_, archive, recent, stop);
     verification.readListed(*list, onProgress);
-    verification.lookForOthers(*list);
+    verification.lookForOthers(list->checksums);
     return std::move(verification).finish();
 }
 

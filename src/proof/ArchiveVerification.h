@@ -26,13 +26,17 @@ struct ArchiveFinding {
 
 struct VerificationOutcome {
     std::int64_t listed = 0;
-    std::int64_t unchanged = 0; ///< of these; includes `spared`
-    std::int64_t spared = 0;    ///< not read again, because they were read recently and look unchanged
+    std::int64_t unchanged = 0;    ///< of these; includes `spared`
+    std::int64_t spared = 0;       ///< not read again, because they were read recently and look unchanged
+    std::int64_t damagedLines = 0; ///< lines of the list that name no file: what they told is not known
     std::vector<ArchiveFinding> findings;
     bool isStopped = false;
 
-    /// Every listed file is in its place and unchanged. Files that are not listed are no error.
-    [[nodiscard]] bool isSound() const { return unchanged == listed && !isStopped; }
+    /// The list is whole and names at least one file, and every listed file is in its place and unchanged.
+    /// Files that are not listed are no error.
+    [[nodiscard]] bool isSound() const {
+        return listed > 0 && unchanged == listed && damagedLines == 0 && !isStopped;
+    }
 };
 
 /// Compares an archive with its list of digests. Each file is read from the device. Writes nothing into the

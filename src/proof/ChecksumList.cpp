@@ -64,6 +64,13 @@ std::string lowerCased(std::string_view digits) {
     return text;
 }
 
+/// A list may come from anybody, and nothing outside of the archive is looked at for it.
+bool liesBelowTheRoot(const std::string& name) {
+    const FilePath root("/archive");
+    const FilePath path = FilePath::standardized(root.bytes() + "/" + name);
+    return path != root && path.liesIn(root) && name.find('\0') == std::string::npos;
+}
+
 /// The list, open for writing at its end.
 FileResult<std::unique_ptr<WritableFile>> openList(FileSystem& fileSystem, const FilePath& path) {
     auto file = fileSystem.openForAppending(path);
@@ -71,33 +78,11 @@ FileResult<std::unique_ptr<WritableFile>> openList(FileSystem& fileSystem, const
     return isMissing ? fileSystem.createFile(path, FileAccess::everyone) : std::move(file);
 }
 
-/// A loss of power may have left an incomplete line. A new line directly after it would be lost as well.
-FileResult<bool> endsInALine(WritableFile& file) {
-    const FileResult<FileStatus> status = file.status();
-    if (!status) {
-        return status.error();
-    }
-    std::array<std::byte, 1> last{};
-    const FileResult<std::size_t> count =
-        status->size > 0 ? file.readAt(status->size - 1, last) : FileResult<std::size_t>(std::size_t{0});
-    if (!count) {
-        return count.error();
-    }
-    return *count == 0 || last[0] == std::byte{'\n'};
-}
-
-FileResult<void> append(FileSystem& fileSystem, const FilePath& root, std::string text) {
+FileResult<void> append(FileSystem& fileSystem, const FilePath& root, const std::string& text) {
     const FileResult<std::unique_ptr<WritableFile>> file =
         openList(fileSystem, root.appending(ChecksumList::fileName));
     if (!file) {
         return file.error();
-    }
-    const FileResult<bool> isWhole = endsInALine(**file);
-    if (!isWhole) {
-        return isWhole.error();
-    }
-    if (!*isWhole) {
-        text.insert(text.begin(), '\n');
     }
     if (FileResult<void> written = (*file)->write(std::as_bytes(std::span(text))); !written) {
         return written;
@@ -106,6 +91,31 @@ FileResult<void> append(FileSystem& fileSystem, const FilePath& root, std::strin
         return flushed;
     }
     return fileSystem.flushFolder(root);
+}
+
+/// Writes the list again without the lines for which `isDropped(line, isWhole)` returns true, completely or
+/// not at all. A list without any line left is removed.
+template<class IsDropped>
+FileResult<void> rewrite(FileSystem& fileSystem, const FilePath& path, IsDropped isDropped) {
+    const FileResult<std::unique_ptr<ReadableFile>> file = fileSystem.openForReading(path);
+    if (!file) {
+        return file.error().errnoValue == ENOENT ? FileResult<void>() : file.error();
+    }
+    std::string kept;
+    bool isChanged = false;
+    LineReader lines(**file);
+    while (const std::optional<std::string> text = lines.next()) {
+        const bool isGone = isDropped(*text, lines.isWhole());
+        isChanged = isChanged || isGone || !lines.isWhole();
+        kept += isGone ? "" : *text + "\n";
+    }
+    if (lines.error()) {
+        return *lines.error();
+    }
+    if (!isChanged) {
+        return {};
+    }
+    return kept.empty() ? fileSystem.removeFile(path) : writeDocument(fileSystem, kept, path);
 }
 
 } // namespace
@@ -129,23 +139,27 @@ std::optional<Checksum> ChecksumList::parse(std::string_view line) {
                 : std::nullopt;
 }
 
-FileResult<std::vector<Checksum>> ChecksumList::read(const FileSystem& fileSystem, const FilePath& root) {
+FileResult<ListedChecksums> ChecksumList::read(const FileSystem& fileSystem, const FilePath& root) {
     const FileResult<std::unique_ptr<ReadableFile>> file =
         fileSystem.openForReading(root.appending(fileName));
     if (!file) {
         return file.error();
     }
-    std::vector<Checksum> list;
+    ListedChecksums list;
     std::unordered_map<std::string, std::size_t> places;
     LineReader lines(**file);
     while (const std::optional<std::string> text = lines.next()) {
-        if (std::optional<Checksum> checksum = parse(*text)) {
-            const auto [place, isNew] = places.try_emplace(checksum->name, list.size());
-            if (isNew) {
-                list.push_back(*std::move(checksum));
-            } else {
-                list[place->second] = *std::move(checksum);
-            }
+        list.endsInALine = lines.isWhole();
+        std::optional<Checksum> checksum = parse(*text);
+        if (!checksum || !liesBelowTheRoot(checksum->name)) {
+            list.damagedLines += text->empty() ? 0 : 1;
+            continue;
+        }
+        const auto [place, isNew] = places.try_emplace(checksum->name, list.checksums.size());
+        if (isNew) {
+            list.checksums.push_back(*std::move(checksum));
+        } else {
+            list.checksums[place->second] = *std::move(checksum);
         }
     }
     if (lines.error()) {
@@ -156,13 +170,19 @@ FileResult<std::vector<Checksum>> ChecksumList::read(const FileSystem& fileSyste
 
 FileResult<void> ChecksumList::extend(FileSystem& fileSystem, const FilePath& root,
                                       std::span<const Checksum> checksums) {
-    const FileResult<std::vector<Checksum>> listed = read(fileSystem, root);
+    const FileResult<ListedChecksums> listed = read(fileSystem, root);
     if (!listed && listed.error().errnoValue != ENOENT) {
         return listed.error();
     }
+    if (listed && !listed->endsInALine) { // a loss of power may have cut the last line short
+        const auto isCut = [](const std::string& text, bool isWhole) { return !isWhole && !parse(text); };
+        if (FileResult<void> mended = rewrite(fileSystem, root.appending(fileName), isCut); !mended) {
+            return mended;
+        }
+    }
     std::unordered_map<std::string_view, std::string_view> known;
     if (listed) {
-        for (const Checksum& checksum : *listed) {
+        for (const Checksum& checksum : listed->checksums) {
             known.emplace(checksum.name, checksum.digest);
         }
     }
@@ -174,31 +194,15 @@ FileResult<void> ChecksumList::extend(FileSystem& fileSystem, const FilePath& ro
             text += line(checksum);
         }
     }
-    return text.empty() ? FileResult<void>() : append(fileSystem, root, std::move(text));
+    return text.empty() ? FileResult<void>() : append(fileSystem, root, text);
 }
 
 FileResult<void> ChecksumList::withdraw(FileSystem& fileSystem, const FilePath& root,
                                         const std::function<bool(const Checksum&)>& isGone) {
-    const FileResult<std::unique_ptr<ReadableFile>> file =
-        fileSystem.openForReading(root.appending(fileName));
-    if (!file) {
-        return file.error().errnoValue == ENOENT ? FileResult<void>() : file.error();
-    }
-    std::string kept;
-    bool isChanged = false;
-    LineReader lines(**file);
-    while (const std::optional<std::string> text = lines.next()) {
-        const std::optional<Checksum> checksum = parse(*text);
-        if (checksum && isGone(*checksum)) {
-            isChanged = true;
-        } else {
-            kept += *text + "\n";
-        }
-    }
-    if (lines.error()) {
-        return *lines.error();
-    }
-    return isChanged ? writeDocument(fileSystem, kept, root.appending(fileName)) : FileResult<void>();
+    return rewrite(fileSystem, root.appending(fileName), [&isGone](const std::string& text, bool) {
+        const std::optional<Checksum> checksum = parse(text);
+        return checksum && isGone(*checksum);
+    });
 }
 
 } // namespace lumeo

@@ -3,10 +3,10 @@
 #include "model/MediaItem.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/Mutex.h"
 #include "platform/Volumes.h"
 #include "scan/ScanProgress.h"
 
-#include "platform/Mutex.h"
 #include <atomic>
 #include <condition_variable>
 #include <functional>

@@ -4,12 +4,12 @@
 #include "model/OrganizationPlan.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/Mutex.h"
 #include "transfer/OperationManifest.h"
 #include "transfer/OperationProgress.h"
 #include "transfer/RunPreparation.h"
 #include "transfer/VerifiedTransfer.h"
 
-#include "platform/Mutex.h"
 #include <condition_variable>
 #include <functional>
 #include <memory>

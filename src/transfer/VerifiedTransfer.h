@@ -3,6 +3,7 @@
 #include "model/MediaItem.h"
 #include "model/OrganizationPlan.h"
 #include "platform/FileSystem.h"
+#include "platform/Mutex.h"
 #include "transfer/ArchiveHold.h"
 #include "transfer/FolderFlusher.h"
 #include "transfer/HeldFile.h"
@@ -11,7 +12,6 @@
 #include "transfer/TransferError.h"
 #include "transfer/VerifiedCopy.h"
 
-#include "platform/Mutex.h"
 #include <string>
 #include <utility>
 #include <vector>

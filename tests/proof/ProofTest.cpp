@@ -47,10 +47,13 @@ protected:
     void remove(std::string_view relative) const { std::filesystem::remove((folder_ / relative).bytes()); }
 
     CheckOutcome check(bool readsAll = false, std::string_view source = "card",
-                       std::string_view archive = "archive") {
+                       std::string_view archive = "archive", std::string_view secondSource = "") {
         const FilePath root = folder_ / archive;
         KeptDigests kept(disk_, folder_ / "state", root);
-        const std::vector<FilePath> sources{folder_ / source};
+        std::vector<FilePath> sources{folder_ / source};
+        if (!secondSource.empty()) {
+            sources.push_back(folder_ / secondSource);
+        }
         return ArchiveCheck(disk_, clock_, kept, readsAll).run(sources, root, [](const auto&) {}, {});
     }
     std::vector<std::string> missing(bool readsAll = false) {
@@ -127,6 +130,8 @@ TEST_F(ProofTest, ACardMayGoOnlyWhenEachOfItsMediaFilesStandsInTheArchive) {
     EXPECT_FALSE(check(false, "card/MISC").isComplete()) << "nothing was proven";
     EXPECT_TRUE(check(false, "archive/2021").refusal);
     EXPECT_TRUE(check(false, "card", "card/DCIM").refusal);
+    EXPECT_TRUE(check(false, "card", "archive", "archive/2021").refusal)
+        << "its files would prove each other";
 }
 
 TEST_F(ProofTest, WhatCannotBeReadIsMissing) {
@@ -181,6 +186,23 @@ TEST_F(ProofTest, AVerificationTellsWhatIsNotAsListed) {
                                         Pair(Kind::moved, "2021/MVI_0003.MP4 -> m.mp4"),
                                         Pair(Kind::notListed, "foreign.txt")));
     EXPECT_FALSE(verify().isSound());
+}
+
+TEST_F(ProofTest, AListThatIsDamagedProvesNothing) {
+    const Checksum sound = checksumOf("2021/IMG_0001.JPG");
+    write("outside.jpg", "first");
+    for (const std::string& damage :
+         {ChecksumList::line({"../outside.jpg", sound.digest}), "x" + ChecksumList::line(sound).substr(1)}) {
+        write("archive/SHA256SUMS", ChecksumList::line(sound) + damage);
+        EXPECT_EQ(verify().damagedLines, 1);
+        EXPECT_FALSE(verify().isSound());
+    }
+    write("archive/SHA256SUMS", "");
+    EXPECT_FALSE(verify().isSound()) << "it names no file";
+    write("archive/SHA256SUMS", ChecksumList::line(sound));
+    EXPECT_TRUE(verify().isSound());
+    ASSERT_TRUE(ChecksumList::withdraw(disk_, folder_ / "archive", [](const Checksum&) { return true; }));
+    EXPECT_FALSE(real_.exists(folder_ / "archive/SHA256SUMS"));
 }
 
 TEST_F(ProofTest, AVerificationSparesWhatWasReadOfLateAndLooksUntouched) {

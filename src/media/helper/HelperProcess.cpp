@@ -1,8 +1,8 @@
 #include "media/helper/HelperProcess.h"
 
 #include "media/helper/HelperSocket.h"
-
 #include "platform/Mutex.h"
+
 #include <algorithm>
 #include <array>
 #include <climits>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/FileSystem.h"
-
 #include "platform/Mutex.h"
+
 #include <cstddef>
 #include <optional>
 #include <unordered_set>

@@ -2,10 +2,10 @@
 
 #include "media/helper/HelperSocket.h"
 #include "model/MediaTypeDetector.h"
+#include "platform/Mutex.h"
 #include "platform/PosixFileSystem.h"
 #include "ui/thumbnails/HelperPipe.h"
 
-#include "platform/Mutex.h"
 #include <algorithm>
 #include <array>
 #include <chrono>
