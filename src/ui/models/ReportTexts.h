@@ -38,7 +38,7 @@ struct ReportTexts {
 public:
     bool hasManifest = false;
     bool hasFailures = false;
-    bool hasOnlyFailures = false; ///< not one file arrived
+    bool hasOnlyFailures = false; ///< no file arrived
     QVariantList failures;        ///< {sentence, count, names}: one for each reason
     QStringList failureLines;     ///< all of them: each reason, and below it the paths
     QString subtitle;             ///< how many files failed; empty when none did
@@ -53,12 +53,12 @@ public:
     QString unknownDates;
     QString journalProblem; ///< why the journal of the run is not kept on disk; empty when it is
 
-    /// `manifest` may be null, for no run.
+    /// `manifest` may be null when there is no run.
     static ReportTexts of(const OperationManifest* manifest, std::span<const MediaItem> items,
                           std::string_view journalProblem);
 };
 
-/// The saving of a document.
+/// The progress of saving a document.
 struct ExportState {
     Q_GADGET
     QML_ANONYMOUS
@@ -67,12 +67,12 @@ struct ExportState {
     Q_PROPERTY(QString message MEMBER message)
 
 public:
-    bool isUnderWay = false; ///< from the question where to on
+    bool isUnderWay = false; ///< starts with the question for a file name
     bool hasFailed = false;
     QString message{}; ///< how the last one ended; empty before, and when the user cancelled it
 };
 
-/// An undo that is considered, under way or over, as it is shown.
+/// The texts for an undo that is in question, running or finished.
 struct UndoTexts {
     Q_GADGET
     QML_ANONYMOUS
@@ -90,11 +90,11 @@ public:
     QString forecast; ///< what it would leave in place; empty when that is nothing or not known
     bool isUnderWay = false;
     double fraction = 0;          ///< from 0 to 1
-    QString progress;             ///< "120 / 4000 files processed"; empty until the first file is looked at
+    QString progress;             ///< "120 / 4000 files processed"; empty before the first file
     QString outcome;              ///< empty before its end
-    bool isComplete = true;       ///< nothing was left as it was
-    bool hasUndoneReport = false; ///< nothing is left of the run that is reported
-    QString counts;               ///< empty when all went well
+    bool isComplete = true;       ///< everything was undone
+    bool hasUndoneReport = false; ///< nothing is left of the run in the report
+    QString counts;               ///< empty when there was no failure
     QStringList warnings;
 
     static UndoTexts of(const AppState& state, const LocalizationManager& texts);
