@@ -10,7 +10,7 @@
 namespace lumeo {
 namespace {
 
-/// A folder that is yet to be made has the room of the one that it will lie in.
+/// A folder that does not exist yet has the space of the folder where it will be created.
 SourceVolume measured(const FilePath& destination, const AppEnvironment& environment) {
     SourceVolume volume = SourceVolume::measure(Uuid::random(), destination, environment.volumes);
     const FilePath nearest = environment.fileSystem.nearestExisting(destination);
@@ -243,7 +243,7 @@ void AppState::measureDestination(std::function<void(const MeasuredDestination&)
         });
 }
 
-/// Those fields of the plan that the user has not chosen for it are as the preferences have them.
+/// The fields of the plan that the user has not chosen follow the preferences.
 void AppState::followPreferences() {
     OrganizationPlan plan = organizationPlan_;
     const OrganizationPlan preset = environment_.preferences.newPlan();
@@ -299,7 +299,7 @@ void AppState::replaceCatalogue(std::vector<MediaItem> items) {
 
 void AppState::goBackToTheStart() {
     cancelScan();
-    scan_.drop(); // part of a catalogue, which a cancelled scan still has to bring, is not wanted any more
+    scan_.drop(); // a cancelled scan would still return a part of a catalogue, which is not wanted any more
     goTo(WizardStep::sources);
     change(completedSteps_, {}, &AppState::completedStepsChanged);
     change(runRefusal_, {}, &AppState::runRefusalChanged);

@@ -38,14 +38,14 @@ namespace lumeo {
 
 class Preferences;
 
-/// How far the planning of the destinations has come.
+/// The progress of planning the destinations.
 struct PlanningProgress {
     std::int64_t plannedCount = 0;
     std::int64_t totalCount = 0;
     friend bool operator==(const PlanningProgress&, const PlanningProgress&) = default;
 };
 
-/// What all parts of the state and its jobs work with; all must outlive the state.
+/// What all parts of the state and its jobs need. Everything must outlive the state.
 struct AppEnvironment {
     FileSystem& fileSystem;
     const Clock& clock;
@@ -55,27 +55,26 @@ struct AppEnvironment {
     const RunJournals& journals;
 };
 
-/// What stood at a source's place when it was looked at last.
+/// What was at a source's place at the last check.
 enum class SourcePresence { unknown, folder, file, gone };
 
-/// Runs of earlier, be it by another program of ours, that may be taken back.
+/// Earlier runs that can be undone. Another of our programs may have started them.
 struct RecentRuns {
-    std::optional<RunEntry> completed;   ///< the newest one that ran to its end
-    std::optional<RunEntry> interrupted; ///< the newest one of all, when it was cut off or cancelled
+    std::optional<RunEntry> completed;   ///< the newest run that ran to its end
+    std::optional<RunEntry> interrupted; ///< the newest run of all, if it was cut off or cancelled
     friend bool operator==(const RecentRuns&, const RecentRuns&) = default;
 };
 
-/// The one controller of the program: where the wizard stands, what was chosen and found, and the jobs
-/// that are running. Main thread only; every change of a field is announced by its signal once it is
-/// made.
+/// The only controller of the program. It knows the wizard's step, what was chosen and found, and the running
+/// jobs. Main thread only. After each change of a field, its signal is emitted.
 ///
-/// Jobs work on threads of their own and come back through the event loop. Destroying the state stops
-/// them first: a transfer ends at its next chunk and leaves nothing half made.
+/// Jobs run on separate threads and report through the event loop. The destructor of the state stops them
+/// first: a transfer ends at its next chunk and leaves no incomplete file.
 class AppState : public QObject {
     Q_OBJECT
 
 public:
-    /// A catalogue that nobody changes any more: screens may keep it while a newer one takes its place.
+    /// A catalogue that never changes. Screens may keep it when a newer one replaces it.
     using Items = std::shared_ptr<const std::vector<MediaItem>>;
 
     explicit AppState(const AppEnvironment& environment, QObject* parent = nullptr);
@@ -83,81 +82,82 @@ public:
 
     [[nodiscard]] WizardStep currentStep() const { return currentStep_; }
     [[nodiscard]] const std::set<WizardStep>& completedSteps() const { return completedSteps_; }
-    /// Each has its name and place at once, and the figures of its volume once they are measured.
+    /// A source has its name and place at once, and the figures of its volume when they have been measured.
     [[nodiscard]] const std::vector<SourceVolume>& sources() const { return sources_; }
-    /// Looked at when a source is added, when the wizard comes back to the sources, and with each scan.
+    /// Checked when a source is added, when the wizard returns to the sources, and with each scan.
     [[nodiscard]] SourcePresence presence(const Uuid& source) const;
     [[nodiscard]] bool isSelectingFolder() const { return isSelectingFolder_; } ///< a chooser is open
     [[nodiscard]] const Items& scannedItems() const { return scannedItems_; }   ///< never null
     [[nodiscard]] bool isScanning() const { return isScanning_; }
     [[nodiscard]] const ScanProgress& scanProgress() const { return scanProgress_; }
-    /// The first thousand places that the last scan could not read; all of them are counted in its progress.
+    /// The first thousand places that the last scan could not read. The scan's progress counts all of them.
     [[nodiscard]] const std::vector<FileError>& unreadable() const { return unreadable_; }
     [[nodiscard]] const OrganizationPlan& organizationPlan() const { return organizationPlan_; }
-    /// Measured a moment after it was chosen, and again before each run.
+    /// Measured soon after it was chosen, and again before each run.
     [[nodiscard]] const std::optional<SourceVolume>& destinationVolume() const { return destinationVolume_; }
     [[nodiscard]] bool isPlanning() const {
         return planning_.isRunning();
-    } ///< items are being dated or planned anew
+    } ///< items are being dated or planned again
     [[nodiscard]] const PlanningProgress& planningProgress() const { return planningProgress_; }
     [[nodiscard]] const OperationProgress& operationProgress() const { return operationProgress_; }
-    /// A run was asked for and has neither begun nor been refused yet.
+    /// A run was requested and has neither started nor been refused yet.
     [[nodiscard]] bool isStartingOperation() const { return isStartingOperation_; }
     [[nodiscard]] bool isProcessing() const { return isProcessing_; }
-    /// The journal of the last run that was not cancelled; null when there is none.
+    /// The journal of the last run that was not cancelled. Null when there is none.
     [[nodiscard]] const std::shared_ptr<const OperationManifest>& activeManifest() const {
         return activeManifest_;
     }
-    /// Why the run that was asked for last was not begun, other than for want of room; absent otherwise.
+    /// Why the last requested run did not start, for other reasons than missing space. Absent otherwise.
     [[nodiscard]] const std::optional<RunRefusal>& runRefusal() const { return runRefusal_; }
-    /// Why the journal of the run that works, or worked last, is not kept on disk; empty when it is.
+    /// Why the journal of the current or last run is not kept on disk. Empty when it is.
     [[nodiscard]] const std::string& journalProblem() const { return journalProblem_; }
-    /// Where the journal of `activeManifest` is kept; empty when it is not.
+    /// The place of the journal of `activeManifest`. Empty when it is not on disk.
     [[nodiscard]] const FilePath& activeJournal() const { return activeJournal_; }
-    /// As far as they can be undone and were not dismissed. Read anew after each run and undo.
+    /// Only runs that can be undone and were not dismissed. Read again after each run and undo.
     [[nodiscard]] const RecentRuns& recentRuns() const { return recentRuns_; }
     [[nodiscard]] bool isUndoing() const { return undo_.isRunning(); }
     [[nodiscard]] const UndoProgress& undoProgress() const { return undoProgress_; }
-    /// How the last undo ended; absent before, and when it was refused.
+    /// The result of the last undo. Absent before the first undo, and when it was refused.
     [[nodiscard]] const std::optional<UndoResult>& undoResult() const { return undoResult_; }
-    /// Why the last undo was not begun, as a sentence; empty otherwise.
+    /// Why the last undo did not start, as a sentence. Empty otherwise.
     [[nodiscard]] const std::string& undoRefusal() const { return undoRefusal_; }
-    /// The journal of the run that the last undo was of; empty for one that is kept in memory only.
+    /// The journal of the run that was undone last. Empty if that journal is only in memory.
     [[nodiscard]] const FilePath& undoneJournal() const { return undoneJournal_; }
-    /// What the undo that is being considered would do; absent until it is known.
+    /// What the undo in question would do. Absent until it is known.
     [[nodiscard]] const std::optional<UndoForecast>& undoForecast() const { return undoForecast_; }
-    /// A run or an undo is under way: catalogue, plan and results stay as they are until it ends. Of a
-    /// cancelled run it is no longer said, though it may still be at its last file.
+    /// A run or an undo is in progress. Catalogue, plan and results do not change until it ends. False for a
+    /// cancelled run, although it may still be working on its last file.
     [[nodiscard]] bool isChangingFiles() const { return isProcessing_ || isUndoing(); }
-    /// As stored with the preferences; absent before the first run.
+    /// As stored with the preferences. Absent before the first run.
     [[nodiscard]] std::optional<LastOperationSummary> lastOperationSummary() const;
     [[nodiscard]] bool isDetectingDuplicates() const { return detection_.isRunning(); }
-    /// All of the catalogue has been looked through for duplicates.
+    /// The whole catalogue has been searched for duplicates.
     [[nodiscard]] bool isAnalyzed() const { return isAnalyzed_; }
     [[nodiscard]] const QString& selectedFilter() const { return selectedFilter_; }
 
     [[nodiscard]] std::int64_t totalFilesCount() const; ///< of `scannedItems`
-    /// What a run would write under the plan's duplicate policy.
+    /// The bytes that a run would write under the plan's duplicate policy.
     [[nodiscard]] std::int64_t requiredOutputSizeBytes() const;
 
     [[nodiscard]] bool canProceedToNextStep() const;
     void proceedToNextStep();
-    /// Back always; forward only to completed steps and to the scan or run that is under way. To a run only
-    /// while it works or its journal is there, to the report only with a journal.
+    /// Earlier steps are always reachable. Later steps are reachable only if they are completed or show the
+    /// current scan or run. The processing step needs a working run or its journal, and the report needs a
+    /// journal.
     [[nodiscard]] bool isReachable(WizardStep step) const;
-    /// Nothing happens when the step is out of reach. Entering the preview plans what is not planned.
+    /// Does nothing when the step is not reachable. Entering the preview plans the items that have no plan.
     void navigateToStep(WizardStep target);
 
     void promptAddFolderPanel();
-    void addSource(const FilePath& url); ///< a source that is there already is ignored
+    void addSource(const FilePath& url); ///< ignores a source that exists already
     void removeSource(const Uuid& id);
     void clearSources();
     void promptDestinationFolderPanel();
     void setDestination(const FilePath& url); ///< not during a run or an undo
 
-    /// Takes over the user's settings; the destination stays as it is. Items are dated and planned again,
-    /// as a job, when the policy for undated files or the preset changed; other changes reach their
-    /// places with the next planning. Nothing happens during a run or an undo.
+    /// Uses the user's settings, but keeps the destination. If the policy for undated files or the preset has
+    /// changed, a job dates and plans the items again. Other changes take effect with the next planning. Does
+    /// nothing during a run or an undo.
     void setOrganizationPlan(OrganizationPlan plan);
 
     void startScan(); ///< not during a run or an undo, nor before a cancelled run has ended
@@ -166,40 +166,40 @@ public:
     void cancelScan();
 
     void runDuplicateDetection();
-    void stopDuplicateDetection(); ///< what it found so far is kept
+    void stopDuplicateDetection(); ///< keeps what it has found so far
 
-    /// Gives every item its place, on this thread; nothing happens without a destination.
+    /// Gives every item its destination, on this thread. Does nothing when the plan has no destination.
     void calculatePlannedDestinations();
-    /// The same as a job, which takes the place of one that is still running. `planningFinished` tells
-    /// its end. Nothing happens without a destination, or during a run or an undo.
+    /// The same as a job, which replaces a job that is still running. `planningFinished` reports its end.
+    /// Does nothing when the plan has no destination, and during a run or an undo.
     void startPlanning();
-    void cancelPlanning(); ///< items keep the places that they had
+    void cancelPlanning(); ///< the items keep their previous destinations
 
-    /// Leaves the organization step for the preview, where the places appear once they are planned.
+    /// Leaves the organization step for the preview. The destinations appear there when they are planned.
     void previewChanges();
 
-    /// Begins once every item has its place under the present plan: while that is not so it is planned
-    /// first, unless the user leaves the step or changes the plan meanwhile. Refused when the destination
-    /// has no room: see `operationProgress.errorsCount`.
+    /// Starts a run when every item has a destination under the current plan. If not, the items are planned
+    /// first, and the start is dropped if the user leaves the step or changes the plan. Refused when the
+    /// destination has too little space: see `operationProgress.errorsCount`.
     void startOperation();
     void pauseOperation();
     void resumeOperation();
-    void cancelOperation(); ///< takes one back that has not begun, too
+    void cancelOperation(); ///< also cancels a start that is still waiting
 
-    /// Takes the run of `activeManifest`, or that of a journal on disk, back, as a job. Nothing happens
-    /// without one, or while a run or an undo is under way.
+    /// Undoes the run of `activeManifest`, or of a journal on disk, as a job. Does nothing without one, or
+    /// during a run or an undo.
     void startUndo();
     void startUndo(const FilePath& journal);
     /// Finds out what these would do, as a job: see `undoForecast`.
     void considerUndo();
     void considerUndo(const FilePath& journal);
-    /// The user does not want to hear of an interrupted run any more.
+    /// The user does not want to see an interrupted run any more.
     void dismissRun(const FilePath& journal);
-    void stopUndo(); ///< after the file in hand; the rest counts as failed and stays
+    void stopUndo(); ///< after the current file; the rest counts as failed and stays
 
     // Both do nothing during a run or an undo.
     void finishCompletedOperation(); ///< back to the start, with a new plan
-    void restartWorkflow();          ///< back to the start, with the plan and destination as they are
+    void restartWorkflow();          ///< back to the start, with the same plan and destination
 
 signals:
     void currentStepChanged();
@@ -209,12 +209,12 @@ signals:
     void scannedItemsChanged();
     void isScanningChanged();
     void scanProgressChanged();
-    void scanFinished(); ///< its items have come, part of them when cancelled; not sent of a replaced scan
+    void scanFinished(); ///< its items are there, a part after a cancel; not sent for a replaced scan
     void organizationPlanChanged();
     void destinationVolumeChanged();
     void isPlanningChanged();
     void planningProgressChanged();
-    void planningFinished(bool completed); ///< false when cancelled; not sent when replaced by a newer job
+    void planningFinished(bool completed); ///< false when cancelled; not sent when a newer job replaced it
     void operationProgressChanged();
     void isStartingOperationChanged();
     void isProcessingChanged();
@@ -226,13 +226,13 @@ signals:
     void undoProgressChanged();
     void undoResultChanged();
     void lastOperationSummaryChanged();
-    /// A run has come back, with its journal, which the state itself keeps of completed runs only.
+    /// A run has ended. The journal is passed along; the state itself keeps it only for completed runs.
     void operationFinished(std::shared_ptr<const lumeo::OperationManifest> journal, bool cancelled);
     void isDetectingDuplicatesChanged();
     void selectedFilterChanged();
 
 private:
-    /// Stores a value and announces it, if it is a new one.
+    /// Stores a value, and emits the signal if the value is new.
     template<class Value>
     void change(Value& field, Value value, void (AppState::*changed)());
 
@@ -242,15 +242,15 @@ private:
     void complete(std::initializer_list<WizardStep> steps);
     void promptFolders(const FolderRequest& request, FolderChooser::Answer answer);
     void replaceItems(std::vector<MediaItem> items);
-    /// The same with other files: what jobs still have to say about the old ones no longer counts.
+    /// The same for a new catalogue. Later reports of jobs about the old one are ignored.
     void replaceCatalogue(std::vector<MediaItem> items);
     void goBackToTheStart();
     struct MeasuredDestination {
         SourceVolume volume;
         std::optional<std::uint64_t> device;
     };
-    /// Measures the destination as a job and then goes on with `next`, unless it was chosen or measured
-    /// again meanwhile.
+    /// Measures the destination as a job and then calls `next`, unless the destination was chosen or measured
+    /// again in the meantime.
     void measureDestination(std::function<void(const MeasuredDestination&)> next);
     [[nodiscard]] std::vector<FilePath> sourceRoots() const;
 
@@ -267,7 +267,7 @@ private:
     void reviseItems();
     void endPlanning(bool isComplete);
     [[nodiscard]] bool canRun() const;
-    /// A cancelled run has not come back yet.
+    /// A cancelled run has not ended yet.
     [[nodiscard]] bool isRunEnding() const { return operation_.isRunning() && !isProcessing_; }
     void takeStartBack();
     void startAwaitedOperation();
@@ -296,10 +296,10 @@ private:
     ScanProgress scanProgress_;
     std::vector<FileError> unreadable_;
     OrganizationPlan organizationPlan_;
-    bool isModeChosen_ = false; ///< by the user for this plan: the preferences no longer preset it
+    bool isModeChosen_ = false; ///< the user chose it for this plan, so the preferences no longer set it
     bool isVerifyChosen_ = false;
     std::optional<SourceVolume> destinationVolume_;
-    /// What the destination lay on when it was chosen: the run must not go anywhere else.
+    /// The device of the destination when it was chosen. The run must not write to another device.
     std::optional<std::uint64_t> destinationDevice_;
     PlanningProgress planningProgress_;
     OperationProgress operationProgress_;
@@ -318,7 +318,7 @@ private:
     QString selectedFilter_ = QStringLiteral("all");
 
     bool isAnalyzed_ = false;
-    bool isPlanCurrent_ = false; ///< the items have their places under the present plan
+    bool isPlanCurrent_ = false; ///< the items have their destinations under the current plan
     std::shared_ptr<PauseSwitch<MediaScanner>> scanPause_;
     std::shared_ptr<PauseSwitch<FileOperationEngine>> operationPause_;
 
@@ -331,7 +331,7 @@ private:
     Job<> looking_{jobs_, *this};
     Job<> consideration_{jobs_, *this};
     Job<> recentRunsReading_{jobs_, *this};
-    BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with
+    BackgroundJobs jobs_{*this}; ///< last: its threads must end before what they work with
 };
 
 template<class Value>

@@ -7,7 +7,8 @@
 
 #include <utility>
 
-// The state's work on the catalogue: what runs on threads of its own, and how its results come back.
+// The part of the state that works on the catalogue: the jobs on separate threads, and the handling of their
+// results.
 namespace lumeo {
 namespace {
 
@@ -38,7 +39,7 @@ void AppState::startScan() {
     unreadable_.clear();
     replaceCatalogue({});
     lookAtSources();
-    if (operationProgress_.isCancelled) { // of files that are the catalogue's no more
+    if (operationProgress_.isCancelled) { // for files that are no longer in the catalogue
         change(operationProgress_, {}, &AppState::operationProgressChanged);
     }
     scanProgress_ = {};
@@ -142,7 +143,7 @@ void AppState::stopDuplicateDetection() {
 
 void AppState::finishDuplicateDetection(const Items& analyzed, std::vector<MediaItem> found) {
     if (analyzed != scannedItems_) {
-        // Dated or planned anew meanwhile: only the marks are taken over.
+        // The items were dated or planned again in the meantime, so only the marks are copied.
         std::vector<MediaItem> items = *scannedItems_;
         for (std::size_t index = 0; index < items.size(); ++index) {
             if (found[index].sha256Hash) {
@@ -157,7 +158,7 @@ void AppState::finishDuplicateDetection(const Items& analyzed, std::vector<Media
     outdatePlan();
 }
 
-/// The places that the items have may no longer be right; where they are shown they are made right.
+/// The items' destinations may be wrong now. If they are visible, they are planned again at once.
 void AppState::outdatePlan() {
     isPlanCurrent_ = false;
     if (isPlanning() || currentStep_ == WizardStep::preview) {
@@ -183,7 +184,7 @@ void AppState::startPlanning() {
     }
 }
 
-/// Dates the items under the present policy, and gives them their places if there is a destination.
+/// Dates the items under the current policy, and plans their destinations if the plan has a destination.
 void AppState::reviseItems() {
     planningProgress_ = {.plannedCount = 0, .totalCount = totalFilesCount()};
     emit planningProgressChanged();

@@ -53,7 +53,7 @@ public:
     virtual ~FileBrowser() = default;
     virtual void reveal(const FilePath& folder) = 0; ///< opens the folder
     virtual void show(const FilePath& file) = 0;     ///< opens its folder and selects the file there
-    virtual void open(const FilePath& file) = 0;     ///< opens the file in the program that is meant for it
+    virtual void open(const FilePath& file) = 0;     ///< opens the file in its usual program
 };
 
 /// What the state and the screens need from the desktop that they run on.

@@ -48,9 +48,8 @@ public:
     [[nodiscard]] std::optional<LastOperationSummary> lastOperationSummary() const;
     void setLastOperationSummary(const LastOperationSummary& summary);
 
-    /// The plan that a new archive starts with.
-    /// The widths that the user gave the preview's columns, in their order; 0 where they gave none, empty
-    /// before.
+    /// The plan that a new archive starts with. The widths that the user gave the preview's columns, in their
+    /// order. A width is 0 where the user gave none. Empty when no width was ever changed.
     [[nodiscard]] QList<int> columnWidths() const;
     void setColumnWidths(const QList<int>& widths);
 

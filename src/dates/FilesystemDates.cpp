@@ -5,7 +5,7 @@
 namespace lumeo {
 namespace {
 
-/// A creation date later than the last change tells when the file was copied to this disk.
+/// A creation date after the last change only tells when the file was copied to this disk.
 bool isDayOfCopy(const MediaItem& item) {
     return item.filesystemCreationDate && item.filesystemModificationDate &&
            *item.filesystemCreationDate > *item.filesystemModificationDate;

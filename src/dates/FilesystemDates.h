@@ -7,17 +7,17 @@
 
 namespace lumeo {
 
-/// Lets the dates of the file system stand in for a missing capture date, or no longer. A date that was
-/// found in a file or its name is never touched. Any thread may call.
+/// Uses the dates of the file system in place of missing capture dates, or removes them again. A date from a
+/// file or its name is never touched. Any thread may call.
 struct FilesystemDates {
-    /// Dates every item that has no date, with low confidence, by its creation or, where that is missing or
-    /// later, by its last change; `clock` tells what lies in the future.
+    /// Dates every item that has no date, with low confidence. It uses the creation date, or the last change
+    /// if the creation date is missing or later. `clock` tells which dates are in the future.
     static void apply(std::span<MediaItem> items, const Clock& clock);
 
-    /// True for the dates that apply() gives.
+    /// True for the kinds of dates that apply() gives.
     static bool isOne(DateSourceType source);
 
-    /// Takes back what apply() did.
+    /// Reverts apply().
     static void remove(std::span<MediaItem> items);
 };
 

@@ -6,12 +6,12 @@
 
 namespace lumeo {
 
-/// Lets identical files date each other: one may have a date in its name, or be taken for a movie where the
-/// other is taken for a photo. Any thread may call.
+/// Lets identical files give each other a date. One file may have a date in its name, or count as a movie
+/// while the other counts as a photo. Any thread may call.
 struct TwinDates {
-    /// Dates each item that has no date, or the file system's alone, by the item of its group of identical
-    /// files whose date is trusted most, the first of them. It gets that item's source and confidence too,
-    /// and a warning of its own. Without groups nothing changes.
+    /// Dates each item that has no date or only one of the file system. The date comes from the identical
+    /// item with the most trusted date, or the first of several. The item also gets that item's source and
+    /// confidence, and a separate warning. Without groups nothing changes.
     static void apply(std::span<MediaItem> items);
 };
 

@@ -58,7 +58,7 @@ AppLanguage languageFor(const QStringList& preferred) {
         return AppLanguage::english;
     }
     for (const AppLanguage language : allCases<AppLanguage>()) {
-        // With a dash: "kok" is another language than "ko".
+        // Compared with a dash, because "kok" is not "ko".
         if ((preferred.first() + u'-').startsWith(languageCode(language) + u'-', Qt::CaseInsensitive)) {
             return language;
         }

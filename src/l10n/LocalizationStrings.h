@@ -24,7 +24,7 @@ struct LocalizationStrings {
     [[nodiscard]] static std::span<const LocalizedText> main(AppLanguage language);
 
     /// The text for a key: the language's supplementary or main text, else the English one, else the key
-    /// itself. Case matters. In the words of this platform, unlike the lists above.
+    /// itself. Case matters. Unlike the lists above, it uses the words of this platform.
     [[nodiscard]] static QString text(const QString& key, AppLanguage language);
 };
 

@@ -10,7 +10,7 @@ struct Wording {
     QStringView ours;
 };
 
-// In each language the longer ones come first: they keep the sentence around the word right.
+// In each language the longer wordings come first, because they keep the grammar of the sentence right.
 constexpr Wording english[] = {
     {u"Finder and your Mac", u"The file manager and your computer"},
     {u"Open in Finder", u"Open in File Manager"},

@@ -7,7 +7,7 @@
 
 namespace lumeo {
 
-/// A text with the words of this platform. The tables are shared with programs of another platform and name
+/// A text with the words of this platform. The tables are shared with programs for another platform and name
 /// its computer and its file browser. Any thread may call.
 [[nodiscard]] QString withPlatformWords(QStringView text, AppLanguage language);
 

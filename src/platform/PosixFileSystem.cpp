@@ -44,8 +44,9 @@ int unlinkPath(const FilePath& path) {
     return callAt(path, [](int folder, const char* name) { return unlinkat(folder, name, 0); });
 }
 
-/// After the new name was made but the old one stays: takes the new name back. Only when the old one
-/// is known to be the same file still, for on a network a failed removal may have been done all the same.
+/// For when the new name was made but the old one could not be removed. Removes the new name, but only if the
+/// old name is known to lead to the same file: on a network, a removal that reported a failure may still have
+/// happened.
 void takeBackLink(const FilePath& from, const FilePath& to) {
     const FileResult<FileStatus> old = statusOf(from, AT_SYMLINK_NOFOLLOW | AT_STATX_FORCE_SYNC);
     const FileResult<FileStatus> made = statusOf(to, AT_SYMLINK_NOFOLLOW);
@@ -54,7 +55,7 @@ void takeBackLink(const FilePath& from, const FilePath& to) {
     }
 }
 
-/// For file systems that cannot promise not to replace: a new link never replaces either.
+/// For file systems that cannot rename without replacing. Making a link never replaces anything either.
 int renameByLink(const FilePath& from, const FilePath& to) {
     const int linked =
         callAtBoth(from, to, [](int fromFolder, const char* fromName, int toFolder, const char* toName) {
@@ -72,7 +73,7 @@ int renameByLink(const FilePath& from, const FilePath& to) {
     return 0;
 }
 
-/// For file systems without links as well: nothing is left but to look first.
+/// For file systems that have no links either. The only remaining way is to check first.
 int renameAfterLooking(const FilePath& from, const FilePath& to) {
     const FileResult<FileStatus> taken = statusOf(to, AT_SYMLINK_NOFOLLOW);
     if (taken || taken.error().errnoValue != ENOENT) {
@@ -86,7 +87,8 @@ bool isOneOf(int value, std::initializer_list<int> values) {
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
-/// `blocks` times `blockSize`, at most what a signed number holds: some network disks claim all there is.
+/// `blocks` times `blockSize`, limited to what a signed number holds. Some network disks claim the largest
+/// value.
 std::int64_t byteCount(std::uint64_t blocks, std::uint64_t blockSize) {
     constexpr std::uint64_t most = std::numeric_limits<std::int64_t>::max();
     return static_cast<std::int64_t>(blockSize != 0 && blocks > most / blockSize ? most : blocks * blockSize);
@@ -103,7 +105,7 @@ FileResult<FileStatus> PosixFileSystem::targetStatus(const FilePath& path) const
 }
 
 FileResult<FilePath> PosixFileSystem::linkTarget(const FilePath& link) const {
-    std::string target(PATH_MAX, '\0'); // the system makes no link with more in it
+    std::string target(PATH_MAX, '\0'); // the system never makes a link with a longer target
     const int length = callAt(link, [&](int folder, const char* name) {
         return static_cast<int>(readlinkat(folder, name, target.data(), target.size()));
     });
@@ -120,7 +122,7 @@ PosixFileSystem::enumerate(const FilePath& folder, std::function<void(const File
 }
 
 FileResult<std::unique_ptr<ReadableFile>> PosixFileSystem::openForReading(const FilePath& path) const {
-    // Without O_NONBLOCK a pipe would hold us until somebody writes to it.
+    // Without O_NONBLOCK, a pipe would block us until somebody writes to it.
     Descriptor descriptor(callAt(path, [](int folder, const char* name) {
         return openWithoutTrace(folder, name, O_NONBLOCK | O_NOCTTY);
     }));
@@ -162,7 +164,8 @@ FileResult<std::unique_ptr<WritableFile>> PosixFileSystem::openForAppending(cons
 
 FileResult<std::unique_ptr<FileLock>> PosixFileSystem::lock(const FilePath& path) {
     constexpr int flags = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-    // Network file systems give the lock only to who could write. A folder cannot be opened like that.
+    // Network file systems give the lock only to a descriptor that can write. A folder cannot be opened in
+    // this way.
     Descriptor descriptor(
         callAt(path, [](int folder, const char* name) { return openat(folder, name, O_RDWR | flags); }));
     if (!descriptor.isOpen() && errno == EISDIR) {
@@ -191,7 +194,7 @@ FileResult<std::vector<FilePath>> PosixFileSystem::createFolders(const FilePath&
         missing.push_back(at);
         const FilePath above = at.parent();
         if (above.empty() || above == at) {
-            break; // a relative path's first name
+            break; // the first name of a relative path
         }
     }
     std::vector<FilePath> created;
@@ -250,7 +253,7 @@ FileResult<void> PosixFileSystem::flushFolder(const FilePath& folder) {
     }
     const int result = retrying([&] { return fsync(descriptor.get()); });
     if (result != 0 && isOneOf(errno, {EINVAL, EBADF, ENOSYS, ENOTSUP})) {
-        return {}; // this file system has no such thing
+        return {}; // this file system does not support it
     }
     return outcome(result, FileAction::flush, folder);
 }
@@ -263,7 +266,7 @@ FileResult<VolumeSpace> PosixFileSystem::volumeSpace(const FilePath& path) const
         return FileError{FileAction::measure, path, errno};
     }
     VolumeSpace space{byteCount(told.f_blocks, told.f_frsize), byteCount(told.f_bavail, told.f_frsize)};
-    if (told.f_files > 0) { // some make room for the names of files as they go
+    if (told.f_files > 0) { // some create space for more file names when it is needed
         space.freeFiles = byteCount(told.f_favail, 1);
     }
     return space;

@@ -35,22 +35,22 @@ constexpr std::array<std::string_view, 14> ignoredNames{
     ".PKInstallSandboxManager",
 };
 
-/// Begins the companion files that keep resource forks and attributes beside the real file.
+/// The prefix of companion files, which keep resource forks and attributes beside the real file.
 constexpr std::string_view companionPrefix = "._";
 
-/// In any spelling: the same disk is written to by several systems.
+/// Compared without case, because several systems write to the same disk.
 constexpr std::array<std::string_view, 11> trashFolders{
     ".Trash",      "$RECYCLE.BIN", "RECYCLER",    "#recycle",  "@Recycle",   ".recycle",
     ".stversions", "@eaDir",       ".thumbnails", ".@__thumb", "lost+found",
 };
 
-/// Followed by the number of a user.
+/// A user's number follows.
 constexpr std::string_view trashPrefix = ".Trash-";
 
-/// The trash in a home folder, whose own name anybody may give to a folder.
+/// The trash in a home folder. Its own name alone is not enough, because any folder may be called "Trash".
 constexpr std::string_view homeTrash = "/.local/share/Trash";
 
-/// Phones put this before the name of what was deleted and leave it where it is.
+/// Phones put this before the name of a deleted file and leave the file in its place.
 constexpr std::string_view deletedPrefix = ".trashed-";
 
 constexpr std::array<std::string_view, 8> ignoredBundleExtensions{
@@ -155,7 +155,7 @@ private:
         }
     }
 
-    /// Makes the item of one file, when it is media.
+    /// Makes the item of one file, if it is media.
     void catalogue(FilePath path, const FileStatus& status) {
         const std::optional<MediaTypeDetector::Detection> detection = MediaTypeDetector::detectType(path);
         if (!detection) {
@@ -173,7 +173,7 @@ private:
         item.filenameDerivedDate = FilenameDateParser::parseDate(item.fileName());
         readMetadata(item);
         if (stop_.stop_requested()) {
-            return; // facts may be missing that the file has
+            return; // some facts of the file may be missing
         }
         count(item.mediaType, item.fileSize);
         items_.push_back(std::move(item));
@@ -201,7 +201,7 @@ private:
         candidates.filenameDate = item.filenameDerivedDate;
         candidates.filesystemCreationDate = item.filesystemCreationDate;
         candidates.filesystemModificationDate = item.filesystemModificationDate;
-        // Whether a date of the file system may stand for a capture date is for the user's plan to say.
+        // The user's plan decides whether a date of the file system may be used as a capture date.
         const DateResolverOptions noFilesystemDates;
         const ResolvedDateResult resolved =
             DateResolver::resolveDate(item.mediaType, candidates, noFilesystemDates, scanner_.clock_);
@@ -303,7 +303,7 @@ void MediaScanner::cancel() {
         isPaused_ = false;
         return cancellation_;
     }();
-    cancellation.request_stop(); // wakes a sleeping walk as well
+    cancellation.request_stop(); // also wakes a sleeping walk
 }
 
 bool MediaScanner::isIgnoredName(std::string_view name) {

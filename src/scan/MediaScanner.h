@@ -17,12 +17,12 @@
 
 namespace lumeo {
 
-/// Turns folders, drives or single files into the catalogue: one MediaItem for each supported file.
-/// Only reads.
+/// Turns folders, drives or single files into the catalogue: one MediaItem for each supported file. Only
+/// reads.
 ///
-/// scan() blocks the thread it is called on, one scan at a time; pause(), resume() and cancel() may be
-/// called from any thread at any moment and are seen before the next entry of a folder; a cancel also ends
-/// the reading of the file in hand.
+/// scan() blocks the thread it is called on, one scan at a time. pause(), resume() and cancel() may be called
+/// from any thread at any moment. They take effect before the next entry of a folder. A cancel also stops
+/// reading the current file.
 class MediaScanner {
 public:
     using ProgressCallback = std::function<void(const ScanProgress&)>;
@@ -49,20 +49,20 @@ public:
     void resume();
     void cancel(); ///< also ends a pause
 
-    /// True for the housekeeping names of desktop systems and version control.
+    /// True for the names of files and folders that desktop systems and version control keep for themselves.
     static bool isIgnoredName(std::string_view name);
 
-    /// True for folders of what was deleted, on this system, on other systems' disks and on network disks,
-    /// and of the small pictures and older versions that programs keep beside the real files.
+    /// True for trash folders of this system, of other systems' disks and of network disks. Also true for the
+    /// folders where programs keep thumbnails and older versions beside the real files.
     static bool isTrash(const FilePath& folder);
 
-    /// True for folders that are one document to their owner, such as photo libraries.
+    /// True for folders that look like one document to their owner, such as photo libraries.
     static bool isIgnoredDirectoryBundle(std::string_view name);
 
 private:
     class Walk;
 
-    /// Sleeps while paused; false when the scan was cancelled.
+    /// Sleeps while paused. False when the scan was cancelled.
     bool mayContinue(const std::stop_token& stop);
 
     const FileSystem& fileSystem_;
@@ -70,9 +70,9 @@ private:
     const Clock& clock_;
     Mutex mutex_;
     std::condition_variable_any wake_;
-    /// Written under mutex_, so that no wake-up is lost; read without it, once an entry.
+    /// Written under mutex_, so that no wake-up is lost. Read without it, once for each entry.
     std::atomic<bool> isPaused_ = false;
-    std::stop_source cancellation_ LUMEO_GUARDED_BY(mutex_); ///< of the scan that runs
+    std::stop_source cancellation_ LUMEO_GUARDED_BY(mutex_); ///< of the current scan
 };
 
 } // namespace lumeo

@@ -56,7 +56,7 @@ int orientationOf(const Exiv2::Image& image) {
 }
 
 bool fills(const Exiv2::PreviewProperties& preview, QSize pixels) {
-    // By the shorter sides: the smallest previews are stamps with black bars along the longer ones.
+    // Compares the shorter sides, because the smallest previews have black bars along the longer sides.
     return std::min(preview.width_, preview.height_) >=
            static_cast<std::uint32_t>(std::min(pixels.width(), pixels.height()));
 }

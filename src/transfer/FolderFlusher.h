@@ -31,7 +31,7 @@ public:
     /// Returns the created ones, the outermost first.
     FileResult<std::vector<FilePath>> createFolders(const FilePath& folder);
 
-    /// Removes them again, as far as they are empty.
+    /// Removes these folders again, as far as they are empty.
     void removeFolders(std::vector<FilePath> created);
 
     /// Notes that a name in `folder` was created or removed.

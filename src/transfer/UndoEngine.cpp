@@ -22,7 +22,7 @@ namespace {
 
 enum class Ending { restored, missing, failed };
 
-/// What became of one verified file of the journal.
+/// What happened to one verified file of the journal.
 struct Outcome {
     Ending ending = Ending::restored;
     std::string warning; ///< empty when restored
@@ -61,8 +61,8 @@ bool isMoveRun(const OperationManifest& manifest) {
     return equalIgnoringAsciiCase(manifest.operationType, rawValue(OperationMode::move));
 }
 
-/// True when `folder`, or the nearest folder above it that exists, is `root` or lies below it once all links
-/// are followed. Going up by ".." follows the folders themselves, not the names that led there.
+/// True when `folder`, or the nearest existing folder above it, is `root` or is below it, with all links
+/// followed. Going up by ".." follows the folders themselves and not the names that led there.
 bool leadsInto(const FileSystem& fileSystem, const FilePath& root, const FilePath& folder) {
     const FileResult<FileStatus> wanted = fileSystem.targetStatus(root);
     FilePath at = fileSystem.nearestExisting(folder);
@@ -74,19 +74,19 @@ bool leadsInto(const FileSystem& fileSystem, const FilePath& root, const FilePat
         at = at.appending("..");
         FileResult<FileStatus> above = fileSystem.targetStatus(at);
         if (above && above->identity == status->identity) {
-            return false; // the root of all
+            return false; // the root of the file system
         }
         status = std::move(above);
     }
     return false;
 }
 
-/// The source that the record's file came from, as a folder; empty when the journal names none.
+/// The folder of the source that the record's file came from. Empty when the journal names none.
 FilePath sourceFolder(const OperationManifest& manifest, const FilePath& original) {
     for (const FilePath& root : manifest.sourceRoots) {
         const std::string prefix = root.bytes().ends_with('/') ? root.bytes() : root.bytes() + "/";
         if (original == root) {
-            return root.parent(); // the file itself was named as a source
+            return root.parent(); // the file itself was a source
         }
         if (original.bytes().starts_with(prefix)) {
             return root;
@@ -100,8 +100,8 @@ bool isForeign(const OperationManifest& manifest, const FilePath& root) {
                                [&root](const FilePath& one) { return one == root || one.parent() == root; });
 }
 
-/// Whether a copy's original is there as far as can be told without reading it: a file of its own, no link,
-/// of the size that was copied.
+/// Whether a copy's original seems to exist, without reading it: a separate file, not a link, with the size
+/// that was copied.
 bool seemsToHaveOriginal(const FileSystem& fileSystem, const FileTransactionItem& item) {
     const FileResult<FileStatus> original = fileSystem.status(item.originalPath);
     const FileResult<FileStatus> archived = fileSystem.targetStatus(item.destinationPath);
@@ -109,7 +109,7 @@ bool seemsToHaveOriginal(const FileSystem& fileSystem, const FileTransactionItem
            original->identity != archived->identity;
 }
 
-/// Takes back the files of one run.
+/// Undoes one run, file by file.
 class Rollback {
 public:
     Rollback(FileSystem& fileSystem, const OperationManifest& manifest, std::stop_token stop)
@@ -124,7 +124,7 @@ public:
     /// True when the record's file is not at its original place either.
     [[nodiscard]] bool isLost(const FileTransactionItem& item) const;
 
-    /// The folders whose changes the device refused.
+    /// Returns the folders whose changes the device refused.
     std::vector<UnflushedFolder> flushFolders() { return folders_.flushAll(); }
 
 private:
@@ -160,7 +160,7 @@ Outcome Rollback::rollBack(const FileTransactionItem& item) {
     if (!item.destinationHash) {
         return leftAlone(item, "No recorded hash.");
     }
-    if (!isMove_ && !seemsToHaveOriginal(fileSystem_, item)) { // before all of the archived file is read
+    if (!isMove_ && !seemsToHaveOriginal(fileSystem_, item)) { // before the whole archived file is read
         return originalGone(item);
     }
     std::optional<HeldFile> archived = provenFile(item.destinationPath, *item.destinationHash);
@@ -170,7 +170,7 @@ Outcome Rollback::rollBack(const FileTransactionItem& item) {
     return isMove_ ? moveBack(item, *archived) : remove(item, *archived);
 }
 
-/// What keeps the record's places from being touched at all.
+/// Why the files of the record must not be touched at all.
 std::optional<Outcome> Rollback::outOfReach(const FileTransactionItem& item) const {
     if (!leadsInto(fileSystem_, manifest_.destinationRoot, item.destinationPath.parent())) {
         return leftAlone(item, "Its folder leads out of the archive.");
@@ -190,7 +190,7 @@ std::optional<Outcome> Rollback::outOfReach(const FileTransactionItem& item) con
     return std::nullopt;
 }
 
-/// Where a drive was, an empty folder of the disk below may have come to light.
+/// When a drive is gone, its mount point may be an empty folder of the disk below.
 bool Rollback::isOnSystemDevice(const FilePath& folder) const {
     return deviceUnder(fileSystem_, folder) == deviceUnder(fileSystem_, FilePath("/"));
 }
@@ -200,7 +200,7 @@ bool Rollback::isLost(const FileTransactionItem& item) const {
     return !original || original->kind != FileKind::regular || original->size != item.size;
 }
 
-/// Whether the content that a copy gave to the archive still stands under its original name.
+/// Whether the content that was copied to the archive still exists under its original name.
 bool Rollback::hasOriginal(const FileTransactionItem& item) const {
     const FileResult<FileStatus> original = fileSystem_.status(item.originalPath);
     return original && seemsToHaveOriginal(fileSystem_, item) &&
@@ -208,13 +208,13 @@ bool Rollback::hasOriginal(const FileTransactionItem& item) const {
 }
 
 bool Rollback::isUnchangedSinceRun(const FileStatus& original) const {
-    // Memory cards keep time to two seconds, and the system's clock ticks coarser than ours.
+    // Memory cards store times in steps of two seconds, and the system's clock is coarser than ours.
     const Instant before = manifest_.timestamp - std::chrono::seconds(2);
     const auto isOlder = [before](const std::optional<Instant>& date) { return !date || *date < before; };
     return original.modificationDate && isOlder(original.modificationDate) && isOlder(original.changeDate);
 }
 
-/// The file under `path` itself, no link followed, when its content has this digest; absent otherwise.
+/// The file at `path` itself, without following a link, if its content has this digest. Absent otherwise.
 std::optional<HeldFile> Rollback::provenFile(const FilePath& path, const std::string& digest) const {
     FileResult<HeldFile> file = HeldFile::open(fileSystem_, path);
     if (!file) {
@@ -230,7 +230,7 @@ std::optional<HeldFile> Rollback::provenFile(const FilePath& path, const std::st
 }
 
 Outcome Rollback::remove(const FileTransactionItem& item, HeldFile& archived) {
-    if (!hasOriginal(item)) { // it may have gone while the archived file was read
+    if (!hasOriginal(item)) { // it may have been removed while the archived file was read
         return cancelled_() ? stopped(item) : originalGone(item);
     }
     const TransferResult<void> removed = archived.remove();
@@ -245,15 +245,15 @@ Outcome Rollback::remove(const FileTransactionItem& item, HeldFile& archived) {
 
 Outcome Rollback::moveBack(const FileTransactionItem& item, HeldFile& archived) {
     const auto created = folders_.createFolders(item.originalPath.parent());
-    static_cast<void>(created); // the renaming below tells the same trouble
+    static_cast<void>(created); // the renaming below reports the same problem
     if (fileSystem_.exists(item.originalPath)) {
         return finishEarlierMove(item, archived);
     }
     const FileResult<void> renamed =
         fileSystem_.renameWithoutReplacing(item.destinationPath, item.originalPath);
     if (renamed) {
-        // The folder that gains the name goes to the device before the one that loses it. A refusal is
-        // remembered and told at the end.
+        // The folder that gains the name is flushed before the one that loses it. A refusal is remembered and
+        // reported at the end.
         folders_.note(item.originalPath.parent());
         static_cast<void>(folders_.flushPathTo(item.originalPath.parent()));
         folders_.note(item.destinationPath.parent());
@@ -274,9 +274,9 @@ Outcome Rollback::moveBack(const FileTransactionItem& item, HeldFile& archived) 
                : notRestored(item, moved.error());
 }
 
-/// The original may be there because an earlier rollback was cut short after restoring it, or because
-/// the run was cancelled before removing it. Where it is proven to be the same content under a name of
-/// its own, only the removal of the archived copy is left to do.
+/// The original may exist because an earlier rollback was cut short after restoring it, or because the run
+/// was cancelled before removing it. If it is proven to have the same content and a separate name, only the
+/// archived copy has to be removed.
 Outcome Rollback::finishEarlierMove(const FileTransactionItem& item, HeldFile& archived) {
     const std::optional<HeldFile> original = provenFile(item.originalPath, *item.destinationHash);
     if (!original || !areTwoNames(*original, archived)) {
@@ -286,8 +286,8 @@ Outcome Rollback::finishEarlierMove(const FileTransactionItem& item, HeldFile& a
     return removed ? Outcome{} : notRestored(item, removed.error());
 }
 
-/// Two files, or two links to one. One file reached by two paths to the same link is neither, and
-/// would be gone with either name.
+/// True for two files, or for two links to one file. If both paths lead to the same link, it is false,
+/// because removing one name would remove the file.
 bool Rollback::areTwoNames(const HeldFile& a, const HeldFile& b) const {
     if (a.identity() != b.identity()) {
         return true;
@@ -297,7 +297,7 @@ bool Rollback::areTwoNames(const HeldFile& a, const HeldFile& b) const {
     return folderOfA && folderOfB && folderOfA->identity != folderOfB->identity;
 }
 
-/// Moves a file back to another file system, where a renaming cannot reach.
+/// Moves a file back to another file system, where renaming is not possible.
 TransferResult<void> Rollback::moveAcross(const FileTransactionItem& item, HeldFile& archived) {
     VerifiedCopy copy(fileSystem_, item.originalPath, cancelled_);
     if (TransferResult<void> created = copy.create(item.destinationPath); !created) {
@@ -322,7 +322,7 @@ TransferResult<void> Rollback::moveAcross(const FileTransactionItem& item, HeldF
     return removeArchived(item.originalPath, archived);
 }
 
-/// The original's name is made durable before the archived copy loses its own.
+/// The original's name is made durable before the archived copy is removed.
 TransferResult<void> Rollback::removeArchived(const FilePath& originalPath, HeldFile& archived) {
     const FilePath folder = originalPath.parent();
     folders_.note(folder);
@@ -332,7 +332,7 @@ TransferResult<void> Rollback::removeArchived(const FilePath& originalPath, Held
     return archived.remove();
 }
 
-/// What the run brought and is gone again need not be in the archive's list any more.
+/// Removes the run's files that are gone again from the archive's list.
 FileResult<void> withdrawChecksums(FileSystem& fileSystem, const OperationManifest& run) {
     std::unordered_map<std::string, std::string_view> digests;
     for (const FileTransactionItem& record : run.items) {
@@ -415,10 +415,10 @@ Result<UndoResult, RunRefusal> takeBack(FileSystem& fileSystem, const OperationM
         return archive.error();
     }
     UndoResult result = UndoEngine(fileSystem).rollback(manifest, onProgress, std::move(stop));
-    // A list that cannot be rewritten stays whole, and a verification tells what is missing.
+    // If the list cannot be rewritten, it stays complete, and a verification reports the missing files.
     static_cast<void>(withdrawChecksums(fileSystem, manifest));
     if (result.isComplete()) {
-        // Where it cannot be noted, a second undo finds everything back.
+        // If this cannot be noted, a second undo finds everything restored.
         static_cast<void>(journals.markUndone(journal));
     }
     return result;

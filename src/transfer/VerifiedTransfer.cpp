@@ -12,7 +12,7 @@ void conclude(FileTransactionItem& record, TransactionStatus status, std::string
     record.verificationResult = result;
 }
 
-/// One that takes a while, for which the journal of those before it should not wait.
+/// A file of this size takes long, so the journal of the files before it is flushed first.
 constexpr std::int64_t largeFile = std::int64_t{8} << 20;
 
 constexpr const char* existing = "Destination already exists and was not overwritten.";
@@ -71,7 +71,8 @@ TransferResult<void> VerifiedTransfer::bringIntoArchive(const MediaItem& item, O
     if (found) {
         return compareWithExisting(item, cancelled, record);
     }
-    // Such as a name too long: better told now than once all of the content was copied.
+    // For example a name that is too long. It is better to report this now than after copying all of the
+    // content.
     if (found.error().errnoValue != ENOENT) {
         return TransferError(found.error());
     }
@@ -124,7 +125,7 @@ TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item
     if (!source) {
         return TransferError(source.error());
     }
-    // A digest from before a change would call the changed file archived.
+    // The digest may be older than a change of the file. It would then make the changed file look archived.
     TransferResult<std::string> wanted =
         isAsScanned(item, *source) ? sourceHash(item, cancelled) : hash(item.sourceURL, cancelled);
     if (!wanted) {
@@ -147,7 +148,7 @@ TransferResult<void> VerifiedTransfer::compareWithExisting(const MediaItem& item
 TransferResult<void> VerifiedTransfer::proveCopy(const MediaItem& item, VerifiedCopy& copy,
                                                  const CancellationCheck& cancelled,
                                                  FileTransactionItem& record) const {
-    // Before the flush, so that the device writes meanwhile.
+    // This comes before the flush, so that the device writes in the meantime.
     TransferResult<std::string> wanted = sourceHash(item, cancelled);
     if (!wanted) {
         return wanted.error();
@@ -203,8 +204,7 @@ TransferResult<void> VerifiedTransfer::removeSource(HeldFile& source, const File
     return !removed && isKept(removed.error(), record) ? TransferResult<void>() : removed;
 }
 
-/// A card that is write-protected, or a folder of somebody else's: the copy is as good as any, so that only
-/// the source is told of.
+/// A write-protected card, or a folder of another user. The copy is good, so only the source is reported.
 bool VerifiedTransfer::isKept(const TransferError& error, FileTransactionItem& record) {
     const auto* refused = std::get_if<FileError>(&error);
     const bool isProtected =

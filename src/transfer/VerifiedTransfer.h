@@ -18,7 +18,7 @@
 
 namespace lumeo {
 
-/// Stops one file's transfer. Shared between the transfer and whoever cancels it; any thread may call.
+/// Stops one file's transfer. The transfer and the code that cancels it share the token. Any thread may call.
 class TransferCancellationToken {
 public:
     void cancel() {
@@ -31,8 +31,8 @@ public:
         return cancelled_;
     }
 
-    /// Runs `removal` unless cancelled, and holds off cancel() while it runs: a cancel comes either
-    /// before it, and prevents it, or after it. Gives whether it ran.
+    /// Runs `removal` unless cancelled, and makes cancel() wait while it runs. So a cancel comes either
+    /// before the removal and prevents it, or after it. Returns whether it ran.
     template<class Removal>
     bool unlessCancelled(Removal&& removal) {
         const MutexGuard guard(mutex_);
@@ -48,35 +48,35 @@ private:
     bool cancelled_ LUMEO_GUARDED_BY(mutex_) = false;
 };
 
-/// Brings one file into the archive: never a half-written file under its final name, nothing
-/// overwritten, no source removed before its copy was proven identical and is durable.
+/// Brings one file into the archive. A half-written file never has its final name, and nothing is
+/// overwritten. No source is removed before its copy is proven identical and is durable.
 class VerifiedTransfer {
 public:
-    /// All must outlive the transfer. The root of the archive must stay on its device: when that goes away
-    /// under its path, the files that are left fail, and nothing is put on the disk that comes to light
-    /// there. `journal` may be null: then removals are not written down before they are made.
+    /// All must outlive the transfer. The root of the archive must stay on its device. If the device goes
+    /// away, the remaining files fail, and nothing is written to the disk below its mount point. `journal`
+    /// may be null; removals are then not recorded before they happen.
     VerifiedTransfer(FileSystem& fileSystem, const ArchiveHold& archive, RunJournal* journal)
         : fileSystem_(fileSystem), archive_(archive), journal_(journal), folders_(fileSystem) {}
 
-    /// Transfers `item` to `destination` and tells the outcome; whatever goes wrong stands in the
-    /// record. Blocks the calling thread. In a move, the names that were made and the record in the journal
-    /// are durable before the source is removed; in a copy the names wait for flushFolders().
+    /// Transfers `item` to `destination` and returns the record with the outcome, which also describes
+    /// failures. Blocks the calling thread. In a move, the new names and the record in the journal are
+    /// durable before the source is removed. In a copy, the names wait for flushFolders().
     FileTransactionItem transferFile(const MediaItem& item, const FilePath& destination, OperationMode mode,
                                      TransferCancellationToken& token);
 
-    /// Why the transfer of the last file failed; absent when it did not.
+    /// Why the transfer of the last file failed. Absent when it did not fail.
     [[nodiscard]] const std::optional<TransferError>& lastError() const noexcept { return lastError_; }
 
-    /// Sources of a move that stay where they are, since the system lets nobody remove them. Their copies are
-    /// in the archive, verified.
+    /// Sources of a move that stay in place because the system does not allow removing them. Their copies are
+    /// in the archive and verified.
     struct KeptSources {
         std::int64_t count = 0;
         std::optional<FileError> first;
     };
     [[nodiscard]] const KeptSources& keptSources() const noexcept { return keptSources_; }
 
-    /// Makes the names that copies made durable. Gives the folders where the device refused: what was
-    /// put there may not outlive a loss of power.
+    /// Makes the names of the copies durable. Returns the folders that the device refused. Files in these may
+    /// not survive a loss of power.
     std::vector<UnflushedFolder> flushFolders() { return folders_.flushAll(); }
 
 private:

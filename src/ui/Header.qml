@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The brand, the way through the wizard, and what can be asked for from anywhere.
+/// The logo, the steps of the wizard, and the commands that are available everywhere.
 Rectangle {
     id: header
 
@@ -47,7 +47,7 @@ Rectangle {
             RowLayout {
                 id: way
 
-                /// A long name may take from the room of short ones; else the steps are of one width.
+                /// All steps have the same width, unless a long name needs space from short ones.
                 readonly property bool isEven: {
                     for (let i = 0; i < steps.count; ++i) {
                         if (steps.itemAt(i).nameWidth * steps.count > width)

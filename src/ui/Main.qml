@@ -3,8 +3,8 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The main window: the header, and below it the screen of the current step. A screen is made when its
-/// step is shown and is gone after it.
+/// The main window: the header, and below it the screen of the current step. A screen is created when its
+/// step is shown and destroyed after it.
 Window {
     id: window
 
@@ -142,7 +142,7 @@ Window {
 
         function onIsChangingFilesChanged() {
             if (!window.shell.isChangingFiles)
-                closeQuestion.close(); // it has answered itself
+                closeQuestion.close(); // the question was answered in another way
         }
     }
 

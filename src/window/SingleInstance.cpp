@@ -36,7 +36,7 @@ SingleInstance::SingleInstance(const QString& name, QObject* parent)
 bool SingleInstance::claim(const Start& start, std::chrono::milliseconds patience) {
     constexpr int mostHanging = 8;
     for (int hanging = 0; hanging < mostHanging && !address_.isEmpty(); ++hanging) {
-        // An instance that hangs keeps its address: it can be reached again once it goes on.
+        // A hanging instance keeps its address, so it can be reached again when it continues.
         const QString address = hanging == 0 ? address_ : address_ + u'-' + QString::number(hanging + 1);
         lock_ = std::make_unique<QLockFile>(address + QStringLiteral(".lock"));
         lock_->setStaleLockTime(0); // held as long as the program runs

@@ -31,7 +31,7 @@ namespace {
 
 const char* const activationToken = "XDG_ACTIVATION_TOKEN";
 
-/// Answers what needs no display; false when the window is wanted.
+/// Handles options that need no display. False when the window is wanted.
 bool hasAnswered(std::span<const char* const> arguments) {
     for (const std::string_view argument : arguments) {
         if (argument == "--version") {
@@ -54,7 +54,7 @@ void name(QGuiApplication& application) {
     application.setDesktopFileName(QStringLiteral("org.lumeo.Lumeo"));
 }
 
-/// Reads what the desktop has told a start, before the toolkit takes it for its own.
+/// Reads what the desktop has passed to this start, before Qt uses it for itself.
 lumeo::Start thisStart(std::span<const char* const> arguments) {
     return {.showsSettings = std::ranges::any_of(
                 arguments, [](std::string_view argument) { return argument == "--settings"; }),
@@ -73,7 +73,7 @@ void showSettingsIfAsked(QWindow& window, const lumeo::Start& start) {
 
 void bringToFront(QWindow& window, const lumeo::Start& start) {
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
-        qputenv(activationToken, start.activationToken); // where requestActivate() looks for it
+        qputenv(activationToken, start.activationToken); // requestActivate() looks for it there
     }
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
     show(window);
@@ -93,7 +93,7 @@ int main(int argc, char* argv[]) {
     lumeo::turnWriteSignalsIntoErrors();
     QGuiApplication application(argc, argv);
     name(application);
-    // The end of a session ends the event loop; taking the state down then stops what is running.
+    // The end of a session ends the event loop. The destructor of the state then stops the running jobs.
     const lumeo::Interrupt interrupt;
     const std::stop_callback ending(interrupt.token(), [&application] {
         QMetaObject::invokeMethod(

@@ -26,7 +26,8 @@
 
 namespace lumeo {
 
-/// One volume that holds everything and has as much room as a test wants. Asleep, it answers nobody.
+/// One volume that holds everything, with the free space that a test sets. When it sleeps, it does not
+/// answer.
 class OneVolume final : public Volumes {
 public:
     static constexpr std::int64_t unknown = -1;
@@ -54,7 +55,7 @@ public:
     }
 };
 
-/// A desktop whose user answers with what the test has laid down.
+/// A desktop whose user gives the answers that the test has prepared.
 class ScriptedDesktop final : public FolderChooser, public SavePanel, public FileBrowser {
 public:
     std::vector<FilePath> folders;
@@ -74,12 +75,12 @@ private:
     FolderChooser::Answer held_;
 };
 
-/// The state over real folders: a card with photos and an archive that is yet to be made.
+/// The state over real folders: a card with photos, and an archive that does not exist yet.
 class AppStateTest : public ::testing::Test {
 protected:
     AppStateTest() { restart(); }
 
-    /// The next life of the program.
+    /// Restarts the program.
     void restart() {
         state_.reset();
         preferences_.reset();
@@ -101,7 +102,7 @@ protected:
         state().startScan();
         ASSERT_TRUE(testing::waitUntil([this] { return !state().isScanning(); }));
     }
-    /// The card's files with their places in the archive, at the preview step.
+    /// Goes to the preview with the card's files planned.
     void preview() {
         state().setDestination(archive());
         scanCard();
@@ -111,7 +112,7 @@ protected:
         ASSERT_TRUE(testing::waitUntil([this] { return !state().isPlanning(); }));
         ASSERT_EQ(state().currentStep(), WizardStep::preview);
     }
-    /// A run that is under way.
+    /// Starts a run and waits until it works.
     void startRun() {
         state().startOperation();
         ASSERT_TRUE(testing::waitUntil([this] { return state().isProcessing(); }));
@@ -149,7 +150,7 @@ protected:
         }
         return names;
     }
-    /// Where the items are to go, relative to the archive, sorted.
+    /// The destinations of the items, relative to the archive, sorted.
     [[nodiscard]] std::vector<std::string> places() {
         std::vector<std::string> places;
         for (const MediaItem& item : *state().scannedItems()) {
@@ -164,11 +165,11 @@ protected:
     static std::ptrdiff_t threadCount() {
         return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
     }
-    /// Waits for it: the kernel lists a joined thread for a moment more.
+    /// Waits for this, because the kernel lists a joined thread for another moment.
     static bool comesDownTo(std::ptrdiff_t threads) {
         return testing::waitUntil([threads] { return threadCount() <= threads; });
     }
-    /// From now on every call of the disk takes this long.
+    /// Makes every call of the disk take this long from now on.
     void slowDown(std::chrono::microseconds delay) {
         disk_.beforeEachCall([delay](const DiskCall& /*call*/) { std::this_thread::sleep_for(delay); });
     }
@@ -180,7 +181,7 @@ protected:
     SystemClock clock_;
     PosixFileSystem realDisk_;
     FaultyFileSystem disk_{realDisk_};
-    RunJournals journals_{realDisk_, home_ / "journals"}; // apart from the faults that a test has in mind
+    RunJournals journals_{realDisk_, home_ / "journals"}; // separate from the faults that a test sets
 
 private:
     std::unique_ptr<QSettings> settings_;

@@ -192,7 +192,7 @@ void FaultyFileSystem::announce(const DiskCall& call) const {
         hook = hook_;
     }
     if (hook && *hook) {
-        (*hook)(call); // unlocked: it may wait for a thread that uses this disk
+        (*hook)(call); // without the lock: it may wait for a thread that uses this disk
     }
 }
 

@@ -7,17 +7,17 @@
 
 namespace lumeo {
 
-/// One call on its way to the disk.
+/// One call to the disk.
 struct DiskCall {
-    std::string_view operation; ///< the interface's own name: "createFile", "read", "renameReplacing", …
+    std::string_view operation; ///< the name in the interface: "createFile", "read", "renameReplacing", …
     FileAction action = FileAction::examine;
     FilePath path;
-    FilePath newPath;       ///< of a rename; otherwise empty
-    std::size_t number = 0; ///< of all calls so far, from 1; 0 for a mere hint ("evict")
+    FilePath newPath;       ///< of a rename; empty for other calls
+    std::size_t number = 0; ///< counts all calls from 1; 0 for a mere hint ("evict")
 };
 
-/// A file system, handing every call to another one, whose disk fails, fills up, lies, or lets somebody else
-/// in between two calls. Without being told to it does nothing but count.
+/// A file system that passes every call to another one. Its disk can fail, fill up, return wrong data, or let
+/// somebody else interfere between two calls. Without instructions it only counts.
 ///
 ///     PosixFileSystem real;
 ///     FaultyFileSystem disk(real);
@@ -26,29 +26,29 @@ struct DiskCall {
 ///     disk.failWhen([](const DiskCall& call) { return call.operation == "removeFile"; }, EROFS);
 ///     disk.limitSpace(1000);                                // the 1001st byte written meets ENOSPC
 ///     disk.flipBitWhenReading([](const FilePath& path) { return path.extension() == "partial"; });
-///     disk.beforeEachCall([&](const DiskCall& call) { … }); // look on, interfere, or kill the process
+///     disk.beforeEachCall([&](const DiskCall& call) { … }); // watch, interfere, or kill the process
 ///
-/// Every call of FileSystem, ReadableFile and WritableFile counts as one, and so do an entry of a walk
-/// (action examine) and its going down into a folder (action list). A call that fails does not reach the
-/// disk, except for the bytes of a write that still fit. The evict() of a file cannot fail, so it is
-/// announced but not counted; so is isOpenForWriting(). Any thread may call at any time; files opened through
-/// it must not outlive it, nor it the other file system.
+/// Every call of FileSystem, ReadableFile and WritableFile counts as one. So does each entry of a walk
+/// (action examine), and each folder that the walk enters (action list). A call that fails does not reach the
+/// disk, except for the bytes of a write that still fit. evict() cannot fail, so it is announced but not
+/// counted. The same is true of isOpenForWriting(). Any thread may call at any time. Files that are opened
+/// through it must not outlive it, and it must not outlive the other file system.
 class FaultyFileSystem final : public FileSystem {
 public:
     explicit FaultyFileSystem(FileSystem& target) : target_(target) {}
     using Hook = std::function<void(const DiskCall&)>;
 
-    /// How many calls were made so far.
+    /// The number of calls so far.
     [[nodiscard]] std::size_t callCount() const;
 
     void failCall(std::size_t number, int errnoValue);
     void failAction(FileAction action, int errnoValue);
     void failWhen(std::function<bool(const DiskCall&)> when, int errnoValue);
     void limitSpace(std::int64_t bytes);
-    /// Gives one bit wrong, that of the byte at `offset`, whenever a file that `which` picks is read.
+    /// Flips one bit of the byte at `offset` whenever a file that `which` selects is read.
     void flipBitWhenReading(std::function<bool(const FilePath&)> which, std::int64_t offset = 0);
-    /// Runs before a call is made or failed, on the thread that makes it. What it does itself to the disk
-    /// it should do through the file system below.
+    /// Runs before each call, even one that will fail, on the thread of the call. The hook should use the
+    /// file system below for its own work on the disk.
     void beforeEachCall(Hook hook);
 
     FileResult<FileStatus> status(const FilePath& path) const override;
@@ -68,7 +68,7 @@ public:
     FileResult<void> flushFolder(const FilePath& folder) override;
     FileResult<VolumeSpace> volumeSpace(const FilePath& path) const override;
     [[nodiscard]] DiskTraits diskTraits(const FilePath& path) const override {
-        return target_.diskTraits(path); // no call to the disk worth counting
+        return target_.diskTraits(path); // not a call to the disk that should count
     }
 
 private:
@@ -85,10 +85,10 @@ private:
         std::int64_t offset = 0;
     };
 
-    /// The error that the call is to meet, if any.
+    /// The error that the call should meet. Absent when there is none.
     std::optional<FileError> meet(std::string_view operation, FileAction action, const FilePath& path,
                                   const FilePath& newPath = {}) const;
-    /// What `call` gives, unless it is to meet an error.
+    /// The result of `call`, unless it should meet an error.
     template<class Call>
     auto through(std::string_view operation, FileAction action, const FilePath& path, Call call,
                  const FilePath& newPath = {}) const -> decltype(call()) {
@@ -96,9 +96,9 @@ private:
         return error ? decltype(call())(*error) : call();
     }
     void announce(const DiskCall& call) const;
-    /// How many of `wanted` bytes still fit; takes them.
+    /// Takes space for `wanted` bytes and returns how many still fit.
     std::size_t takeSpace(std::size_t wanted);
-    /// Applies the bit flips to what was read from `offset` on.
+    /// Applies the bit flips to bytes that were read from `offset`.
     void distort(const FilePath& path, std::int64_t offset, std::span<std::byte> bytes) const;
 
     FileSystem& target_;
@@ -107,7 +107,7 @@ private:
     std::vector<Fault> faults_;
     std::vector<BitFlip> bitFlips_;
     std::optional<std::int64_t> spaceLeft_;
-    std::shared_ptr<const Hook> hook_; ///< shared, so that a hook keeps its own counts from call to call
+    std::shared_ptr<const Hook> hook_; ///< shared, so that a hook keeps its own counts between calls
 };
 
 } // namespace lumeo

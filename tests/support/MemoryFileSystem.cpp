@@ -38,7 +38,7 @@ private:
 
 void MemoryFileSystem::addFile(const FilePath& path, std::string_view content) {
     addFolder(path.parent());
-    const auto known = find(path); // in whatever letters
+    const auto known = find(path); // in any case
     entries_[known != entries_.end() ? known->first : path] = {FileKind::regular, std::string(content)};
 }
 

@@ -11,8 +11,8 @@
 
 namespace lumeo {
 
-/// Files and folders in memory, readable only, that counts what it is asked. For code that looks at the
-/// disk but never writes; whatever would write fails with EROFS.
+/// Files and folders in memory. It is read-only and counts what it is asked. It is for code that looks at the
+/// disk but never writes. Every write fails with EROFS.
 class MemoryFileSystem final : public FileSystem {
 public:
     /// Adds a file and the folders above it.
@@ -20,24 +20,23 @@ public:
     void addFolder(const FilePath& path);
     void addLink(const FilePath& path, const FilePath& target);
 
-    /// From now on, opening `path` fails with `errnoValue`.
+    /// Makes opening `path` fail with `errnoValue` from now on.
     void refuseOpening(const FilePath& path, int errnoValue) {
         const auto known = find(path);
         refusedOpening_[known != entries_.end() ? known->first : path] = errnoValue;
     }
 
-    /// From now on, no name below `folder` can be examined: `errnoValue`, as where permission lacks.
+    /// Makes examining any name below `folder` fail with `errnoValue` from now on, as without permission.
     void refuseExamining(const FilePath& folder, int errnoValue) { refusedExamining_[folder] = errnoValue; }
 
-    /// What the disk takes. Of its comparisons, the lookup of existing names knows those of case and
-    /// composition.
+    /// What the disk accepts. The lookup of existing names considers case and composition.
     DiskTraits traits;
 
-    /// Called at each opening, before it.
+    /// Called before each opening.
     std::function<void(const FilePath&)> onOpen;
 
-    /// How often status() was asked for each path, and which files were opened, in order,
-    /// and how much was read of them.
+    /// How often status() was called for each path, the files that were opened, in order, and the number of
+    /// bytes that were read.
     [[nodiscard]] const std::map<FilePath, int>& examined() const { return examined_; }
     [[nodiscard]] const std::vector<FilePath>& opened() const { return opened_; }
     [[nodiscard]] std::size_t bytesRead() const { return bytesRead_; }
@@ -74,7 +73,7 @@ private:
 
     struct Entry {
         FileKind kind = FileKind::regular;
-        std::string content; ///< of a link: its target
+        std::string content; ///< for a link: its target
     };
 
     using Entries = std::map<FilePath, Entry>;

@@ -18,7 +18,7 @@ public:
     void open(const FilePath& file) override;
 
 private:
-    /// Calls `method` for `path`; opens the folder `otherwise` where nobody answers.
+    /// Calls `method` for `path`. Opens the folder `otherwise` when nobody answers.
     void ask(const QString& method, const FilePath& path, const FilePath& otherwise);
 };
 

@@ -4,8 +4,7 @@
 
 namespace lumeo {
 
-/// Shows a message of the program among the desktop's notifications. Nothing happens where nobody shows them.
-/// Main thread only.
+/// Shows a message as a desktop notification. Nothing happens where the desktop has none. Main thread only.
 struct DesktopNotifier {
     static void tell(const QString& title, const QString& text);
 };

@@ -5,8 +5,8 @@
 
 namespace lumeo {
 
-/// What the user has asked of the whole desktop, according to its settings portal: less motion, larger texts.
-/// Before the portal has answered, and where there is none, nothing is asked. Main thread only.
+/// The user's settings for the whole desktop, from its settings portal: less motion, larger texts. Before the
+/// portal has answered, and where there is none, the usual values apply. Main thread only.
 class DesktopSettings : public QObject {
     Q_OBJECT
 

@@ -97,7 +97,7 @@ void PortalRequest::refuse() {
 }
 
 void PortalRequest::respond(uint response, const QVariantMap& results) {
-    // Desktops say in more than one way that the user has gone away; each of them has shown its dialog.
+    // Desktops report a cancel in different ways. In each case the dialog was shown.
     constexpr uint confirmed = 0;
     finish(response == confirmed ? results.value(QStringLiteral("uris")).toStringList() : QStringList());
 }

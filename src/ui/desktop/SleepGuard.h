@@ -8,8 +8,8 @@ class QDBusPendingCallWatcher;
 
 namespace lumeo {
 
-/// Keeps the machine from falling asleep while a run works: through the desktop's portal, or through the
-/// login manager where there is no portal. Where neither answers, the machine may sleep. Main thread only.
+/// Prevents the machine from sleeping during a run. It uses the desktop's portal, or the login manager where
+/// there is no portal. Where neither answers, the machine may sleep. Main thread only.
 class SleepGuard : public QObject {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
     using QObject::QObject;
     ~SleepGuard() override; ///< lets the machine sleep again
 
-    /// Asks the desktop, or gives back what it granted. The same value again does nothing.
+    /// Asks the desktop, or releases what it granted. The same value again does nothing.
     void keepAwake(bool awake);
 
 private:
@@ -26,9 +26,9 @@ private:
     void release();
 
     bool isWanted_ = false;
-    int number_ = 0;                    ///< of the latest wish: answers to older ones are given back
-    QString request_;                   ///< granted by the portal; empty while nothing is
-    QDBusUnixFileDescriptor inhibitor_; ///< granted by the login manager; closing it gives it back
+    int number_ = 0;                    ///< of the latest request; grants for older ones are released
+    QString request_;                   ///< granted by the portal; empty when there is no grant
+    QDBusUnixFileDescriptor inhibitor_; ///< granted by the login manager; closing it releases the grant
 };
 
 } // namespace lumeo

@@ -1,11 +1,11 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// Narrows a list to one kind of its rows, and says how many there are.
+/// Narrows a list to one kind of rows, and shows how many there are.
 ExclusiveButton {
     id: control
 
-    property string count ///< as shown; empty for none
+    property string count ///< as shown; empty when there is none
 
     implicitHeight: Theme.scaled(28)
     leftPadding: Theme.s12

@@ -1,11 +1,11 @@
 import QtQuick
 
-/// A button that shows its symbol only; its text is its name and its tooltip.
+/// A button that shows only its symbol. Its text is its accessible name and its tooltip.
 ButtonBase {
     id: control
 
     property int size: 28
-    property bool isQuiet: false ///< without a tooltip, for something else tells by now
+    property bool isQuiet: false ///< without a tooltip, because something else explains it now
     property int symbolSize: 18
     property color color: Theme.textSecondary
     property color cutOut: Theme.surface

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A small thing to do, said in the running text's own size and without a frame.
+/// A button for a small action, in the size of the text around it and without a frame.
 ButtonBase {
     id: control
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// The one thing to do next on a screen.
+/// The main action of a screen.
 ButtonBase {
     id: control
 
@@ -13,7 +13,7 @@ ButtonBase {
     leftPadding: Theme.s16
     rightPadding: Theme.s16
     font.weight: Font.DemiBold
-    opacity: 1 // its words stay legible when it cannot be used
+    opacity: 1 // the text stays readable when the button is disabled
     Accessible.description: enabled ? "" : missing
 
     contentItem: ButtonLabel {

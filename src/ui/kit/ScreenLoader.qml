@@ -29,7 +29,7 @@ Loader {
         return null;
     }
 
-    /// Return does what the screen is for where nothing on it has the keyboard.
+    /// If nothing on the screen has the focus, Return presses its primary button.
     function proceed(event: var) {
         const button = item ? primary(item) : null;
         event.accepted = button !== null;

@@ -10,8 +10,8 @@ Card {
     property string value
     property string caption
     property string detail
-    property string action ///< what can be done about the number; empty for nothing
-    property bool isBusy: false ///< the number is being worked out
+    property string action ///< what the user can do about the number; empty when there is nothing
+    property bool isBusy: false ///< the number is being computed
     signal acted
 
     implicitWidth: 160

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 
-/// A line that the user writes, under its label.
+/// A text field with one line, under its label.
 FocusScope {
     id: control
 
@@ -10,12 +10,12 @@ FocusScope {
     property alias placeholder: field.placeholderText
     property alias text: field.text
     property bool invalid: false
-    property string problem ///< what is wrong with the text, for those who cannot see it
+    property string problem ///< what is wrong with the text, for screen readers
     property bool monospaced: false
     signal textEdited
     signal accepted
 
-    /// Writes `words` in place of what is selected.
+    /// Replaces the selection by `words`.
     function insert(words: string) {
         field.remove(field.selectionStart, field.selectionEnd);
         field.insert(field.cursorPosition, words);

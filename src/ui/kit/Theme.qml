@@ -2,15 +2,15 @@ pragma Singleton
 
 import QtQuick
 
-/// The colours by role, in the light and the dark appearance, and the measures. Whoever owns the window
-/// sets the first four properties; screens name roles, never colours.
+/// The colours by role, in the light and the dark appearance, and the sizes. The owner of the window sets the
+/// first four properties. Screens use roles and never colours.
 QtObject {
     id: theme
 
     property bool dark: false
     property bool reducedMotion: false
-    property real textScale: 1 ///< of the desktop's texts to the usual ones
-    /// The name of the tint that stands for what the window shows now.
+    property real textScale: 1 ///< the desktop's text size relative to the usual one
+    /// The name of the tint for what the window shows now.
     property string accent: "blue"
 
     readonly property color ground: dark ? "#1C1C1E" : "#F5F5F7"
@@ -20,14 +20,14 @@ QtObject {
     readonly property color textPrimary: dark ? "#F5F5F7" : "#1D1D1F"
     readonly property color textSecondary: dark ? "#B8B8BE" : "#515157"
     readonly property color textTertiary: dark ? "#9C9CA3" : "#66666B"
-    /// What lies over the window behind a sheet.
+    /// Covers the window behind a sheet.
     readonly property color shade: dark ? "#99000000" : "#59000000"
-    /// Laid over a control that the pointer is on, or that is held down.
+    /// Covers a control while the pointer is over it or presses it.
     readonly property color hover: dark ? "#14FFFFFF" : "#0D000000"
     readonly property color press: dark ? "#24FFFFFF" : "#1A000000"
     readonly property color onFilled: "#FFFFFF"
 
-    // Tints: for text and symbols on any ground.
+    // Tints for text and symbols on any background.
     readonly property color blue: dark ? "#6CB2FF" : "#0059C9"
     readonly property color cyan: dark ? "#6FD6FF" : "#006A8A"
     readonly property color orange: dark ? "#FFB54D" : "#9A4A00"
@@ -64,12 +64,12 @@ QtObject {
 
     readonly property int quick: duration(160)
 
-    /// A size that follows the desktop's texts.
+    /// A size that follows the desktop's text size.
     function scaled(size: real): int {
         return Math.round(size * textScale);
     }
 
-    /// The colour of a tint by its name; of the text, with a warning, for an unknown one.
+    /// The colour of a tint by its name. For an unknown name, the text's colour, with a warning.
     function tint(name: string): color {
         switch (name) {
         case "blue": return blue;
@@ -86,7 +86,7 @@ QtObject {
         return textPrimary;
     }
 
-    /// The colour of a fill that white text stands on, by the name of its tint.
+    /// The colour of a background for white text, by the name of its tint.
     function filled(name: string): color {
         switch (name) {
         case "blue": return "#0A6CE8";
@@ -103,12 +103,12 @@ QtObject {
         return "#636368";
     }
 
-    /// The soft ground of tiles and circles.
+    /// The soft background of tiles and circles.
     function soft(shade: color): color {
         return Qt.alpha(shade, 0.12);
     }
 
-    /// How long a motion lasts that is to take `milliseconds`: no time with reduced motion.
+    /// The duration of an animation of `milliseconds`. 0 with reduced motion.
     function duration(milliseconds: int): int {
         return reducedMotion ? 0 : milliseconds;
     }

@@ -12,7 +12,7 @@
 namespace lumeo {
 namespace {
 
-/// What failed for the same reason says so in the same words, but for the file's name in front.
+/// Messages with the same reason have the same words, except for the file's name at the start.
 std::string withoutName(const std::string& message) {
     const std::string_view begin = "“";
     const std::string_view end = "” ";

@@ -13,7 +13,7 @@
 namespace lumeo {
 namespace {
 
-/// In points, as large as the panel shows it: sharp on screens with two pixels to a point.
+/// In points, as large as the panel shows it. Sharp on screens with two pixels for each point.
 constexpr QSize pictureSize(160, 128);
 
 QVariantMap row(const char* label, const QString& value, bool isPath = false) {
@@ -139,7 +139,7 @@ void InspectorModel::loadPicture() {
 
 void InspectorModel::loadLargePicture(QSizeF points, double pixelsPerPoint) {
     dropLargePicture();
-    // The service makes pictures at two pixels to a point.
+    // The service makes pictures with two pixels for each point.
     const QSize wanted = (points * pixelsPerPoint / 2).toSize().boundedTo(QSize(1280, 1280));
     largeRequest_ = thumbnails_.load(item_->sourceURL, wanted, [this](const QImage& picture) {
         largeRequest_.reset();

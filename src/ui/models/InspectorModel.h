@@ -41,7 +41,7 @@ public:
     /// Shows an item. If it is shown already, its picture stays. `twins` are the rows about identical files:
     /// {label, value, isPath}.
     void open(const MediaItem& item, const QVariantList& twins = {});
-    /// Makes `largePicture` for a space of `points` on a screen with that many pixels to a point.
+    /// Makes `largePicture` for a space of `points` on a screen with this number of pixels for each point.
     Q_INVOKABLE void loadLargePicture(QSizeF points, double pixelsPerPoint);
     Q_INVOKABLE void dropLargePicture();
     Q_INVOKABLE void openFile() const;
@@ -58,7 +58,7 @@ public:
     [[nodiscard]] QStringList errors() const;
     [[nodiscard]] QString name() const;
     [[nodiscard]] const QImage& picture() const { return picture_; }
-    /// The one that fills the window; the small one until that has come.
+    /// The picture that fills the window. The small one until the large one is ready.
     [[nodiscard]] const QImage& largePicture() const {
         return largePicture_.isNull() ? picture_ : largePicture_;
     }

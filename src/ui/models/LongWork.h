@@ -8,8 +8,7 @@ namespace lumeo {
 
 class AppState;
 
-/// Tells when work has ended that took so long that the user may have turned to something else. Main thread
-/// only.
+/// Reports the end of work that took so long that the user may do something else by now. Main thread only.
 class LongWork : public QObject {
     Q_OBJECT
 
@@ -25,7 +24,7 @@ private:
 
     const AppState& state_;
     double seconds_;
-    QElapsedTimer since_; ///< the beginning of the latest work: only one is under way as a rule
+    QElapsedTimer since_; ///< the start of the latest work; usually there is only one
 };
 
 } // namespace lumeo

@@ -206,13 +206,13 @@ void OrganizationModel::showPlan() {
     emit planChanged();
 }
 
-/// Walks through the whole catalogue, so only while the screen is shown.
+/// This goes through the whole catalogue, so it only runs while the screen is shown.
 void OrganizationModel::showItems() {
     if (state_.currentStep() != WizardStep::organization) {
         return;
     }
     const auto& items = *state_.scannedItems();
-    // A file without a date would hide what the pattern does.
+    // A file without a date would not show the effect of the pattern.
     const auto dated =
         std::ranges::find_if(items, [](const MediaItem& item) { return item.resolvedDate.hasValue(); });
     exampleItem_.reset();

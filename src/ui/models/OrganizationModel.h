@@ -18,7 +18,7 @@ namespace lumeo {
 class AppState;
 class LocalizationManager;
 
-/// The third screen: how the archive is to be built, and whether its destination has room for it.
+/// The third screen: the structure of the archive, and whether its destination has enough space.
 class OrganizationModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -40,7 +40,7 @@ class OrganizationModel : public QObject {
     Q_PROPERTY(int duplicatePolicy READ duplicatePolicy WRITE setDuplicatePolicy NOTIFY planChanged)
     Q_PROPERTY(bool verifyTransfers READ verifyTransfers WRITE setVerifyTransfers NOTIFY planChanged)
 
-    /// False during a run or an undo, which would not take a change over.
+    /// False during a run or an undo, when changes are not accepted.
     Q_PROPERTY(bool isAnalyzed READ isAnalyzed NOTIFY analysisChanged)
     Q_PROPERTY(bool isAnalyzing READ isAnalyzing NOTIFY analysisChanged)
     Q_PROPERTY(QString patternProblem READ patternProblem NOTIFY planChanged)
@@ -53,7 +53,7 @@ public:
     /// Both must outlive the model.
     OrganizationModel(AppState& state, const LocalizationManager& localization, QObject* parent = nullptr);
 
-    /// Presets and policies are known to the screen by their place in these lists.
+    /// The screen refers to presets and policies by their index in these lists.
     [[nodiscard]] QStringList presetExamples() const;
     [[nodiscard]] QStringList unknownDatePolicies() const;
     [[nodiscard]] QStringList duplicatePolicies() const;
@@ -64,12 +64,12 @@ public:
     [[nodiscard]] QString customTemplate() const;
     void setCustomTemplate(const QString& text);
 
-    /// The name of a scanned file, and where in the archive the custom template would put it; empty
-    /// when nothing was scanned.
+    /// The name of a scanned file, and its path in the archive under the custom template. Empty when nothing
+    /// was scanned.
     [[nodiscard]] QString exampleBefore() const { return exampleBefore_; }
     [[nodiscard]] QString exampleAfter() const { return exampleAfter_; }
 
-    /// The translated hint, taken apart: its words, and the tags that follow them.
+    /// The two parts of the translated hint: its words, and the tags after them.
     [[nodiscard]] QString tagsLabel() const;
     [[nodiscard]] QStringList tags() const;
 
@@ -84,7 +84,7 @@ public:
     [[nodiscard]] bool verifyTransfers() const;
     void setVerifyTransfers(bool verify);
 
-    /// What is odd about the pattern, such as a tag that nobody knows; empty when nothing is.
+    /// A problem of the pattern, such as an unknown tag. Empty when there is none.
     [[nodiscard]] QString patternProblem() const;
     [[nodiscard]] bool isAnalyzed() const; ///< all duplicates are known
     [[nodiscard]] bool isAnalyzing() const;

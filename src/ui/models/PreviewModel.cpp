@@ -302,7 +302,8 @@ void PreviewModel::inspect(int row) {
 
 void PreviewModel::seek(const QString& beginning) {
     const int current = std::max(currentRow(), 0);
-    // The first letter goes on to the next of its rows; the others narrow what was found.
+    // The first letter moves on to the next matching row. More letters narrow the search from the current
+    // row.
     const int first = beginning.size() > 1 || currentRow() < 0 ? current : current + 1;
     for (int step = 0; step < rows_.count(); ++step) {
         const int row = (first + step) % rows_.count();

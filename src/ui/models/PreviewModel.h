@@ -33,17 +33,16 @@ class PreviewModel : public QObject {
     Q_PROPERTY(QString listed READ listed NOTIFY listedChanged)
     /// The row of the inspected item. -1 when there is none or it is not listed.
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged)
-    /// As the user left them; empty before, 0 where a column has the width that is usual.
+    /// As the user left them. Empty when none was changed; 0 for a column with the usual width.
     Q_PROPERTY(QList<int> columnWidths READ columnWidths WRITE setColumnWidths NOTIFY columnWidthsChanged)
     Q_PROPERTY(bool isMove READ isMove NOTIFY planChanged)
     Q_PROPERTY(bool canStart READ canStart NOTIFY readinessChanged)
     Q_PROPERTY(QString missing READ missing NOTIFY readinessChanged)
-    /// What happens before the run can begin, such as looking at a slow destination; empty while nothing
-    /// does.
+    /// What happens before the run can start, such as examining a slow destination. Empty when nothing does.
     Q_PROPERTY(QString starting READ starting NOTIFY readinessChanged)
     Q_PROPERTY(bool isAnalyzed READ isAnalyzed NOTIFY analysisChanged)
     Q_PROPERTY(bool isAnalyzing READ isAnalyzing NOTIFY analysisChanged)
-    Q_PROPERTY(QString analysis READ analysis NOTIFY analysisChanged) ///< what a start would do meanwhile
+    Q_PROPERTY(QString analysis READ analysis NOTIFY analysisChanged) ///< what a start would do then
     Q_PROPERTY(bool showMoveConfirmation READ showMoveConfirmation WRITE setShowMoveConfirmation NOTIFY
                    showMoveConfirmationChanged)
     Q_PROPERTY(bool isPlanning READ isPlanning NOTIFY readinessChanged)
@@ -73,7 +72,7 @@ public:
     void setColumnWidths(const QList<int>& widths);
     [[nodiscard]] bool isMove() const;
     [[nodiscard]] bool canStart() const;
-    [[nodiscard]] QString missing() const; ///< why the run cannot be started; empty when it can
+    [[nodiscard]] QString missing() const; ///< why the run cannot start; empty when it can
     [[nodiscard]] QString starting() const;
     [[nodiscard]] bool isAnalyzed() const;
     [[nodiscard]] bool isAnalyzing() const;
@@ -87,7 +86,8 @@ public:
     [[nodiscard]] QString cancellation() const;
 
     Q_INVOKABLE void inspect(int row); ///< clamps to the nearest row; does nothing in an empty list
-    /// Inspects the next row, from the current one on and round, whose name begins like that.
+    /// Inspects the next row whose name starts with `beginning`. The search starts at the current row and
+    /// wraps round.
     Q_INVOKABLE void seek(const QString& beginning);
     Q_INVOKABLE void back();
     Q_INVOKABLE void start(); ///< copies at once, asks before it moves
@@ -114,7 +114,7 @@ private:
     void beginAnew();
     void takeItems();
     void followInspectedItem();
-    /// What there is of the inspected file elsewhere, and what a run does with each.
+    /// The other identical files of the inspected one, and what a run does with each.
     [[nodiscard]] QVariantList twins() const;
 
     AppState& state_;

@@ -40,8 +40,8 @@ ReportModel::ReportModel(AppState& state, const LocalizationManager& texts, cons
     takeRun();
 }
 
-/// The report is of what the run worked on, whatever is scanned after it; and what was said about one run
-/// means nothing for the next.
+/// The report shows the items of the run, even when something else is scanned later. Messages about an
+/// earlier run are cleared.
 void ReportModel::takeRun() {
     const Manifest& run = state_.activeManifest();
     items_ = run ? state_.scannedItems() : noItems();
@@ -54,14 +54,14 @@ void ReportModel::takeRun() {
     tellExport({});
 }
 
-/// A catalogue is large, and nobody comes back to the report once the wizard has started anew.
+/// A catalogue is large, and the report is not shown again after the wizard has started anew.
 void ReportModel::letGoOfItems() {
     if (state_.completedSteps().empty()) {
         items_ = noItems();
     }
 }
 
-/// The archive of the run, though the next one may be planned for another place already.
+/// The archive of the run. The next run may be planned for another place already.
 std::optional<FilePath> ReportModel::destination() const {
     return state_.activeManifest() ? state_.activeManifest()->destinationRoot
                                    : state_.organizationPlan().destinationURL;
@@ -107,7 +107,7 @@ void ReportModel::save(const SaveRequest& request, Document document) {
     });
 }
 
-/// A document of a million files takes seconds to make, so it is made where nobody waits for it.
+/// A document about a million files takes seconds to make, so a job makes it.
 void ReportModel::write(Manifest manifest, Document document, const FilePath& path) {
     jobs_.start(
         [this, manifest = std::move(manifest), items = items_, document, path](const std::stop_token&) {
@@ -118,7 +118,7 @@ void ReportModel::write(Manifest manifest, Document document, const FilePath& pa
                 tellExport({.message = QStringLiteral("Saved as %1").arg(shownText(path.lastComponent()))});
             } else {
                 FileError error = written.error();
-                error.path = path; // not the one that it was to be written as before it gets its name
+                error.path = path; // not the temporary name under which it was written
                 tellExport({.hasFailed = true, .message = shownText(error.message())});
             }
         });

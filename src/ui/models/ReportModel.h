@@ -18,8 +18,8 @@ namespace lumeo {
 class AppState;
 class LocalizationManager;
 
-/// The outcome of the last run, and what can be done with it: save it as a document, open the archive,
-/// take the run back, begin again.
+/// The outcome of the last run, and its commands: save it as a document, open the archive, undo the run,
+/// start again.
 class ReportModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -44,7 +44,7 @@ public:
 
     Q_INVOKABLE void exportCSV();
     Q_INVOKABLE void exportReport();
-    Q_INVOKABLE void confirmUndo(); ///< nothing without a journal, or while an undo is under way
+    Q_INVOKABLE void confirmUndo(); ///< does nothing without a journal, or during an undo
     Q_INVOKABLE void stopUndo();
     Q_INVOKABLE void copyUndoWarnings() const;
     Q_INVOKABLE void copyFailures() const;
@@ -80,7 +80,7 @@ private:
     ExportState exporting_;
     bool showUndoAlert_ = false;
     UndoTexts undo_;
-    BackgroundJobs jobs_{*this}; ///< last: its threads end before what they work with
+    BackgroundJobs jobs_{*this}; ///< last: its threads must end before what they work with
 };
 
 } // namespace lumeo

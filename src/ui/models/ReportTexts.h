@@ -40,7 +40,7 @@ struct ReportTexts {
 public:
     bool hasManifest = false;
     bool hasFailures = false;
-    bool hasOnlyFailures = false; ///< not one file arrived
+    bool hasOnlyFailures = false; ///< no file arrived
     QVariantList failures;        ///< {sentence, count, names}: one for each reason
     QStringList failureLines;     ///< all of them: each reason, and below it the paths
     QString subtitle;             ///< how many files failed; empty when none did
@@ -58,12 +58,13 @@ public:
     QString notices; ///< what is to be known of the run as a whole, a line each; empty when nothing is
     QString proof;   ///< of a copy: for each source, whether all of its media is in the archive, a line each
 
-    /// `manifest` may be null, for no run. `sawAll` says that the scan could read everything in the sources.
+    /// `manifest` may be null when there is no run. `sawAll` says that the scan could read everything in the
+    /// sources.
     static ReportTexts of(const OperationManifest* manifest, std::span<const MediaItem> items,
                           std::string_view journalProblem, bool sawAll);
 };
 
-/// The saving of a document.
+/// The progress of saving a document.
 struct ExportState {
     Q_GADGET
     QML_ANONYMOUS
@@ -72,12 +73,12 @@ struct ExportState {
     Q_PROPERTY(QString message MEMBER message)
 
 public:
-    bool isUnderWay = false; ///< from the question where to on
+    bool isUnderWay = false; ///< starts with the question for a file name
     bool hasFailed = false;
     QString message{}; ///< how the last one ended; empty before, and when the user cancelled it
 };
 
-/// An undo that is considered, under way or over, as it is shown.
+/// The texts for an undo that is in question, running or finished.
 struct UndoTexts {
     Q_GADGET
     QML_ANONYMOUS
@@ -95,11 +96,11 @@ public:
     QString forecast; ///< what it would leave in place; empty when that is nothing or not known
     bool isUnderWay = false;
     double fraction = 0;     ///< from 0 to 1
-    QString progress;        ///< "120 / 4000 files processed"; empty until the first file is looked at
+    QString progress;        ///< "120 / 4000 files processed"; empty before the first file
     QString outcome;         ///< empty before its end
-    bool isComplete = true;  ///< nothing was left as it was
+    bool isComplete = true;  ///< everything was undone
     bool isOfReport = false; ///< it has ended, and it was of the run that is reported
-    QString counts;          ///< empty when all went well
+    QString counts;          ///< empty when there was no failure
     QStringList warnings;
 
     static UndoTexts of(const AppState& state, const LocalizationManager& texts);

@@ -45,7 +45,7 @@ public:
     static ScanCounters of(const ScanProgress& progress);
 };
 
-/// What a scan found, as it is shown.
+/// The results of a scan as they are shown.
 struct ScanFindings {
     Q_GADGET
     QML_ANONYMOUS
@@ -68,7 +68,7 @@ struct ScanFindings {
 
 public:
     bool hasItems = false;
-    QString foundLine; ///< how many files were found in how many sources
+    QString foundLine; ///< the number of files and of sources
     QString scannedInLine;
     QString photos;
     QString videos;
@@ -76,10 +76,10 @@ public:
     double photosShare = 0; ///< of all items, from 0 to 1
     double videosShare = 0;
     double rawShare = 0;
-    QString duplicates;      ///< a dash until they were looked for
-    bool isAnalyzed = false; ///< they were
+    QString duplicates;      ///< a dash until they were searched
+    bool isAnalyzed = false; ///< duplicates were searched
     QString unreadableTitle; ///< "3 places could not be read"; empty when all could
-    QStringList unreadable;  ///< each with the system's own word, in part when they are very many
+    QStringList unreadable;  ///< each with the system's reason; not all when there are very many
     QString missingDates;
     QString warnings;
     QString totalSize;

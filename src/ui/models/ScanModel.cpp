@@ -52,7 +52,7 @@ void ScanModel::organize() {
     state_.proceedToNextStep();
 }
 
-/// The sources may be other ones by the time that the findings are looked at.
+/// The sources may have changed when the findings are shown, so their number is kept.
 void ScanModel::followScan() {
     if (isScanning()) {
         sources_ = state_.sources().size();
@@ -64,7 +64,7 @@ void ScanModel::copyUnreadable() const {
     QGuiApplication::clipboard()->setText(findings_.unreadable.join(QLatin1Char('\n')));
 }
 
-/// Walks through the whole catalogue, so only while the screen is shown.
+/// This goes through the whole catalogue, so it only runs while the screen is shown.
 void ScanModel::count() {
     if (state_.currentStep() == WizardStep::scanResults) {
         counts_ = CatalogueCounts::of(*state_.scannedItems());
@@ -76,7 +76,7 @@ void ScanModel::showCounters() {
     counters_ = ScanCounters::of(state_.scanProgress());
     emit countersChanged();
     if (!isScanning()) {
-        showFindings(); // which tell how long it took
+        showFindings(); // the findings tell how long the scan took
     }
 }
 

@@ -10,7 +10,7 @@ namespace lumeo {
 class AppState;
 class LocalizationManager;
 
-/// The second screen: the counters of the running scan, and what it found once it is over.
+/// The second screen: the counters of the running scan, and then its results.
 class ScanModel : public QObject {
     Q_OBJECT
     QML_ELEMENT

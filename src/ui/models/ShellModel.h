@@ -55,7 +55,7 @@ public:
 public slots:
     /// The desktop's setting for motion.
     void setReducedMotion(bool reduced);
-    /// The size of the desktop's texts, 1 for the usual one. What the window has no room for is bounded.
+    /// The desktop's text size, 1 for the usual one. It is limited to what the window has space for.
     void setTextScale(double factor);
 
 signals:

@@ -31,7 +31,7 @@ inline QString shownEnglish(std::string_view text) {
     return withPlatformWords(shownText(text), AppLanguage::english);
 }
 
-/// What stands where a figure would that nobody has worked out yet.
+/// Shown in place of a figure that is not known yet.
 inline constexpr QChar notKnown(0x2013);
 
 inline QString shownPath(const FilePath& path) {

@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// Why files failed: a row for each reason, with how many and which.
+/// Why files failed: one row for each reason, with the number of files and their names.
 Card {
     id: card
 

@@ -5,12 +5,12 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// All that is known of the chosen item, beside the list. Its texts are fixed English.
+/// Everything that is known about the chosen item, beside the list. Its texts are always in English.
 Rectangle {
     id: panel
 
     required property InspectorModel model
-    signal enlarged ///< the picture is wanted large
+    signal enlarged ///< the user wants to see the picture large
 
     color: Theme.surface
     Accessible.role: Accessible.Pane
@@ -86,7 +86,7 @@ Rectangle {
                 Picture {
                     id: picture
 
-                    // As large as the small pictures that are asked for stay sharp.
+                    // The largest size at which the small pictures are sharp.
                     anchors.centerIn: parent
                     width: Math.min(160, parent.width)
                     height: Math.min(128, parent.height)

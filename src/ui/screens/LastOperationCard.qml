@@ -32,7 +32,7 @@ Card {
                     Layout.fillWidth: true
                     text: qsTrId("last.title")
                     font.weight: Font.DemiBold
-                    wrapMode: Text.NoWrap // it would wrap before the row has a width, and stay tall
+                    wrapMode: Text.NoWrap // otherwise it would wrap before the row has a width, and stay tall
                     elide: Text.ElideRight
                     horizontalAlignment: Text.AlignLeft
                     Accessible.role: Accessible.Heading

@@ -21,7 +21,7 @@ Item {
             id: column
 
             x: (page.width - width) / 2
-            y: Math.max(Theme.s24, page.height * 0.05) // by the window alone: nothing moves when a part unfolds
+            y: Math.max(Theme.s24, page.height * 0.05) // fixed, so nothing moves when a part unfolds
             width: Math.min(sections.columns > 1 ? 1040 : Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 

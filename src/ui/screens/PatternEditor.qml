@@ -5,15 +5,15 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The user's own folder pattern: the line to write it on, the tags to put in, and what becomes of it.
+/// The user's own folder pattern: the text field, the tags to insert, and an example.
 ColumnLayout {
     id: editor
 
     required property OrganizationModel model
 
-    property int currentTag: 0 ///< the one that Tab comes to; the arrow keys go on from there
+    property int currentTag: 0 ///< the tag that Tab reaches; the arrow keys move on from there
 
-    /// Brings the keyboard to the tag that stands so many places on.
+    /// Moves the focus `by` this number of tags.
     function step(by: int) {
         const next = (currentTag + by + tags.count) % tags.count;
         tags.itemAt(next).forceActiveFocus(Qt.TabFocusReason);

@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// What the list is, how many files it is about, and what narrows it.
+/// The title of the list, the number of its files, and the controls that narrow it.
 GridLayout {
     id: heading
 

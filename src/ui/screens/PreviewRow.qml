@@ -17,7 +17,7 @@ Item {
 
     required property TableColumns columns
     required property bool isCurrent
-    /// Called with the cell that the pointer is on and its text, if that was cut short; with null after that.
+    /// Called with the cell under the pointer and its text, if the text was cut. Called with null after that.
     required property var explain
     signal chosen
 
@@ -44,7 +44,7 @@ Item {
         opacity: 0.6
     }
 
-    // One for all cells: rows are made while the user scrolls.
+    // One handler for all cells, because rows are created while the user scrolls.
     HoverHandler {
         id: hover
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// Every file with its date and its place, before anything is written.
+/// Every file with its date and its destination, before anything is written.
 Item {
     id: screen
 

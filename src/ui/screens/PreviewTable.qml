@@ -4,8 +4,8 @@ import QtQuick
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The items of the catalogue, one a line. Only the lines in sight exist; Up, Down, Page Up, Page Down,
-/// Home and End go from one to the next.
+/// The items of the catalogue, one on each line. Only the visible lines exist. Up, Down, Page Up, Page Down,
+/// Home and End move between them.
 FocusScope {
     id: table
 
@@ -14,13 +14,13 @@ FocusScope {
     property bool byPointer: false
     property string typed
 
-    signal enlarged ///< the picture of the current row is wanted large
+    signal enlarged ///< the user wants to see the picture of the current row large
 
     function choose(row: int) {
         table.model.inspect(row);
     }
 
-    /// Goes to the next row whose name begins with what was typed within a second.
+    /// Moves to the next row whose name starts with the letters that were typed within a second.
     function seek(letters: string) {
         typed = pause.running ? typed + letters : letters;
         pause.restart();
@@ -106,7 +106,7 @@ FocusScope {
 
         readonly property bool mirrored: LayoutMirroring.enabled
 
-        /// The end where reading starts.
+        /// The side where reading starts.
         function showFirstColumn() {
             contentX = mirrored ? contentWidth - width : 0;
         }
@@ -121,7 +121,7 @@ FocusScope {
         width: parent.width
         focus: true
         activeFocusOnTab: true
-        currentIndex: table.model.currentRow // its row has the keyboard, which is what a reader follows
+        currentIndex: table.model.currentRow // its row has the focus, which screen readers follow
         Accessible.role: Accessible.List
         Accessible.name: qsTrId("preview.title")
         Accessible.focusable: true
@@ -166,7 +166,7 @@ FocusScope {
         }
     }
 
-    // The rows come once the screen is there, lest people wait for both at once.
+    // The rows are created after the screen, so that the user does not wait for both at once.
     Timer {
         interval: 1
         running: true

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The run while it goes on.
+/// The current run.
 Item {
     id: screen
 

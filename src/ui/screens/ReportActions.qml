@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// What can be done with a run: save its report, look at the archive, and, apart, take it back.
+/// The commands for a run: save its report, open the archive, and, separately, undo it.
 ColumnLayout {
     id: actions
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The outcome of a run, and what can be done with it.
+/// The outcome of a run, and its commands.
 Item {
     id: screen
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The figures of the catalogue: its kinds of media large, what stands out in it below them.
+/// The figures of the catalogue: the kinds of media in large tiles, and what is unusual below them.
 ColumnLayout {
     id: tiles
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// What the scan found: how much of each kind, and what deserves a look before going on.
+/// The results of the scan: how much of each kind, and what the user should check before going on.
 Item {
     id: view
 
@@ -24,7 +24,7 @@ Item {
             id: column
 
             x: (page.width - width) / 2
-            y: Math.max(Theme.s32, page.height * 0.1) // by the window alone: nothing moves when a part unfolds
+            y: Math.max(Theme.s32, page.height * 0.1) // fixed, so nothing moves when a part unfolds
             width: Math.min(Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 
@@ -66,7 +66,7 @@ Item {
                 model: view.model
             }
 
-            // What else was in the folders: all there is to tell when nothing was found.
+            // What else was in the folders. If no media was found, this is the only information.
             Flow {
                 Layout.alignment: Qt.AlignHCenter
                 Layout.maximumWidth: column.width

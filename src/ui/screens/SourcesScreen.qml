@@ -5,14 +5,14 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// The first step: which folders and drives are to be scanned.
+/// The first step: the folders and drives to scan.
 Item {
     id: screen
 
     required property SourcesModel model
-    required property ReportModel report ///< whose undo, and how it ended, is shown here too
+    required property ReportModel report ///< its undo and the result are also shown here
 
-    // Whatever is dropped anywhere on the screen is meant for the zone.
+    // A drop anywhere on the screen counts for the zone.
     DropArea {
         id: drop
 
@@ -23,7 +23,7 @@ Item {
         }
         onDropped: drag => {
             screen.model.drop(drag.getDataAsArrayBuffer("text/uri-list"));
-            // Never as a move, which would let the other program remove what it gave.
+            // Never accepted as a move, because the other program could then delete its files.
             drag.accept(Qt.CopyAction);
         }
     }
@@ -40,7 +40,7 @@ Item {
             id: column
 
             x: (page.width - width) / 2
-            y: Math.max(Theme.s24, page.height * 0.08) // by the window alone: nothing moves when a card comes
+            y: Math.max(Theme.s24, page.height * 0.08) // fixed, so nothing moves when a card is added
             width: Math.min(Theme.contentWidth, page.width - 2 * Theme.s32)
             spacing: Theme.s24
 

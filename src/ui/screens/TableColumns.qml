@@ -21,7 +21,7 @@ QtObject {
         return widths.map(width => Theme.scaled(width));
     }
     property list<int> chosen ///< by the user; 0 for a column whose width was not set
-    signal resized(var widths) ///< what `chosen` is now
+    signal resized(var widths) ///< the new value of `chosen`
 
     /// Uses the usual widths, not the chosen ones: making a column wider must not make another one disappear.
     readonly property var givingWay: {

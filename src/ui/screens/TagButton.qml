@@ -1,11 +1,11 @@
 import QtQuick
 import Lumeo.Kit
 
-/// Writes its text where the cursor is.
+/// A button that inserts its text at the cursor.
 ButtonBase {
     id: control
 
-    // A click leaves the line that is written on, and what is selected there, as they are.
+    // A click must not change the focus of the text field or its selection.
     focusPolicy: Qt.TabFocus
     implicitHeight: Theme.scaled(24)
     leftPadding: 6

@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// Lines to be read or copied, scrolled when they are many.
+/// Lines to read or copy. The list scrolls when there are many.
 ColumnLayout {
     id: list
 

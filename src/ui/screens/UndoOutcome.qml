@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Lumeo.Kit
 import Lumeo.Window
 
-/// An undo while it goes on and how it ended, with what could not be taken back.
+/// A running undo and its result, with the files that could not be restored.
 Card {
     id: outcome
 

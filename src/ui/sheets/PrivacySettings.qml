@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumeo.Kit
 
-/// The promise of privacy, short.
+/// The privacy promise, in short.
 ColumnLayout {
     spacing: Theme.s8
 

@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 
 constexpr int mostKept = 200;
 constexpr int pixelsPerPoint = 2;
-constexpr int largestKept = 512;  // pixels: larger ones would fill the memory and are made each time
+constexpr int largestKept = 512;  // pixels; larger pictures would fill the memory and are made each time
 constexpr auto longestWork = 10s; // mostly for a slow disk: the helper limits its own work
 constexpr auto longestUnwantedWork = 300ms; // long enough for most files, and the picture is then kept
 
@@ -126,7 +126,7 @@ void ThumbnailService::handOn(quint64 request, const std::shared_ptr<Opened>& op
     if (!asked_ || asked_->number != request) {
         return; // opened too late
     }
-    // A file that cannot be opened any more keeps its picture.
+    // If a file cannot be opened any more, its picture is still shown.
     if (const Kept* const kept = kept_.object(key(asked_->file));
         kept && (!opened->file || kept->madeOf == opened->status) && isSmall(asked_->pixels)) {
         finish(kept->picture);

@@ -40,10 +40,10 @@ public:
     ~ThumbnailService() override;
 
     /// Requests an upright picture of `file` that fits a space of `points`, with two pixels for each point. A
-    /// kept picture is the answer, whatever size it was made for, until the file changes; one of more than
-    /// 512 pixels is always made anew and not kept. A file that gave no picture is not tried again until it
-    /// changes. `answer` is called once, on the main thread, after load() has returned. Returns the number of
-    /// the request.
+    /// kept picture is the answer until the file changes, whatever size it was made for. A picture of more
+    /// than 512 pixels is always made again and not kept. A file that gave no picture is not tried again
+    /// until it changes. `answer` is called once, on the main thread, after load() has returned. Returns the
+    /// number of the request.
     quint64 load(const FilePath& file, QSize points, Answer answer);
 
     /// The answer to a request is no longer wanted and will not come. Work on it stops soon. Does nothing for
@@ -60,7 +60,7 @@ private:
     };
     struct Kept {
         QImage picture;
-        FileStatus madeOf; ///< another one, and another picture is made
+        FileStatus madeOf; ///< if the file's status differs, a new picture is made
     };
     struct Opened {
         std::unique_ptr<ReadableFile> file;
