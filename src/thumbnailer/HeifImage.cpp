@@ -12,7 +12,7 @@ namespace lumeo {
 namespace {
 
 /// A photo is decoded as a whole, with up to four bytes for each pixel in several copies.
-constexpr std::int64_t mostDecodedPixels = 100'000'000;
+constexpr std::int64_t mostPixels = 100'000'000;
 
 template<class Type, void (*release)(Type*)>
 struct Release {
@@ -120,7 +120,7 @@ Handle thumbnailOf(const heif_image_handle& picture, QSize pixels) {
 
 QImage decode(const heif_image_handle& handle, QSize pixels) {
     const QSize size = sizeOf(handle);
-    if (size.isEmpty() || qint64{size.width()} * size.height() > mostDecodedPixels) {
+    if (size.isEmpty() || qint64{size.width()} * size.height() > mostPixels) {
         return {};
     }
     const bool hasAlpha = heif_image_handle_has_alpha_channel(&handle) != 0;

@@ -12,7 +12,7 @@
 namespace lumeo {
 namespace {
 
-constexpr std::size_t longestText = 4096;
+constexpr std::size_t longestMetadataText = 4096;
 constexpr std::size_t mostItems = 512;
 
 /// Calls `each` with the boxes in a range of the file.
@@ -191,7 +191,7 @@ private:
             readMetadata(item);
         } else if (item.type >> 24U == 0xA9U) {
             // A list of texts, one for each language. Each has a length, a language and its bytes.
-            const std::string texts = content(item, longestText);
+            const std::string texts = content(item, longestMetadataText);
             for (std::size_t at = 0; at + 4 <= texts.size();) {
                 const std::size_t length = bigEndian(texts, at, 2);
                 addText(latinKey(item.type), texts.substr(at + 4, length));
@@ -218,7 +218,7 @@ private:
         // A key has the form of a box whose type is the key's name space.
         forEachBox(file_, behind(part.content, 8), [&](const Box& key) {
             if (keys.size() < mostItems) {
-                keys.push_back(content(key, longestText));
+                keys.push_back(content(key, longestMetadataText));
             }
         });
         return keys;
@@ -236,7 +236,7 @@ private:
             if (value.type != fourCC("data")) {
                 return;
             }
-            const std::string data = content(value, 8 + longestText);
+            const std::string data = content(value, 8 + longestMetadataText);
             if (data.size() >= 8 && bigEndian(data, 0, 4) == utf8) {
                 addText(key, data.substr(8));
             } else {

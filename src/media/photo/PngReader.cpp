@@ -16,7 +16,7 @@ namespace lumeo {
 namespace {
 
 constexpr std::uint64_t signatureSize = 8;
-constexpr std::size_t longestText = 4 * 1024 * 1024;
+constexpr std::size_t longestTextChunk = 4 * 1024 * 1024;
 constexpr int mostTexts = 8; ///< that are inflated or decoded
 constexpr std::string_view whitespace = " \t\r\n";
 
@@ -32,7 +32,7 @@ std::string inflated(std::string_view bytes) {
     stream.avail_in = static_cast<uInt>(bytes.size());
     std::array<char, 16 * 1024> part;
     int state = Z_OK;
-    while (state == Z_OK && text.size() < longestText) {
+    while (state == Z_OK && text.size() < longestTextChunk) {
         stream.next_out = reinterpret_cast<Bytef*>(part.data());
         stream.avail_out = static_cast<uInt>(part.size());
         state = inflate(&stream, Z_NO_FLUSH);
@@ -153,7 +153,7 @@ private:
             return false;
         }
         const std::uint64_t length = chunk.content.length;
-        const auto bytes = length <= longestText
+        const auto bytes = length <= longestTextChunk
                                ? file_.view(chunk.content.offset, static_cast<std::size_t>(length))
                                : std::nullopt;
         if (!bytes || bytes->size() <= keyword.size()) {

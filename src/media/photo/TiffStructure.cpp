@@ -26,7 +26,7 @@ enum Type : std::uint16_t {
 };
 
 constexpr std::uint64_t mostEntries = 1'000; ///< the largest directories of cameras have some 300
-constexpr std::size_t longestText = 1'024;
+constexpr std::size_t longestTagText = 1'024;
 
 std::size_t sizeOfType(std::uint16_t type) {
     constexpr std::array<std::uint8_t, 19> sizes{0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4, 0, 0, 8, 8, 8};
@@ -107,7 +107,7 @@ std::optional<std::string> TiffStructure::text(const TiffEntry* entry) {
     if (entry == nullptr || (entry->type != asciiType && entry->type != utf8Type)) {
         return std::nullopt;
     }
-    const auto bytes = view(entry->valueAt, std::min<std::uint64_t>(entry->count, longestText));
+    const auto bytes = view(entry->valueAt, std::min<std::uint64_t>(entry->count, longestTagText));
     if (!bytes) {
         return std::nullopt;
     }

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t mostSections = 100;
 constexpr std::uint32_t mostProperties = 1'000;
-constexpr std::size_t longestText = 256; ///< characters
+constexpr std::size_t longestPropertyText = 256; ///< characters
 
 std::uint32_t number32(std::string_view bytes, std::size_t at) {
     return numberAt<std::uint32_t>(bytes, at, std::endian::little);
@@ -24,7 +24,7 @@ std::uint32_t number32(std::string_view bytes, std::size_t at) {
 /// character becomes a question mark.
 std::string textAt(std::string_view characters, std::size_t at) {
     std::string text;
-    while (text.size() < longestText && at + 2 <= characters.size()) {
+    while (text.size() < longestPropertyText && at + 2 <= characters.size()) {
         const auto character = numberAt<std::uint16_t>(characters, at, std::endian::little);
         if (character == 0) {
             break;

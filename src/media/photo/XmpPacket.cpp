@@ -33,7 +33,7 @@ constexpr std::array<std::string_view, 11> propertyNames{
     "http://ns.adobe.com/exif/1.0/\nGPSLongitude",
 };
 
-constexpr std::size_t longestText = 1'024;
+constexpr std::size_t longestXmpText = 1'024;
 constexpr std::size_t deepest = 100;
 
 struct FreeParser {
@@ -138,7 +138,7 @@ private:
     }
 
     void append(std::string_view text) {
-        if (isText_ && text_.size() <= longestText) {
+        if (isText_ && text_.size() <= longestXmpText) {
             text_ += text;
         }
     }
@@ -152,7 +152,7 @@ private:
 
     void keep(std::size_t property, std::string_view text) {
         std::optional<std::string>& value = packet_.values_[property];
-        if (!value && text.size() <= longestText) {
+        if (!value && text.size() <= longestXmpText) {
             value = trimmingWhitespace(text); // the text of an element may be on separate lines
         }
     }

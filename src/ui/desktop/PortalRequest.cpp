@@ -14,7 +14,7 @@
 namespace lumeo {
 namespace {
 
-QString service() {
+QString portalService() {
     return QStringLiteral("org.freedesktop.portal.Desktop");
 }
 
@@ -58,12 +58,12 @@ void PortalRequest::call(const QString& method, const QString& title, QVariantMa
     options[QStringLiteral("handle_token")] = token;
     listen(expectedHandle(token));
     // When the portal dies, its dialog is gone too. The user must then be able to ask for another one.
-    const auto* const watcher = new QDBusServiceWatcher(service(), QDBusConnection::sessionBus(),
+    const auto* const watcher = new QDBusServiceWatcher(portalService(), QDBusConnection::sessionBus(),
                                                         QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish({}); });
 
     QDBusMessage message =
-        QDBusMessage::createMethodCall(service(), QStringLiteral("/org/freedesktop/portal/desktop"),
+        QDBusMessage::createMethodCall(portalService(), QStringLiteral("/org/freedesktop/portal/desktop"),
                                        QStringLiteral("org.freedesktop.portal.FileChooser"), method);
     message << identifier(window) << title << options;
     auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
@@ -72,7 +72,8 @@ void PortalRequest::call(const QString& method, const QString& title, QVariantMa
 
 void PortalRequest::listen(const QString& handle) {
     handle_ = handle;
-    QDBusConnection::sessionBus().connect(service(), handle, QStringLiteral("org.freedesktop.portal.Request"),
+    QDBusConnection::sessionBus().connect(portalService(), handle,
+                                          QStringLiteral("org.freedesktop.portal.Request"),
                                           QStringLiteral("Response"), this, SLOT(respond(uint, QVariantMap)));
 }
 

@@ -9,7 +9,7 @@ constexpr QImage::Format pixelFormat = QImage::Format_ARGB32;
 constexpr qsizetype bytesPerPixel = 4;
 
 template<class Head>
-QByteArray bytesOf(const Head& head) {
+QByteArray headBytes(const Head& head) {
     return {reinterpret_cast<const char*>(&head), sizeof head};
 }
 
@@ -17,7 +17,7 @@ QByteArray bytesOf(const Head& head) {
 
 QByteArray encodedAnswer(const QImage& picture) {
     const QImage plain = picture.convertToFormat(pixelFormat);
-    QByteArray bytes = bytesOf(ThumbnailAnswer{plain.width(), plain.height()});
+    QByteArray bytes = headBytes(ThumbnailAnswer{plain.width(), plain.height()});
     for (int line = 0; line < plain.height(); ++line) {
         bytes.append(reinterpret_cast<const char*>(plain.constScanLine(line)), plain.width() * bytesPerPixel);
     }
