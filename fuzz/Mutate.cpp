@@ -66,7 +66,7 @@ std::vector<Original> madeFiles() {
                             photoshopResource(0x0424, *photo.xmpPacket) + *photo.photoshop)},
             {"jxl", movieBox("JXL ", "\r\n\x87\n") +
                         movieBox("Exif", bigEndianBytes(0, 4) + tinyExif(photo)) +
-                        movieBox("xml ", *photo.xmpPacket)},
+                        brotliBox("xml ", *photo.xmpPacket)},
             {"gif", tinyGif(*photo.xmpPacket, 3)},
             {"mov", tinyQuickTime()},
             {"mkv", tinyMatroska()},

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <brotli/encode.h>
 #include <zlib.h>
 
 namespace lumeo {
@@ -279,6 +280,15 @@ std::string deflated(const std::string& text) {
     compress(reinterpret_cast<Bytef*>(bytes.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
              text.size());
     return bytes.substr(0, size);
+}
+
+std::string brotliBox(const std::string& type, const std::string& content) {
+    std::size_t size = BrotliEncoderMaxCompressedSize(content.size());
+    std::string bytes(size, '\0');
+    BrotliEncoderCompress(BROTLI_DEFAULT_QUALITY, BROTLI_DEFAULT_WINDOW, BROTLI_DEFAULT_MODE, content.size(),
+                          reinterpret_cast<const std::uint8_t*>(content.data()), &size,
+                          reinterpret_cast<std::uint8_t*>(bytes.data()));
+    return movieBox("brob", type + bytes.substr(0, size));
 }
 
 } // namespace lumeo

@@ -59,6 +59,9 @@ std::string pngProfile(const std::string& bytes);
 /// Compressed like a PNG's texts.
 std::string deflated(const std::string& text);
 
+/// Compressed like the metadata of a JPEG XL file, with its box around it.
+std::string brotliBox(const std::string& type, const std::string& content);
+
 /// The Exif block of a photo, alone.
 std::string tinyExif(const TinyPhoto& photo);
 

@@ -16,19 +16,20 @@ namespace {
 constexpr std::size_t dateAndTimeCount = 4;
 constexpr std::size_t patternCount = dateAndTimeCount + 1;
 
-/// In the order in which they are tried. The last pattern finds a date without a time.
+/// In the order in which they are tried. The last pattern finds a date without a time. "(?i)" beside "[\D]"
+/// takes over 10 ms each to compile.
 constexpr std::array<const char16_t*, patternCount> patternTexts{
     // 2021-03-14_15-30-45, PXL 2021.03.14T15:30:45
-    uR"((?i)(?:^|[\D])(\d{4})[-_.](\d{2})[-_.](\d{2})[\sT_](\d{2})[-_.:](\d{2})[-_.:](\d{2})(?:[\D]|$))",
+    uR"((?:^|[\D])(\d{4})[-_.](\d{2})[-_.](\d{2})[\sTt_](\d{2})[-_.:](\d{2})[-_.:](\d{2})(?:[\D]|$))",
     // IMG_20210314_153045, VID-20210314-153045
-    uR"((?i)(?:^|[\D])(\d{4})(\d{2})(\d{2})[_\s-](\d{2})(\d{2})(\d{2})(?:[\D]|$))",
+    uR"((?:^|[\D])(\d{4})(\d{2})(\d{2})[_\s-](\d{2})(\d{2})(\d{2})(?:[\D]|$))",
     // Screenshot 2021-03-14 at 15.30.45
     uR"((?i)Screenshot\s+(\d{4})[-_.](\d{2})[-_.](\d{2})\s+(?:at\s+)?(\d{2})[-_.:](\d{2})[-_.:](\d{2}))",
     // WhatsApp Image 2021-03-14 at 15.30.45
     uR"((?i)WhatsApp\s+(?:Image|Video)\s+(\d{4})[-_.](\d{2})[-_.](\d{2})\s+)"
     uR"((?:at\s+)?(\d{2})[-_.:](\d{2})[-_.:](\d{2}))",
     // trip_2021.03.14_beach
-    uR"((?i)(?:^|[\D])(\d{4})[-_.](\d{2})[-_.](\d{2})(?:[\D]|$))",
+    uR"((?:^|[\D])(\d{4})[-_.](\d{2})[-_.](\d{2})(?:[\D]|$))",
 };
 
 using Patterns = std::array<std::unique_ptr<const icu::RegexPattern>, patternCount>;

@@ -403,6 +403,10 @@ TEST(PhotoReaderTest, readsFilesMadeOfChunks) {
     const std::string tooLong = deflated(std::string(5'000'000, ' ') + profile);
     EXPECT_EQ(propertiesOf(tinyPng(header + pngChunk("zTXt", keyword + '\0' + tooLong))).exif,
               PhotoProperties::Exif{});
+    EXPECT_EQ(propertiesOf(movieBox("JXL ", "\r\n\x87\n") +
+                           brotliBox("Exif", big(5'000'000, 4) + std::string(5'000'000, ' ') + tiff))
+                  .exif,
+              PhotoProperties::Exif{});
 
     const auto riffChunk = [](const std::string& type, const std::string& content) {
         return type + little(content.size(), 4) + content + std::string(content.size() % 2, '\0');

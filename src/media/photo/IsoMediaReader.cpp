@@ -273,19 +273,4 @@ IsoMediaContents readJp2(FileWindow& file) {
     return contents;
 }
 
-IsoMediaContents readJxl(FileWindow& file) {
-    IsoMediaContents contents;
-    BoxWalk boxes(file, {0, std::numeric_limits<std::int64_t>::max()});
-    while (const auto box = boxes.next()) {
-        if (box->type == fourCC("Exif")) {
-            if (const auto tiff = tiffOfItem(file, box->content)) {
-                contents.exif.push_back({*tiff, TiffRoot::image});
-            }
-        } else if (box->type == fourCC("xml ")) {
-            contents.xmpPacket = box->content;
-        }
-    }
-    return contents;
-}
-
 } // namespace lumeo

@@ -26,7 +26,4 @@ std::optional<IsoMediaContents> readIsoMedia(FileWindow& file);
 /// The same for a JPEG 2000 file, which also consists of boxes.
 IsoMediaContents readJp2(FileWindow& file);
 
-/// The same for a JPEG XL file with boxes, without the size.
-IsoMediaContents readJxl(FileWindow& file);
-
 } // namespace lumeo

@@ -8,14 +8,17 @@
 #include "media/photo/ImageHeader.h"
 #include "media/photo/IsoMediaReader.h"
 #include "media/photo/JpegReader.h"
+#include "media/photo/JxlReader.h"
 #include "media/photo/PhotoshopReader.h"
 #include "media/photo/PngReader.h"
+#include "media/photo/SceneDate.h"
 #include "media/photo/TiffReader.h"
 #include "media/photo/X3fReader.h"
 #include "media/photo/XmpReader.h"
 #include "platform/FileSystem.h"
 
 #include <limits>
+#include <string>
 #include <utility>
 
 namespace lumeo {
@@ -34,9 +37,8 @@ void fillFromXmpRange(FileWindow& file, const std::optional<FileRange>& range, P
 /// Adds the facts in Photoshop's resources that are not in the Exif and XMP of the file itself.
 void fillFromPhotoshop(FileWindow& file, const std::optional<FileRange>& resources,
                        PhotoProperties& properties) {
-    std::optional<Instant>& date = properties.exif.dateTimeOriginal;
-    if (resources && !date) {
-        date = readPhotoshopResources(file, *resources).dateCreated;
+    if (resources && !properties.exif.dateTimeOriginal) {
+        fillSceneDate(readPhotoshopResources(file, *resources).dateCreated, properties);
     }
 }
 
@@ -150,8 +152,29 @@ PhotoProperties propertiesOf(FileWindow& file, const ChunkContents& chunks) {
 PhotoProperties readPsdFile(FileWindow& file) {
     const PhotoshopContents psd = readPsd(file);
     PhotoProperties properties = propertiesOf(file, ChunkContents{psd.exif, psd.xmpPacket});
-    if (!properties.exif.dateTimeOriginal) {
-        properties.exif.dateTimeOriginal = psd.dateCreated;
+    fillSceneDate(psd.dateCreated, properties);
+    return properties;
+}
+
+/// Adds what a TIFF structure tells that was decompressed or decoded from text.
+void fillFromExif(std::optional<std::string> structure, PhotoProperties& properties) {
+    if (!structure) {
+        return;
+    }
+    const FileRange whole{0, structure->size()};
+    BytesFile bytes(*std::move(structure));
+    FileWindow window(bytes);
+    if (const auto exif = readTiff(window, whole)) {
+        fillFrom(exif->properties, properties);
+    }
+}
+
+PhotoProperties readJxlFile(FileWindow& file) {
+    JxlContents jxl = readJxl(file);
+    PhotoProperties properties;
+    fillFromExif(std::move(jxl.exif), properties);
+    if (jxl.xmpPacket) {
+        fillFromXmp(*jxl.xmpPacket, properties);
     }
     return properties;
 }
@@ -162,14 +185,7 @@ PhotoProperties readPngFile(FileWindow& file) {
     if (auto exif = png.exif ? readTiff(file, *png.exif) : std::nullopt) {
         properties = std::move(exif->properties);
     }
-    if (png.exifProfile) {
-        const FileRange whole{0, png.exifProfile->size()};
-        BytesFile bytes(std::move(*png.exifProfile));
-        FileWindow window(bytes);
-        if (const auto exif = readTiff(window, whole)) {
-            fillFrom(exif->properties, properties);
-        }
-    }
+    fillFromExif(std::move(png.exifProfile), properties);
     if (png.xmpPacket) {
         fillFromXmp(*png.xmpPacket, properties);
     }
@@ -201,7 +217,7 @@ std::optional<PhotoProperties> readKind(FileWindow& file, ImageKind kind) {
     case ImageKind::webp:
         return propertiesOf(file, readWebp(file));
     case ImageKind::jxl:
-        return propertiesOf(file, readJxl(file));
+        return readJxlFile(file);
     case ImageKind::psd:
         return readPsdFile(file);
     case ImageKind::gif:

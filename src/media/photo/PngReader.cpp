@@ -2,14 +2,13 @@
 
 #include "media/ByteOrder.h"
 #include "media/ChunkWalk.h"
+#include "media/Decompression.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <string_view>
 #include <utility>
-
-#include <zlib.h>
 
 namespace lumeo {
 
@@ -19,28 +18,6 @@ constexpr std::uint64_t signatureSize = 8;
 constexpr std::size_t longestTextChunk = 4 * 1024 * 1024;
 constexpr int mostTexts = 8; ///< that are inflated or decoded
 constexpr std::string_view whitespace = " \t\r\n";
-
-/// The output until the stream ended, broke off or grew too long.
-std::string inflated(std::string_view bytes) {
-    std::string text;
-    z_stream stream{};
-    if (inflateInit(&stream) != Z_OK) {
-        return text;
-    }
-    // The library only reads from this pointer.
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    std::array<char, 16 * 1024> part;
-    int state = Z_OK;
-    while (state == Z_OK && text.size() < longestTextChunk) {
-        stream.next_out = reinterpret_cast<Bytef*>(part.data());
-        stream.avail_out = static_cast<uInt>(part.size());
-        state = inflate(&stream, Z_NO_FLUSH);
-        text.append(part.data(), part.size() - stream.avail_out);
-    }
-    inflateEnd(&stream);
-    return text;
-}
 
 /// The text up to its NUL. Both are removed from `bytes`.
 std::string_view takeText(std::string_view& bytes) {
@@ -62,7 +39,7 @@ std::string textOf(std::string_view tag, std::string_view content) {
         takeText(content); // the language
         takeText(content); // the translated keyword
     }
-    return isCompressed ? inflated(content) : std::string(content);
+    return isCompressed ? zlibDecompressed(content) : std::string(content);
 }
 
 /// The bytes of a raw profile. Its text is the kind, the length, and two digits for each byte.

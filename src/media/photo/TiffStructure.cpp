@@ -70,6 +70,14 @@ std::optional<std::string_view> TiffStructure::view(std::uint64_t offset, std::s
     return file_->view(range_.offset + offset, count);
 }
 
+std::string_view TiffStructure::viewUpTo(std::uint64_t offset, std::uint64_t count) {
+    if (const auto whole = view(offset, static_cast<std::size_t>(count))) {
+        return *whole;
+    }
+    const std::uint64_t end = std::min(range_.length, behind({0, file_->size()}, range_.offset).length);
+    return view(offset, static_cast<std::size_t>(end - std::min(offset, end))).value_or(std::string_view());
+}
+
 TiffDirectory TiffStructure::directory(std::uint64_t offset, std::span<const std::uint16_t> wanted) {
     TiffDirectory directory;
     const std::size_t countSize = isBig() ? 8 : 2;
@@ -81,14 +89,11 @@ TiffDirectory TiffStructure::directory(std::uint64_t offset, std::span<const std
     }
     const std::uint64_t count =
         isBig() ? number<std::uint64_t>(*countBytes, 0) : number<std::uint16_t>(*countBytes, 0);
-    for (std::uint64_t i = 0; i < std::min(count, mostEntries); ++i) {
-        const std::uint64_t entryAt = offset + countSize + i * entrySize;
-        const auto bytes = view(entryAt, entrySize);
-        if (!bytes) {
-            break;
-        }
-        TiffEntry entry{number<std::uint16_t>(*bytes, 0), number<std::uint16_t>(*bytes, 2), word(*bytes, 4),
-                        0};
+    const std::uint64_t entriesAt = offset + countSize;
+    const std::string_view entries = viewUpTo(entriesAt, std::min(count, mostEntries) * entrySize);
+    for (std::size_t at = 0; at + entrySize <= entries.size(); at += entrySize) {
+        const std::string_view bytes = entries.substr(at, entrySize);
+        TiffEntry entry{number<std::uint16_t>(bytes, 0), number<std::uint16_t>(bytes, 2), word(bytes, 4), 0};
         if (std::find(wanted.begin(), wanted.end(), entry.tag) == wanted.end()) {
             continue;
         }
@@ -96,8 +101,8 @@ TiffDirectory TiffStructure::directory(std::uint64_t offset, std::span<const std
         if (unit == 0 || entry.count > range_.length / unit) {
             continue;
         }
-        entry.valueAt = entry.count * unit <= inlineSize ? entryAt + entrySize - inlineSize
-                                                         : word(*bytes, entrySize - inlineSize);
+        entry.valueAt = entry.count * unit <= inlineSize ? entriesAt + at + entrySize - inlineSize
+                                                         : word(bytes, entrySize - inlineSize);
         directory.add(entry);
     }
     return directory;

@@ -69,6 +69,8 @@ private:
     TiffStructure(FileWindow& file, FileRange range) : file_(&file), range_(range) {}
 
     std::optional<std::string_view> view(std::uint64_t offset, std::size_t count);
+    /// The same, but with fewer bytes where the structure or the file ends earlier.
+    std::string_view viewUpTo(std::uint64_t offset, std::uint64_t count);
     [[nodiscard]] bool isBig() const { return magic_ == 43; }
     template<class Number>
     [[nodiscard]] Number number(std::string_view bytes, std::size_t at) const {

@@ -1,6 +1,7 @@
 #include "media/photo/XmpReader.h"
 
 #include "media/photo/ExifValues.h"
+#include "media/photo/SceneDate.h"
 #include "media/photo/XmpPacket.h"
 
 #include <charconv>
@@ -73,10 +74,10 @@ void fillFromXmp(std::string_view packet, PhotoProperties& properties) {
         }
     };
     fillDate(properties.exif.dateTimeOriginal, XmpProperty::dateTimeOriginal);
-    fillDate(properties.exif.dateTimeOriginal, XmpProperty::dateCreated);
     fillDate(properties.exif.dateTimeDigitized, XmpProperty::dateTimeDigitized);
     fillDate(properties.exif.dateTimeDigitized, XmpProperty::createDate);
     fillDate(properties.tiff.dateTime, XmpProperty::modifyDate);
+    fillSceneDate(photoDate(xmp[XmpProperty::dateCreated]), properties);
     fill(properties.tiff.make, XmpProperty::make);
     fill(properties.tiff.model, XmpProperty::model);
     fill(properties.exif.lensModel, XmpProperty::lensModel);
